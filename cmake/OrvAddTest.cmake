@@ -1,0 +1,55 @@
+# orv_add_test(<name> [SOURCE <file>] [INTERNAL] [X11] [SERIAL] [SCALES <ratio>...] [LIBRARIES <target>...]
+#              [ENVIRONMENT <VAR=value>...])
+#
+# Builds the QtTest program <name> from <name>.cpp (or SOURCE) and registers it with CTest. It runs on the offscreen
+# platform, unless X11 says that it needs a real server: then it carries the label "x11" and has the pointer for itself.
+#   INTERNAL   links the library's objects instead of the library: for classes that are not exported
+#   SERIAL     never beside another test (for tests that count time or processes)
+#   SCALES     runs once more for each device pixel ratio, as <name>@<ratio>
+function(orv_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL;X11;SERIAL" "SOURCE" "SCALES;LIBRARIES;ENVIRONMENT")
+    if(NOT arg_SOURCE)
+        set(arg_SOURCE ${name}.cpp)
+    endif()
+    if(arg_X11 AND WIN32)
+        return()
+    endif()
+
+    add_executable(${name} ${arg_SOURCE})
+    orv_target_defaults(${name})
+    target_link_libraries(${name} PRIVATE orv_test_support Qt5::Test Qt5::Widgets ${arg_LIBRARIES})
+    if(arg_INTERNAL)
+        target_compile_definitions(${name} PRIVATE ORVCOMMONLIB_LIBRARY)
+        target_link_libraries(${name} PRIVATE orvcommonlib_objects $<TARGET_OBJECTS:orvcommonlib_objects> Qt5::Svg)
+        if(UNIX)
+            target_link_libraries(${name} PRIVATE ${ORV_PLATFORM_LIBRARIES})
+        endif()
+    else()
+        target_link_libraries(${name} PRIVATE orvcommonlib)
+    endif()
+
+    if(arg_X11)
+        set(platform xcb)
+    elseif(WIN32)
+        set(platform windows)
+    else()
+        set(platform offscreen)
+    endif()
+    set(environment QT_QPA_PLATFORM=${platform} QT_LOGGING_RULES= ${arg_ENVIRONMENT})
+    orv_register_test(${name} ${name} "${arg_X11}" "${arg_SERIAL}" "${environment}")
+    foreach(scale IN LISTS arg_SCALES)
+        orv_register_test(${name}@${scale} ${name} "${arg_X11}" "${arg_SERIAL}"
+            "${environment};QT_SCALE_FACTOR=${scale};QT_SCALE_FACTOR_ROUNDING_POLICY=PassThrough")
+    endforeach()
+endfunction()
+
+function(orv_register_test test_name target x11 serial environment)
+    add_test(NAME ${test_name} COMMAND ${target})
+    set_tests_properties(${test_name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
+    if(x11)
+        set_tests_properties(${test_name} PROPERTIES LABELS x11 RESOURCE_LOCK pointer)
+    endif()
+    if(serial)
+        set_tests_properties(${test_name} PROPERTIES RUN_SERIAL TRUE)
+    endif()
+endfunction()

@@ -1,0 +1,52 @@
+# What every target of this project is compiled with. A client's own targets see none of it.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_INCLUDE_CURRENT_DIR OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    find_program(ORV_CCACHE ccache)
+    mark_as_advanced(ORV_CCACHE)
+    if(ORV_CCACHE)
+        set(CMAKE_CXX_COMPILER_LAUNCHER ${ORV_CCACHE})
+    endif()
+endif()
+
+if(PROJECT_IS_TOP_LEVEL)
+    set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+    set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+    set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+    if(WIN32)
+        # A DLL is found beside the program that needs it.
+        set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+    endif()
+endif()
+
+# orv_target_defaults(<target>): warnings, sanitizers and the definitions that all of our own code shares.
+function(orv_target_defaults target)
+    target_compile_definitions(${target} PRIVATE
+        QT_MESSAGELOGCONTEXT      # log lines carry file, line and signature in Release too
+        QT_NO_CAST_FROM_ASCII
+        QT_NO_CAST_TO_ASCII
+        QT_NO_FOREACH
+        QT_DEPRECATED_WARNINGS
+        QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+    if(MSVC)
+        target_compile_options(${target} PRIVATE /W4 /permissive- /Zc:__cplusplus /utf-8
+            $<$<BOOL:${ORV_WARNINGS_AS_ERRORS}>:/WX>)
+    else()
+        target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
+            -Wcast-align -Wshadow
+            -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
+            $<$<BOOL:${ORV_WARNINGS_AS_ERRORS}>:-Werror>)
+    endif()
+    if(ORV_SANITIZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=${ORV_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+        target_link_options(${target} PRIVATE -fsanitize=${ORV_SANITIZERS})
+    endif()
+endfunction()

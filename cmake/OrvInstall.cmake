@@ -1,0 +1,21 @@
+# Installs the library as a package: headers, library, find_package(orvcommonlib) and pkg-config.
+include(CMakePackageConfigHelpers)
+
+set(ORV_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/orvcommonlib)
+
+install(TARGETS orvcommonlib EXPORT orvcommonlibTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(FILES ${ORV_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvcommonlib)
+install(EXPORT orvcommonlibTargets NAMESPACE orvcommonlib:: DESTINATION ${ORV_PACKAGE_DIR})
+
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlibConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/orvcommonlibConfig.cmake INSTALL_DESTINATION ${ORV_PACKAGE_DIR})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/orvcommonlibConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/orvcommonlibConfig.cmake ${PROJECT_BINARY_DIR}/orvcommonlibConfigVersion.cmake
+    DESTINATION ${ORV_PACKAGE_DIR})
+
+configure_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlib.pc.in ${PROJECT_BINARY_DIR}/orvcommonlib.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/orvcommonlib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

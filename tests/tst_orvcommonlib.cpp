@@ -1,0 +1,25 @@
+#include "orvcommonlib.h"
+
+#include <QtTest/QTest>
+
+#include <type_traits>
+
+class tst_orvcommonlib : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void holdsNoData();
+};
+
+void tst_orvcommonlib::holdsNoData()
+{
+    const orvcommonlib first;
+    orvcommonlib second;
+    second = first;
+    QVERIFY(std::is_empty<orvcommonlib>::value);
+}
+
+QTEST_MAIN(tst_orvcommonlib)
+
+#include "tst_orvcommonlib.moc"

@@ -1,0 +1,3 @@
+#include "orvcommonlib.h"
+
+orvcommonlib::orvcommonlib() = default;
