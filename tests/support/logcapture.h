@@ -11,13 +11,13 @@ struct LogLine
     QtMsgType type = QtDebugMsg;
     QString category;
     QString text;
-    QString file; ///< the call site's source file
+    QString file;     ///< the call site's source file
     QString function; ///< the call site's full signature
     int line = 0;
 };
 
-/// Collects every log line of the process between its construction and its destruction, from any thread, instead of
-/// printing it. Captures nest: the innermost one gets the lines.
+/// Collects every log line of the process between its construction and its destruction, from any thread,
+/// instead of printing it. Captures nest: the innermost one gets the lines.
 class LogCapture
 {
 public:

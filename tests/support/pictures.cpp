@@ -24,8 +24,9 @@ int differingPixels(const QImage &left, const QImage &right, int tolerance)
         for (int x = 0; x < left.width(); ++x) {
             const QRgb a = left.pixel(x, y);
             const QRgb b = right.pixel(x, y);
-            const bool same = std::abs(qRed(a) - qRed(b)) <= tolerance && std::abs(qGreen(a) - qGreen(b)) <= tolerance
-                && std::abs(qBlue(a) - qBlue(b)) <= tolerance && std::abs(qAlpha(a) - qAlpha(b)) <= tolerance;
+            const bool same =
+                std::abs(qRed(a) - qRed(b)) <= tolerance && std::abs(qGreen(a) - qGreen(b)) <= tolerance &&
+                std::abs(qBlue(a) - qBlue(b)) <= tolerance && std::abs(qAlpha(a) - qAlpha(b)) <= tolerance;
             count += same ? 0 : 1;
         }
     }

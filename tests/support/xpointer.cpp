@@ -27,7 +27,8 @@ QPoint toNative(QPoint globalPos)
 
 void settle()
 {
-    // The server has handled the request when xdotool ends, but Qt reads the resulting events in a thread of its own.
+    // The server has handled the request when xdotool ends, but Qt reads the resulting events in a thread of
+    // its own.
     QTest::qWait(kSettleMs);
 }
 
