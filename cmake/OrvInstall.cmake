@@ -17,5 +17,20 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/orvcommonlibConfigVersion
 install(FILES ${PROJECT_BINARY_DIR}/orvcommonlibConfig.cmake ${PROJECT_BINARY_DIR}/orvcommonlibConfigVersion.cmake
     DESTINATION ${ORV_PACKAGE_DIR})
 
+# Found through the place of the .pc file itself, so that the package can be moved.
+file(RELATIVE_PATH ORV_PC_TO_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+file(RELATIVE_PATH ORV_PREFIX_TO_INCLUDE ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+file(RELATIVE_PATH ORV_PREFIX_TO_LIB ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlib.pc.in ${PROJECT_BINARY_DIR}/orvcommonlib.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/orvcommonlib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# What cpack writes: the same, as one archive.
+set(CPACK_PACKAGE_VENDOR orvcommonlib)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_GENERATOR TGZ)
+set(CPACK_PACKAGE_FILE_NAME orvcommonlib-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
+if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_PACKAGE_FILE_NAME orvcommonlib-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR})
+endif()
+include(CPack)

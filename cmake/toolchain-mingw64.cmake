@@ -1,0 +1,28 @@
+# Windows, x86-64, with mingw-w64 (posix threads). ORV_WINDOWS_QT, a cache or environment variable, is the prefix of a
+# Qt 5.15 for that target whose bin folder holds moc, rcc and uic for the build machine: see tools/build-windows-qt.
+
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+
+if(NOT ORV_WINDOWS_QT)
+    set(ORV_WINDOWS_QT "$ENV{ORV_WINDOWS_QT}" CACHE PATH "Prefix of a Qt 5.15 for Windows" FORCE)
+endif()
+if(NOT EXISTS "${ORV_WINDOWS_QT}/lib/cmake/Qt5/Qt5Config.cmake")
+    message(FATAL_ERROR "ORV_WINDOWS_QT (\"${ORV_WINDOWS_QT}\") is not the prefix of a Qt 5.15 for Windows. "
+        "Set it to one, or build one with: ./dev windows qt")
+endif()
+# The compiler checks at configure time run in projects of their own.
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ORV_WINDOWS_QT)
+
+set(CMAKE_FIND_ROOT_PATH "${ORV_WINDOWS_QT}" /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+set(CMAKE_CROSSCOMPILING_EMULATOR 
+    "${CMAKE_CURRENT_LIST_DIR}/../tools/run-under-wine;${ORV_WINDOWS_QT};${CMAKE_BINARY_DIR}/wine")
