@@ -1,0 +1,98 @@
+#include "customkeysequenceedit.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QLineEdit>
+
+#include <utility>
+
+namespace {
+
+// The name that QKeySequenceEdit gives the line edit inside it.
+constexpr QLatin1String kInnerLineEditName("qt_keysequenceedit_lineedit");
+
+} // namespace
+
+CustomKeySequenceEdit::CustomKeySequenceEdit(QWidget *parent, QString placeholder)
+    : QKeySequenceEdit(parent)
+    , m_placeholder(std::move(placeholder))
+{
+    setPlaceHolderText(m_placeholder);
+}
+
+CustomKeySequenceEdit::CustomKeySequenceEdit(const QKeySequence &sequence, QWidget *parent,
+                                             QString placeholder)
+    : QKeySequenceEdit(sequence, parent)
+    , m_placeholder(std::move(placeholder))
+{
+    setPlaceHolderText(m_placeholder);
+}
+
+void CustomKeySequenceEdit::setKeySequence(const QKeySequence &sequence)
+{
+    QKeySequenceEdit::setKeySequence(sequence);
+    if (sequence.isEmpty())
+        setPlaceHolderText(m_placeholder);
+}
+
+void CustomKeySequenceEdit::setPlaceHolderText(const QString &text)
+{
+    if (QLineEdit *edit = innerLineEdit())
+        edit->setPlaceholderText(text);
+}
+
+void CustomKeySequenceEdit::setEditSize(QSize size)
+{
+    if (QLineEdit *edit = innerLineEdit())
+        edit->setFixedSize(size);
+}
+
+void CustomKeySequenceEdit::setCustomObjectName(const QString &name)
+{
+    QLineEdit *edit = innerLineEdit();
+    if (!edit)
+        return;
+    edit->setObjectName(name);
+    m_customObjectName = name;
+}
+
+void CustomKeySequenceEdit::setNoContextMenu(bool noMenu)
+{
+    QLineEdit *edit = innerLineEdit();
+    if (edit && noMenu)
+        edit->setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void CustomKeySequenceEdit::clear()
+{
+    QKeySequenceEdit::clear();
+    setPlaceHolderText(m_placeholder);
+}
+
+void CustomKeySequenceEdit::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Backspace) {
+        clear();
+    } else {
+        QKeySequenceEdit::keyPressEvent(event);
+        keepFirstChord();
+    }
+    Q_EMIT editingFinished();
+}
+
+QLineEdit *CustomKeySequenceEdit::innerLineEdit() const
+{
+    if (auto *edit = findChild<QLineEdit *>(kInnerLineEditName))
+        return edit;
+    // An empty name would match any line edit.
+    return m_customObjectName.isEmpty() ? nullptr : findChild<QLineEdit *>(m_customObjectName);
+}
+
+void CustomKeySequenceEdit::keepFirstChord()
+{
+    // The cut is made in the text, at the first comma: a combination with the comma key itself is cut as
+    // well. Clients have stored what this yields, so it stays.
+    const QString chord = keySequence().toString(QKeySequence::PortableText).split(QLatin1Char(',')).first();
+    const QKeySequence sequence = QKeySequence::fromString(chord, QKeySequence::PortableText);
+    setKeySequence(sequence);
+    Q_EMIT keySequenceChanged(sequence);
+}

@@ -1,0 +1,11 @@
+#include "customplaintextedit.h"
+
+CustomPlainTextEdit::CustomPlainTextEdit(QWidget *parent)
+    : QPlainTextEdit(parent)
+{
+}
+
+void CustomPlainTextEdit::adjustViewPortMargin(int left, int top, int right, int bottom)
+{
+    setViewportMargins(left, top, right, bottom);
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "orvcommonlib_global.h"
+
+#include <QtWidgets/QPlainTextEdit>
+
+/// A plain text edit whose viewport margins can be set from outside.
+///
+/// GUI thread only.
+class ORVCOMMONLIB_EXPORT CustomPlainTextEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit CustomPlainTextEdit(QWidget *parent = nullptr);
+
+    /// Sets the room, in device-independent pixels, between the frame and the text on each side. Negative
+    /// margins are passed on as they are: the viewport then grows beyond the frame.
+    void adjustViewPortMargin(int left, int top, int right, int bottom);
+
+private:
+    Q_DISABLE_COPY(CustomPlainTextEdit)
+};

@@ -1,0 +1,144 @@
+#include "customwraptexttooltip.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+
+namespace {
+
+constexpr int kOneLineHeight = 30;
+constexpr int kCornerRadius = 4;
+constexpr int kArrowLength = 6; // also half the arrow's width
+constexpr int kArrowTipFromRight = 44;
+
+QString labelStyle()
+{
+    return QStringLiteral("background:transparent;font-size: 13px;font-weight: 400;color: #FFFFFF;"
+                          "line-height: 18px;qproperty-wordWrap: true;text-align: left;");
+}
+
+QColor backgroundColor()
+{
+    QColor color(31, 31, 34);
+    color.setAlphaF(0.9);
+    return color;
+}
+
+void paintArrowLeft(QPainter &painter, const QRect &r)
+{
+    painter.drawRoundedRect(QRect(r.x() + kArrowLength, r.y(), r.width() - kArrowLength, r.height()),
+                            kCornerRadius, kCornerRadius);
+    const QPoint arrow[] = {QPoint(r.x() + kArrowLength, r.height() / 2 - kArrowLength),
+                            QPoint(r.x(), r.height() / 2),
+                            QPoint(r.x() + kArrowLength, r.height() / 2 + kArrowLength)};
+    painter.drawPolygon(arrow, 3);
+}
+
+void paintArrowBottom(QPainter &painter, const QRect &r)
+{
+    painter.drawRoundedRect(QRect(r.x(), r.y(), r.width(), r.height() - kArrowLength), kCornerRadius,
+                            kCornerRadius);
+    const int tip = r.x() + r.width() - kArrowTipFromRight;
+    const QPoint arrow[] = {QPoint(tip - kArrowLength, r.height() - kArrowLength), QPoint(tip, r.height()),
+                            QPoint(tip + kArrowLength, r.height() - kArrowLength)};
+    painter.drawPolygon(arrow, 3);
+}
+
+} // namespace
+
+customWrapTextToolTip::customWrapTextToolTip(QWidget *parent)
+    : QDialog(parent)
+    , m_textLabel(new QLabel(this))
+{
+    initWindow();
+    setFixedHeight(kOneLineHeight);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    m_textLabel->setFixedHeight(kOneLineHeight);
+    m_textLabel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(14, 0, 8, 0);
+    layout->addWidget(m_textLabel, 0, Qt::AlignHCenter);
+}
+
+customWrapTextToolTip::customWrapTextToolTip(directionType direction, int width, QWidget *parent,
+                                             int rightMargin)
+    : QDialog(parent)
+    , m_textLabel(new QLabel(this))
+    , m_direction(direction)
+{
+    initWindow();
+    auto *layout = new QHBoxLayout(this);
+    applyWidth(layout, width, rightMargin);
+    m_textLabel->setFixedWidth(width);
+    m_textLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    m_textLabel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    layout->addWidget(m_textLabel);
+}
+
+void customWrapTextToolTip::setText(const QString &text)
+{
+    m_textLabel->setText(text);
+    adjustSize();
+}
+
+void customWrapTextToolTip::popup(QPoint pos, const QString &text)
+{
+    auto *toolTip = new customWrapTextToolTip;
+    toolTip->setText(text);
+    toolTip->show();
+    toolTip->move(pos);
+}
+
+bool customWrapTextToolTip::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == this && event->type() == QEvent::WindowDeactivate) {
+        close();
+        event->accept();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void customWrapTextToolTip::paintEvent(QPaintEvent *event)
+{
+    QWidget::paintEvent(event);
+
+    const QColor color = backgroundColor();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(color);
+    painter.setBrush(color);
+    switch (m_direction) {
+    case DirectionLeft:
+        paintArrowLeft(painter, rect());
+        break;
+    case DirectionBottom:
+        paintArrowBottom(painter, rect());
+        break;
+    }
+}
+
+void customWrapTextToolTip::initWindow()
+{
+    setWindowFlags(Qt::FramelessWindowHint | Qt::Dialog | Qt::Tool);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground);
+    m_textLabel->setStyleSheet(labelStyle());
+    installEventFilter(this);
+}
+
+void customWrapTextToolTip::applyWidth(QHBoxLayout *layout, int width, int rightMargin)
+{
+    switch (m_direction) {
+    case DirectionLeft:
+        layout->setContentsMargins(14, 4, 8, 4);
+        setFixedWidth(width + 28);
+        break;
+    case DirectionBottom:
+        layout->setContentsMargins(8, 4, rightMargin, 10);
+        setFixedWidth(width + 16);
+        break;
+    }
+}
