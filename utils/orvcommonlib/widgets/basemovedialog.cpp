@@ -1,0 +1,196 @@
+#include "basemovedialog.h"
+
+#include "framelesshelper.h"
+#include "stylesheetpainting.h"
+
+#include <QtGui/QMouseEvent>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+/// A setting of the helper as a signed length; no widget is larger than the bounds.
+int asLength(unsigned int setting)
+{
+    return qBound(-QWIDGETSIZE_MAX, static_cast<int>(setting), QWIDGETSIZE_MAX);
+}
+
+/// `pos` brought to where `length` pixels end within [start, start + extent); the start wins when they do not
+/// fit.
+int keptWithin(int pos, int length, int start, qint64 end)
+{
+    return static_cast<int>(qMax<qint64>(qMin<qint64>(pos, end - length), start));
+}
+
+} // namespace
+
+BaseMoveDialog::BaseMoveDialog(QWidget *parent, bool canMove, bool translucent, bool asDialog)
+    : QWidget(parent)
+    , m_canMove(canMove)
+{
+    Qt::WindowFlags flags = windowFlags() | Qt::FramelessWindowHint;
+    if (asDialog)
+        flags |= Qt::Dialog;
+    setWindowFlags(flags);
+    if (translucent)
+        setAttribute(Qt::WA_TranslucentBackground, true);
+
+    m_framelessHelper = new FramelessHelper(this);
+    m_framelessHelper->activateOn(this);
+    m_framelessHelper->setWidgetResizable(false);
+    m_framelessHelper->setWidgetMovable(canMove);
+}
+
+BaseMoveDialog::~BaseMoveDialog() = default;
+
+void BaseMoveDialog::setCanMove(bool canMove)
+{
+    m_canMove = canMove;
+    if (m_framelessHelper)
+        m_framelessHelper->setWidgetMovable(canMove);
+}
+
+void BaseMoveDialog::setRectOfCanMove(QRect *rect)
+{
+    m_rectOfCanMove = rect ? std::make_unique<QRect>(*rect) : nullptr;
+}
+
+void BaseMoveDialog::setRectOfCanDrag(const QRect &rect)
+{
+    m_rectOfCanDrag = std::make_unique<QRect>(rect);
+}
+
+void BaseMoveDialog::setRectOfCanResize(bool rubberBand, int borderWidth, bool applyRubberBand)
+{
+    if (!m_framelessHelper)
+        return;
+    if (applyRubberBand)
+        m_framelessHelper->setRubberBandOnResize(rubberBand);
+    m_framelessHelper->setBorderWidth(static_cast<unsigned int>(borderWidth));
+}
+
+void BaseMoveDialog::setWidgetResizable(bool resizable)
+{
+    m_resizable = resizable;
+    if (m_framelessHelper)
+        m_framelessHelper->setWidgetResizable(resizable);
+}
+
+void BaseMoveDialog::setWidgetTitleHeight(int height)
+{
+    if (m_framelessHelper)
+        m_framelessHelper->setTitleHeight(static_cast<unsigned int>(height));
+}
+
+void BaseMoveDialog::setEnableRightBottomResizeArea(bool enable)
+{
+    if (m_framelessHelper)
+        m_framelessHelper->setEnabelRightBottomAreaResize(enable);
+}
+
+bool BaseMoveDialog::isMoving() const
+{
+    return m_isMoving;
+}
+
+void BaseMoveDialog::mousePressEvent(QMouseEvent *event)
+{
+    m_isMoving = true;
+    m_movedSincePress = false;
+    if (m_canMove && event->button() == Qt::LeftButton) {
+        m_dragOffset = event->globalPos() - frameGeometry().topLeft();
+        if (m_rectOfCanDrag)
+            m_dragAllowedNow = m_rectOfCanDrag->contains(event->pos());
+    }
+    if (m_resizable && event->button() == Qt::LeftButton && m_framelessHelper) {
+        m_pressPosition = event->pos();
+        if (isOnResizeBorder(m_pressPosition)) {
+            m_resizing = true;
+            m_dragAllowedNow = false;
+        }
+    }
+    QWidget::mousePressEvent(event);
+}
+
+void BaseMoveDialog::mouseMoveEvent(QMouseEvent *event)
+{
+    const bool dragging = m_canMove && m_isMoving && event->buttons().testFlag(Qt::LeftButton);
+    if (dragging && m_dragAllowedNow) {
+        m_movedSincePress = true;
+        const QPointer<BaseMoveDialog> alive(this);
+        Q_EMIT sig_windowMoved(keptInRectOfCanMove(event->globalPos() - m_dragOffset));
+        if (!alive)
+            return;
+    }
+    QWidget::mouseMoveEvent(event);
+}
+
+void BaseMoveDialog::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QPointer<BaseMoveDialog> alive(this);
+    if (m_canMove) {
+        m_isMoving = false;
+        m_dragAllowedNow = true;
+    }
+    if (m_movedSincePress) {
+        m_movedSincePress = false;
+        Q_EMIT sig_windowMovefinished();
+        if (!alive)
+            return;
+    }
+    if (m_resizing) {
+        m_resizing = false;
+        if (event->button() == Qt::LeftButton && event->pos() != m_pressPosition)
+            Q_EMIT sig_windowResizefinished();
+        if (!alive)
+            return;
+    }
+    QWidget::mouseReleaseEvent(event);
+}
+
+void BaseMoveDialog::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QWidget::mouseDoubleClickEvent(event);
+    if (m_rectOfCanDrag && !m_rectOfCanDrag->isNull() && m_rectOfCanDrag->contains(event->pos()))
+        Q_EMIT sig_doubleclickCanDragRect();
+}
+
+void BaseMoveDialog::paintEvent(QPaintEvent *event)
+{
+    paintStyleSheet(this);
+    QWidget::paintEvent(event);
+}
+
+void BaseMoveDialog::showEvent(QShowEvent *event)
+{
+    // A frameless window would otherwise not be repainted when it is shown again.
+    setAttribute(Qt::WA_Mapped, true);
+    QWidget::showEvent(event);
+}
+
+bool BaseMoveDialog::isOnResizeBorder(const QPoint &pos) const
+{
+    const int border = asLength(m_framelessHelper->borderWidth());
+    const int corner = m_framelessHelper->enableRightBottomAreaResizeState()
+                           ? border + asLength(m_framelessHelper->rightBottomAreaExtraPix())
+                           : border;
+    const QRect borders[] = {
+        {0, 0, width(), border},
+        {0, 0, border, height()},
+        {width() - border, 0, border, height()},
+        {0, height() - border, width(), border},
+        {width() - corner, height() - corner, corner, corner},
+    };
+    return std::any_of(std::begin(borders), std::end(borders),
+                       [&pos](const QRect &rect) { return rect.contains(pos); });
+}
+
+QPoint BaseMoveDialog::keptInRectOfCanMove(const QPoint &pos) const
+{
+    if (!m_rectOfCanMove)
+        return pos;
+    const QRect &rect = *m_rectOfCanMove;
+    return {keptWithin(pos.x(), width(), rect.x(), qint64(rect.right()) + 1),
+            keptWithin(pos.y(), height(), rect.y(), qint64(rect.bottom()) + 1)};
+}

@@ -1,0 +1,535 @@
+#include "framelesshelper.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QPointer>
+#include <QtGui/QHoverEvent>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QRubberBand>
+#include <QtWidgets/QWidget>
+
+#include <optional>
+
+namespace {
+
+constexpr unsigned int kDefaultBorderWidth = 5;
+constexpr unsigned int kDefaultTitleHeight = 50;
+constexpr unsigned int kDefaultRightBottomExtra = 10;
+
+class WatchedWidgetState;
+
+/// Where a point lies relative to a frame rectangle.
+class EdgeHitTest
+{
+public:
+    EdgeHitTest() { reset(); }
+
+    void reset();
+    void hitTest(const QPoint &globalPos, const QRect &frameRect, const FramelessHelperState &helper);
+
+    /// The cursor that announces a resize from here, if there is one.
+    std::optional<Qt::CursorShape> cursorShape() const;
+    /// The rectangle after the edges under the point have been pulled to `globalPos`; it may be invalid.
+    QRect pulled(const QRect &start, const QPoint &globalPos) const;
+
+    bool onAnyEdge : 1;
+    bool onLeft : 1;
+    bool onRight : 1;
+    bool onTop : 1;
+    bool onBottom : 1;
+    bool onTopLeft : 1;
+    bool onBottomLeft : 1;
+    bool onTopRight : 1;
+    bool onBottomRight : 1;
+
+    // The settings that all helpers of the process share.
+    static unsigned int borderWidth;
+    static unsigned int titleHeight;
+    static unsigned int rightBottomExtra;
+    static bool rightBottomEnlarged;
+};
+
+unsigned int EdgeHitTest::borderWidth = kDefaultBorderWidth;
+unsigned int EdgeHitTest::titleHeight = kDefaultTitleHeight;
+unsigned int EdgeHitTest::rightBottomExtra = kDefaultRightBottomExtra;
+bool EdgeHitTest::rightBottomEnlarged = false;
+
+} // namespace
+
+/// The private data of a helper.
+struct FramelessHelperState
+{
+    QHash<QWidget *, WatchedWidgetState *> watchedWidgets; // owns the values
+    bool movable = true;
+    bool resizable = true;
+    bool rubberBandResize = false;
+    bool rubberBandMove = false;
+    bool dragLeft = true;
+    bool dragTop = true;
+    bool dragRight = true;
+    bool dragBottom = true;
+};
+
+namespace {
+
+/// Settings are unsigned, but screens reach into negative coordinates: whatever is compared is signed first.
+int asSigned(unsigned int setting)
+{
+    return static_cast<int>(setting);
+}
+
+bool isWithin(qint64 low, qint64 value, qint64 high)
+{
+    return low <= value && value <= high;
+}
+
+void EdgeHitTest::reset()
+{
+    onAnyEdge = false;
+    onLeft = onRight = onTop = onBottom = false;
+    onTopLeft = onBottomLeft = onTopRight = onBottomRight = false;
+}
+
+void EdgeHitTest::hitTest(const QPoint &globalPos, const QRect &frameRect, const FramelessHelperState &helper)
+{
+    const qint64 border = asSigned(borderWidth);
+    const qint64 left = frameRect.x();
+    const qint64 top = frameRect.y();
+    // Both limits lie one pixel past the last pixel of the frame, so that a pointer that just left it still
+    // counts.
+    const qint64 right = left + frameRect.width();
+    const qint64 bottom = top + frameRect.height();
+
+    onLeft = helper.dragLeft && isWithin(left, globalPos.x(), left + border);
+    onRight = helper.dragRight && isWithin(right - border, globalPos.x(), right);
+    onTop = helper.dragTop && isWithin(top, globalPos.y(), top + border);
+    onBottom = helper.dragBottom && isWithin(bottom - border, globalPos.y(), bottom);
+
+    onTopLeft = onTop && onLeft;
+    onBottomLeft = onBottom && onLeft;
+    onTopRight = onTop && onRight;
+    onBottomRight = onBottom && onRight;
+    onAnyEdge = onLeft || onRight || onTop || onBottom;
+
+    if (rightBottomEnlarged) {
+        const qint64 reach = border + asSigned(rightBottomExtra);
+        onBottomRight =
+            isWithin(right - reach, globalPos.x(), right) && isWithin(bottom - reach, globalPos.y(), bottom);
+        onAnyEdge = onAnyEdge || onBottomRight;
+    }
+}
+
+std::optional<Qt::CursorShape> EdgeHitTest::cursorShape() const
+{
+    if (onTopLeft || onBottomRight)
+        return Qt::SizeFDiagCursor;
+    if (onBottomLeft || onTopRight)
+        return Qt::SizeBDiagCursor;
+    if (onLeft || onRight)
+        return Qt::SizeHorCursor;
+    if (onTop || onBottom)
+        return Qt::SizeVerCursor;
+    return std::nullopt;
+}
+
+QRect EdgeHitTest::pulled(const QRect &start, const QPoint &globalPos) const
+{
+    QPoint topLeft = start.topLeft();
+    QPoint bottomRight = start.bottomRight();
+    if (onTopLeft) {
+        topLeft = globalPos;
+    } else if (onBottomLeft) {
+        topLeft.setX(globalPos.x());
+        bottomRight.setY(globalPos.y());
+    } else if (onTopRight) {
+        bottomRight.setX(globalPos.x());
+        topLeft.setY(globalPos.y());
+    } else if (onBottomRight) {
+        bottomRight = globalPos;
+    } else if (onLeft) {
+        topLeft.setX(globalPos.x());
+    } else if (onRight) {
+        bottomRight.setX(globalPos.x());
+    } else if (onTop) {
+        topLeft.setY(globalPos.y());
+    } else if (onBottom) {
+        bottomRight.setY(globalPos.y());
+    }
+    return {topLeft, bottomRight};
+}
+
+/// Puts back the edge that was pulled so far that the rectangle became smaller than the minimum size.
+void keepMinimumSize(QRect *pulled, const QRect &start, const QSize &minimum)
+{
+    if (pulled->width() < minimum.width()) {
+        if (pulled->left() == start.left())
+            pulled->setRight(start.right());
+        else
+            pulled->setLeft(start.left());
+    }
+    if (pulled->height() < minimum.height()) {
+        if (pulled->top() == start.top())
+            pulled->setBottom(start.bottom());
+        else
+            pulled->setTop(start.top());
+    }
+}
+
+/// What a helper knows about one widget.
+///
+/// Moving, resizing and cursor changes call back into the client, which may deactivate the helper or destroy
+/// the widget there. So each handler does them last and touches no member afterwards.
+class WatchedWidgetState
+{
+public:
+    WatchedWidgetState(const FramelessHelperState *helperState, QWidget *widget);
+    ~WatchedWidgetState();
+    WatchedWidgetState(const WatchedWidgetState &) = delete;
+    WatchedWidgetState &operator=(const WatchedWidgetState &) = delete;
+
+    void handleEvent(QEvent *event);
+    void updateRubberBand();
+    /// The widget is being destroyed: it will not be touched any more.
+    void forgetWidget() { m_widget = nullptr; }
+
+    QMetaObject::Connection destroyedConnection;
+
+private:
+    void handlePress(const QMouseEvent *event);
+    void handleRelease(const QMouseEvent *event);
+    void handleMouseMove(const QMouseEvent *event);
+    void handleHoverMove(const QHoverEvent *event);
+    void handleLeave();
+
+    void updateCursor(const QPoint &globalPos);
+    void moveTo(const QPoint &globalPos);
+    void resizeTo(const QPoint &globalPos);
+
+    const FramelessHelperState *m_helperState;
+    QPointer<QRubberBand> m_rubberBand; // owned; guarded, as any code may delete a top-level widget
+    QWidget *m_widget;
+    QPoint m_dragOffset;
+    EdgeHitTest m_pressEdges;
+    EdgeHitTest m_hoverEdges;
+    bool m_leftPressed = false;
+    bool m_cursorChanged = false;
+    bool m_titlePressed = false;
+    Qt::WindowFlags m_savedWindowFlags;
+};
+
+WatchedWidgetState::WatchedWidgetState(const FramelessHelperState *helperState, QWidget *widget)
+    : m_helperState(helperState)
+    , m_widget(widget)
+    , m_savedWindowFlags(widget->windowFlags())
+{
+    m_widget->setMouseTracking(true);
+    m_widget->setAttribute(Qt::WA_Hover, true);
+    updateRubberBand();
+}
+
+WatchedWidgetState::~WatchedWidgetState()
+{
+    if (m_widget) {
+        const QPointer<QWidget> alive(m_widget);
+        alive->setMouseTracking(false);
+        if (alive)
+            alive->setWindowFlags(m_savedWindowFlags);
+        if (alive)
+            alive->setAttribute(Qt::WA_Hover, false);
+    }
+    delete m_rubberBand;
+}
+
+void WatchedWidgetState::updateRubberBand()
+{
+    if (!m_helperState->rubberBandMove && !m_helperState->rubberBandResize)
+        delete m_rubberBand;
+    else if (!m_rubberBand)
+        m_rubberBand = new QRubberBand(QRubberBand::Rectangle, nullptr);
+}
+
+void WatchedWidgetState::handleEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        handlePress(static_cast<QMouseEvent *>(event));
+        break;
+    case QEvent::MouseButtonRelease:
+        handleRelease(static_cast<QMouseEvent *>(event));
+        break;
+    case QEvent::MouseMove:
+        handleMouseMove(static_cast<QMouseEvent *>(event));
+        break;
+    case QEvent::HoverMove:
+        handleHoverMove(static_cast<QHoverEvent *>(event));
+        break;
+    case QEvent::Leave:
+        handleLeave();
+        break;
+    default:
+        break;
+    }
+}
+
+void WatchedWidgetState::handlePress(const QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_leftPressed = true;
+    m_titlePressed = event->pos().y() < asSigned(EdgeHitTest::titleHeight);
+    const QRect frame = m_widget->frameGeometry();
+    m_pressEdges.hitTest(event->globalPos(), frame, *m_helperState);
+    m_dragOffset = event->globalPos() - frame.topLeft();
+
+    const bool banded =
+        m_pressEdges.onAnyEdge ? m_helperState->rubberBandResize : m_helperState->rubberBandMove;
+    if (banded && m_rubberBand) {
+        m_rubberBand->setGeometry(frame);
+        m_rubberBand->show();
+    }
+}
+
+void WatchedWidgetState::handleRelease(const QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_leftPressed = false;
+    m_titlePressed = false;
+    m_pressEdges.reset();
+    if (m_rubberBand && m_rubberBand->isVisible()) {
+        m_rubberBand->hide();
+        m_widget->setGeometry(m_rubberBand->geometry());
+    }
+}
+
+void WatchedWidgetState::handleMouseMove(const QMouseEvent *event)
+{
+    if (m_leftPressed) {
+        if (m_helperState->resizable && m_pressEdges.onAnyEdge)
+            resizeTo(event->globalPos());
+        else if (m_helperState->movable && m_titlePressed)
+            moveTo(event->globalPos());
+    } else if (m_helperState->resizable) {
+        updateCursor(event->globalPos());
+    }
+}
+
+void WatchedWidgetState::handleHoverMove(const QHoverEvent *event)
+{
+    if (m_helperState->resizable)
+        updateCursor(m_widget->mapToGlobal(event->pos()));
+}
+
+void WatchedWidgetState::handleLeave()
+{
+    // The changed-cursor flag stays: a later update unsets the cursor once more, which harms nothing.
+    if (!m_leftPressed)
+        m_widget->unsetCursor();
+}
+
+void WatchedWidgetState::updateCursor(const QPoint &globalPos)
+{
+    if (m_widget->isFullScreen() || m_widget->isMaximized()) {
+        if (m_cursorChanged)
+            m_widget->unsetCursor();
+        return;
+    }
+    m_hoverEdges.hitTest(globalPos, m_widget->frameGeometry(), *m_helperState);
+    if (const std::optional<Qt::CursorShape> shape = m_hoverEdges.cursorShape()) {
+        m_cursorChanged = true;
+        m_widget->setCursor(*shape);
+    } else if (m_cursorChanged) {
+        m_cursorChanged = false;
+        m_widget->unsetCursor();
+    }
+}
+
+void WatchedWidgetState::moveTo(const QPoint &globalPos)
+{
+    QWidget *moved = m_widget;
+    if (m_helperState->rubberBandMove && m_rubberBand)
+        moved = m_rubberBand;
+    moved->move(globalPos - m_dragOffset);
+}
+
+void WatchedWidgetState::resizeTo(const QPoint &globalPos)
+{
+    QWidget *resized = m_widget;
+    if (m_helperState->rubberBandResize && m_rubberBand)
+        resized = m_rubberBand;
+
+    const QRect start = resized->frameGeometry();
+    QRect pulled = m_pressEdges.pulled(start, globalPos);
+    if (!pulled.isValid())
+        return;
+    keepMinimumSize(&pulled, start, {m_widget->minimumWidth(), m_widget->minimumHeight()});
+    resized->setGeometry(pulled);
+}
+
+} // namespace
+
+FramelessHelper::FramelessHelper(QObject *parent)
+    : QObject(parent)
+    , m_state(std::make_unique<FramelessHelperState>())
+{
+}
+
+FramelessHelper::~FramelessHelper()
+{
+    // Restoring one widget may destroy another, so the hash is asked anew each time.
+    while (!m_state->watchedWidgets.isEmpty())
+        delete m_state->watchedWidgets.take(m_state->watchedWidgets.constBegin().key());
+}
+
+void FramelessHelper::activateOn(QWidget *w)
+{
+    if (!w || m_state->watchedWidgets.contains(w))
+        return;
+    auto *state = new WatchedWidgetState(m_state.get(), w);
+    // Before a widget destroys its children it reports its own end, in time for a helper that is its child.
+    state->destroyedConnection = connect(w, &QObject::destroyed, this, [this, w] { forget(w); });
+    m_state->watchedWidgets.insert(w, state);
+    w->installEventFilter(this);
+}
+
+void FramelessHelper::removeFrom(QWidget *w)
+{
+    WatchedWidgetState *state = m_state->watchedWidgets.take(w);
+    if (!state)
+        return;
+    disconnect(state->destroyedConnection);
+    w->removeEventFilter(this);
+    delete state;
+}
+
+/// A widget that is being destroyed is no longer one that could be restored: only what is known about it
+/// goes.
+void FramelessHelper::forget(QWidget *destroyed)
+{
+    if (WatchedWidgetState *state = m_state->watchedWidgets.take(destroyed)) {
+        state->forgetWidget();
+        delete state;
+    }
+}
+
+void FramelessHelper::setWidgetMovable(bool movable)
+{
+    m_state->movable = movable;
+}
+
+bool FramelessHelper::widgetMovable() const
+{
+    return m_state->movable;
+}
+
+void FramelessHelper::setWidgetResizable(bool resizable)
+{
+    m_state->resizable = resizable;
+}
+
+bool FramelessHelper::widgetResizable() const
+{
+    return m_state->resizable;
+}
+
+void FramelessHelper::setRubberBandOnMove(bool rubberBand)
+{
+    m_state->rubberBandMove = rubberBand;
+    updateRubberBands();
+}
+
+bool FramelessHelper::rubberBandOnMove() const
+{
+    return m_state->rubberBandMove;
+}
+
+void FramelessHelper::setRubberBandOnResize(bool rubberBand)
+{
+    m_state->rubberBandResize = rubberBand;
+    updateRubberBands();
+}
+
+bool FramelessHelper::rubberBandOnResisze() const
+{
+    return m_state->rubberBandResize;
+}
+
+void FramelessHelper::updateRubberBands()
+{
+    for (WatchedWidgetState *state : qAsConst(m_state->watchedWidgets))
+        state->updateRubberBand();
+}
+
+void FramelessHelper::setBorderWidth(unsigned int width)
+{
+    if (width > 0)
+        EdgeHitTest::borderWidth = width;
+}
+
+unsigned int FramelessHelper::borderWidth() const
+{
+    return EdgeHitTest::borderWidth;
+}
+
+void FramelessHelper::setTitleHeight(unsigned int height)
+{
+    if (height > 0)
+        EdgeHitTest::titleHeight = height;
+}
+
+unsigned int FramelessHelper::titleHeight() const
+{
+    return EdgeHitTest::titleHeight;
+}
+
+void FramelessHelper::setRightBottomAreaExtraPix(unsigned int extra)
+{
+    if (extra > 0)
+        EdgeHitTest::rightBottomExtra = extra;
+}
+
+unsigned int FramelessHelper::rightBottomAreaExtraPix() const
+{
+    return EdgeHitTest::rightBottomExtra;
+}
+
+void FramelessHelper::setEnabelRightBottomAreaResize(bool enable)
+{
+    EdgeHitTest::rightBottomEnlarged = enable;
+}
+
+bool FramelessHelper::enableRightBottomAreaResizeState() const
+{
+    return EdgeHitTest::rightBottomEnlarged;
+}
+
+void FramelessHelper::setDragDirection(bool left, bool top, bool right, bool bottom)
+{
+    m_state->dragLeft = left;
+    m_state->dragTop = top;
+    m_state->dragRight = right;
+    m_state->dragBottom = bottom;
+}
+
+bool FramelessHelper::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+    case QEvent::Leave:
+    case QEvent::HoverMove:
+        if (WatchedWidgetState *state = m_state->watchedWidgets.value(qobject_cast<QWidget *>(watched))) {
+            const QPointer<QObject> alive(watched);
+            state->handleEvent(event);
+            // The widget receives every event, unless the client destroyed it while it was moved or resized.
+            return alive.isNull();
+        }
+        break;
+    case QEvent::Destroy: // also when the client has disconnected everything from the widget's signals
+        forget(qobject_cast<QWidget *>(watched));
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
