@@ -1,0 +1,77 @@
+#include "gallerypage.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Pages register during static initialisation, in an order nobody knows: the list exists once the first one
+/// needs it.
+QVector<const GalleryPage *> &registry()
+{
+    static QVector<const GalleryPage *> pages;
+    return pages;
+}
+
+bool comesBefore(const GalleryPage *left, const GalleryPage *right)
+{
+    if (left->family() != right->family())
+        return left->family() < right->family();
+    return left->title().compare(right->title(), Qt::CaseInsensitive) < 0;
+}
+
+} // namespace
+
+GalleryPage::GalleryPage(GalleryFamily family, const char *title, const char *sentence, Build builder)
+    : m_family(family)
+    , m_title(title)
+    , m_sentence(sentence)
+    , m_build(builder)
+{
+    registry().append(this);
+}
+
+QString GalleryPage::name() const
+{
+    return title().toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+}
+
+QVector<const GalleryPage *> GalleryPage::all()
+{
+    QVector<const GalleryPage *> pages = registry();
+    std::sort(pages.begin(), pages.end(), comesBefore);
+    return pages;
+}
+
+const GalleryPage *GalleryPage::find(const QString &name)
+{
+    const QString wanted = name.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
+    const QVector<const GalleryPage *> pages = all();
+    const auto found = std::find_if(pages.begin(), pages.end(),
+                                    [&wanted](const GalleryPage *page) { return page->name() == wanted; });
+    return found == pages.end() ? nullptr : *found;
+}
+
+QString familyTitle(GalleryFamily family)
+{
+    switch (family) {
+    case GalleryFamily::Start:
+        return QStringLiteral("Start");
+    case GalleryFamily::WindowFrame:
+        return QStringLiteral("Window frame");
+    case GalleryFamily::Dialogs:
+        return QStringLiteral("Dialogs");
+    case GalleryFamily::Buttons:
+        return QStringLiteral("Buttons");
+    case GalleryFamily::ComboBoxes:
+        return QStringLiteral("Combo boxes");
+    case GalleryFamily::Sliders:
+        return QStringLiteral("Sliders");
+    case GalleryFamily::Text:
+        return QStringLiteral("Text");
+    case GalleryFamily::Hotkeys:
+        return QStringLiteral("Hotkeys");
+    case GalleryFamily::Services:
+        return QStringLiteral("Services");
+    }
+    return {};
+}

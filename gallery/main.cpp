@@ -1,0 +1,119 @@
+#include "gallerypage.h"
+#include "mainwindow.h"
+#include "reportlog.h"
+#include "shots.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QFile>
+#include <QtWidgets/QApplication>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr int kFontSize = 14;
+
+const QCommandLineOption &shotsOption()
+{
+    static const QCommandLineOption option(
+        QStringLiteral("shots"),
+        QStringLiteral("Write a picture of every page and dialog into <folder> and exit."),
+        QStringLiteral("folder"));
+    return option;
+}
+
+const QCommandLineOption &pageOption()
+{
+    static const QCommandLineOption option(QStringLiteral("page"), QStringLiteral("Open at the page <name>."),
+                                           QStringLiteral("name"));
+    return option;
+}
+
+const QCommandLineOption &listOption()
+{
+    static const QCommandLineOption option(QStringLiteral("list"),
+                                           QStringLiteral("Print the pages' names and exit."));
+    return option;
+}
+
+const QCommandLineOption &verboseOption()
+{
+    static const QCommandLineOption option(QStringLiteral("verbose"),
+                                           QStringLiteral("Write the panel's lines to standard output too."));
+    return option;
+}
+
+/// Pictures need no display: without one they are drawn on the platform that has none.
+void choosePlatform(int argc, char **argv)
+{
+#ifdef Q_OS_LINUX
+    const bool shots = std::any_of(argv, argv + argc, [](const char *argument) {
+        return std::strncmp(argument, "--shots", 7) == 0 || std::strcmp(argument, "--list") == 0;
+    });
+    const bool display = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (shots && !display && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+#else
+    Q_UNUSED(argc)
+    Q_UNUSED(argv)
+#endif
+}
+
+void setUpLooks(QApplication &application)
+{
+    QFont font = application.font();
+    font.setFamilies({QStringLiteral("Microsoft YaHei"), QStringLiteral("Segoe UI"),
+                      QStringLiteral("PingFang SC"), QStringLiteral("Noto Sans CJK SC"),
+                      QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
+    font.setPixelSize(kFontSize);
+    QApplication::setFont(font);
+    QFile sheet(QStringLiteral(":/gallery/gallery.qss"));
+    if (sheet.open(QIODevice::ReadOnly))
+        application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+}
+
+int listPages()
+{
+    for (const GalleryPage *page : GalleryPage::all())
+        std::printf("%s\n", qPrintable(page->name()));
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    choosePlatform(argc, argv);
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("gallery"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Every class of orvcommonlib at work."));
+    parser.addHelpOption();
+    parser.addOptions({shotsOption(), pageOption(), listOption(), verboseOption()});
+    parser.process(application);
+    if (parser.isSet(listOption()))
+        return listPages();
+
+    const GalleryPage *page = GalleryPage::all().value(0);
+    if (parser.isSet(pageOption()))
+        page = GalleryPage::find(parser.value(pageOption()));
+    if (page == nullptr) {
+        std::fprintf(stderr, "gallery: there is no page %s\n", qPrintable(parser.value(pageOption())));
+        return 2;
+    }
+
+    setUpLooks(application);
+    ReportLog log(parser.isSet(verboseOption()));
+    MainWindow window(&log);
+    if (parser.isSet(shotsOption()))
+        return writeShots(&window, parser.value(shotsOption())) ? 0 : 1;
+    window.openPage(page);
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,97 @@
+#include "mainwindow.h"
+#include "gallerypage.h"
+#include "pagelist.h"
+#include "pageview.h"
+#include "reportlog.h"
+#include "reportpanel.h"
+#include "titlebar.h"
+
+#include <QtCore/QEvent>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QSplitter>
+#include <QtWidgets/QStackedWidget>
+
+namespace {
+
+constexpr QSize kMinimumSize(760, 480);
+constexpr int kHairline = 1;
+constexpr int kPanelHeight = 168;
+
+} // namespace
+
+MainWindow::MainWindow(ReportLog *log, QWidget *parent)
+    : QWidget(parent, Qt::FramelessWindowHint | Qt::Window)
+    , m_titleBar(new TitleBar(this))
+    , m_pageList(new PageList(this))
+    , m_stack(new QStackedWidget(this))
+    , m_panel(new ReportPanel(this))
+{
+    setWindowTitle(QStringLiteral("orvcommonlib gallery"));
+    setGalleryRole(this, "window");
+    setAttribute(Qt::WA_StyledBackground);
+    setMinimumSize(kMinimumSize);
+    resize(kWidth, kHeight);
+    buildContents();
+    m_pageList->setFocus();
+
+    connect(log, &ReportLog::arrived, m_panel, &ReportPanel::append);
+    connect(m_pageList, &PageList::pageChosen, this, &MainWindow::openPage);
+    connect(m_titleBar, &TitleBar::minimiseClicked, this, &MainWindow::showMinimized);
+    connect(m_titleBar, &TitleBar::maximiseClicked, this, &MainWindow::toggleMaximised);
+    connect(m_titleBar, &TitleBar::closeClicked, this, &MainWindow::close);
+}
+
+PageView *MainWindow::openPage(const GalleryPage *page)
+{
+    PageView *&view = m_views[page];
+    if (view == nullptr) {
+        view = new PageView(*page, this, m_stack);
+        m_stack->addWidget(view);
+    }
+    m_stack->setCurrentWidget(view);
+    m_pageList->setCurrentPage(page);
+    return view;
+}
+
+void MainWindow::clearReports()
+{
+    m_panel->clear();
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowStateChange)
+        m_titleBar->setMaximised(isMaximized());
+    QWidget::changeEvent(event);
+}
+
+void MainWindow::buildContents()
+{
+    auto *splitter = new QSplitter(Qt::Vertical, this);
+    setGalleryRole(splitter, "splitter");
+    splitter->addWidget(m_stack);
+    splitter->addWidget(m_panel);
+    splitter->setChildrenCollapsible(false);
+    splitter->setStretchFactor(0, 1);
+    splitter->setHandleWidth(1);
+    splitter->setSizes({kHeight - kPanelHeight, kPanelHeight});
+
+    auto *body = new QHBoxLayout;
+    body->setSpacing(0);
+    body->addWidget(m_pageList);
+    body->addWidget(splitter);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kHairline, kHairline, kHairline, kHairline);
+    layout->setSpacing(0);
+    layout->addWidget(m_titleBar);
+    layout->addLayout(body);
+}
+
+void MainWindow::toggleMaximised()
+{
+    if (isMaximized())
+        showNormal();
+    else
+        showMaximized();
+}

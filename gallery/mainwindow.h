@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtWidgets/QWidget>
+
+class GalleryPage;
+class PageList;
+class PageView;
+class QStackedWidget;
+class ReportLog;
+class ReportPanel;
+class TitleBar;
+
+/// The gallery's window: pages on the left, the chosen one on the right, the panel below it.
+class MainWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The size it opens with.
+    static constexpr int kWidth = 1000;
+    static constexpr int kHeight = 680;
+
+    explicit MainWindow(ReportLog *log, QWidget *parent = nullptr);
+
+    /// Opens the page, building it first if it has not been open yet, and returns it.
+    PageView *openPage(const GalleryPage *page);
+    void clearReports();
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void buildContents();
+    void toggleMaximised();
+
+    TitleBar *m_titleBar;
+    PageList *m_pageList;
+    QStackedWidget *m_stack;
+    ReportPanel *m_panel;
+    QHash<const GalleryPage *, PageView *> m_views;
+};

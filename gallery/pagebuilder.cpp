@@ -1,0 +1,282 @@
+#include "pagebuilder.h"
+#include "colorbutton.h"
+#include "flowlayout.h"
+
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDoubleSpinBox>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QVBoxLayout>
+
+namespace {
+
+constexpr int kCardPadding = 20;
+constexpr int kCardSpacing = 12;
+constexpr int kExampleGap = 28;
+constexpr int kExampleRowGap = 20;
+constexpr int kCaptionGap = 8;
+constexpr int kLabelWidth = 112;
+constexpr int kColumnGap = 32;
+constexpr int kRowGap = 10;
+constexpr int kButtonGap = 8;
+constexpr int kControlHeight = 32;
+constexpr int kTextEditHeight = 84;
+constexpr int kControlsPerRow = 2;
+constexpr int kCellsPerControl = 3; // label, control, gap
+
+QLabel *newLabel(const QString &text, const char *role, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    setGalleryRole(label, role);
+    return label;
+}
+
+QLabel *newParagraph(const QString &text, const char *role, QWidget *parent)
+{
+    QLabel *label = newLabel(text, role, parent);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
+    label->setOpenExternalLinks(true);
+    return label;
+}
+
+} // namespace
+
+void setGalleryRole(QWidget *widget, const char *role)
+{
+    widget->setProperty("galleryRole", QLatin1String(role));
+}
+
+PageBuilder::PageBuilder(QWidget *content, QWidget *window, QVector<PageShot> *shots)
+    : m_content(content)
+    , m_window(window)
+    , m_shots(shots)
+    , m_page(qobject_cast<QVBoxLayout *>(content->layout()))
+{
+}
+
+void PageBuilder::include(const PageText &header)
+{
+    const QString text = QStringLiteral("#include \"%1\"").arg(header.string());
+    QLabel *label = newLabel(text, "include", m_content);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_page->addWidget(label, 0, Qt::AlignLeft);
+}
+
+void PageBuilder::section(const PageText &title, const PageText &sentence)
+{
+    auto *frame = new QFrame(m_content);
+    setGalleryRole(frame, "card");
+    m_card = new QVBoxLayout(frame);
+    m_card->setContentsMargins(kCardPadding, kCardPadding - 4, kCardPadding, kCardPadding);
+    m_card->setSpacing(kCardSpacing);
+    m_page->addWidget(frame);
+    m_block = Block::None;
+    if (!title.string().isEmpty())
+        m_card->addWidget(newLabel(title.string(), "cardTitle", frame));
+    if (!sentence.string().isEmpty())
+        note(sentence);
+}
+
+QLabel *PageBuilder::note(const PageText &text)
+{
+    QVBoxLayout *layout = card();
+    QLabel *label = newParagraph(text.string(), "note", layout->parentWidget());
+    layout->addWidget(label);
+    m_block = Block::None;
+    return label;
+}
+
+void PageBuilder::example(QWidget *widget, const PageText &caption)
+{
+    if (m_block != Block::Examples) {
+        auto *flow = new FlowLayout(kExampleGap, kExampleRowGap);
+        card()->addLayout(flow);
+        m_row = flow;
+        m_block = Block::Examples;
+    }
+    m_row->addWidget(captioned(widget, caption));
+}
+
+void PageBuilder::wideExample(QWidget *widget, const PageText &caption)
+{
+    QVBoxLayout *layout = card();
+    layout->addWidget(widget);
+    if (!caption.string().isEmpty())
+        layout->addWidget(newParagraph(caption.string(), "caption", layout->parentWidget()));
+    m_block = Block::None;
+}
+
+QCheckBox *PageBuilder::checkBox(const PageText &label, bool checked, std::function<void(bool)> changed)
+{
+    auto *box = new QCheckBox(m_content);
+    box->setChecked(checked);
+    if (changed)
+        QObject::connect(box, &QCheckBox::toggled, box, changed);
+    addControl(label, box);
+    return box;
+}
+
+QSpinBox *PageBuilder::spinBox(const PageText &label, int minimum, int maximum, int value,
+                               std::function<void(int)> changed)
+{
+    auto *box = new QSpinBox(m_content);
+    box->setRange(minimum, maximum);
+    box->setValue(value);
+    if (changed)
+        QObject::connect(box, QOverload<int>::of(&QSpinBox::valueChanged), box, changed);
+    addControl(label, box);
+    return box;
+}
+
+QDoubleSpinBox *PageBuilder::doubleSpinBox(const PageText &label, double minimum, double maximum,
+                                           double value, std::function<void(double)> changed)
+{
+    auto *box = new QDoubleSpinBox(m_content);
+    box->setRange(minimum, maximum);
+    box->setValue(value);
+    if (changed)
+        QObject::connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), box, changed);
+    addControl(label, box);
+    return box;
+}
+
+QLineEdit *PageBuilder::lineEdit(const PageText &label, const PageText &text,
+                                 std::function<void(const QString &)> changed)
+{
+    auto *edit = new QLineEdit(text.string(), m_content);
+    edit->setCursorPosition(0);
+    if (changed)
+        QObject::connect(edit, &QLineEdit::textChanged, edit, changed);
+    addControl(label, edit);
+    return edit;
+}
+
+QPlainTextEdit *PageBuilder::textEdit(const PageText &label, const PageText &text,
+                                      std::function<void(const QString &)> changed)
+{
+    QVBoxLayout *layout = card();
+    layout->addWidget(newLabel(label.string(), "label", layout->parentWidget()));
+    auto *edit = new QPlainTextEdit(text.string(), layout->parentWidget());
+    setGalleryRole(edit, "control");
+    edit->setFixedHeight(kTextEditHeight);
+    if (changed)
+        QObject::connect(edit, &QPlainTextEdit::textChanged, edit,
+                         [edit, changed] { changed(edit->toPlainText()); });
+    layout->addWidget(edit);
+    m_block = Block::None;
+    return edit;
+}
+
+ColorButton *PageBuilder::color(const PageText &label, const QColor &color,
+                                std::function<void(const QColor &)> changed)
+{
+    auto *button = new ColorButton(color, m_content);
+    if (changed)
+        QObject::connect(button, &ColorButton::colorChanged, button, changed);
+    addControl(label, button);
+    return button;
+}
+
+QComboBox *PageBuilder::choice(const PageText &label, const QStringList &texts, int current,
+                               std::function<void(int)> changed)
+{
+    auto *box = new QComboBox(m_content);
+    box->addItems(texts);
+    box->setCurrentIndex(current);
+    if (changed)
+        QObject::connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), box, changed);
+    addControl(label, box);
+    return box;
+}
+
+QPushButton *PageBuilder::button(const PageText &text, std::function<void()> clicked)
+{
+    return addButton(text, std::move(clicked), "button");
+}
+
+QPushButton *PageBuilder::primaryButton(const PageText &text, std::function<void()> clicked)
+{
+    return addButton(text, std::move(clicked), "primary");
+}
+
+void PageBuilder::shot(const PageText &name, std::function<QWidget *()> show)
+{
+    m_shots->append({name.string(), std::move(show)});
+}
+
+QVBoxLayout *PageBuilder::card()
+{
+    if (m_card == nullptr)
+        section({});
+    return m_card;
+}
+
+QGridLayout *PageBuilder::grid()
+{
+    if (m_block != Block::Controls) {
+        auto *grid = new QGridLayout;
+        grid->setHorizontalSpacing(0);
+        grid->setVerticalSpacing(kRowGap);
+        for (int column = 0; column < kControlsPerRow; ++column) {
+            grid->setColumnMinimumWidth(column * kCellsPerControl, kLabelWidth);
+            grid->setColumnStretch(column * kCellsPerControl + 1, 1);
+            if (column > 0)
+                grid->setColumnMinimumWidth(column * kCellsPerControl - 1, kColumnGap);
+        }
+        card()->addLayout(grid);
+        m_row = grid;
+        m_block = Block::Controls;
+        m_controlCount = 0;
+    }
+    return static_cast<QGridLayout *>(m_row);
+}
+
+QWidget *PageBuilder::captioned(QWidget *widget, const PageText &caption)
+{
+    if (caption.string().isEmpty())
+        return widget;
+    auto *holder = new QWidget(m_card->parentWidget());
+    auto *layout = new QVBoxLayout(holder);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kCaptionGap);
+    layout->addWidget(widget, 0, Qt::AlignHCenter);
+    layout->addWidget(newLabel(caption.string(), "caption", holder), 0, Qt::AlignHCenter);
+    return holder;
+}
+
+void PageBuilder::addControl(const PageText &label, QWidget *control)
+{
+    QGridLayout *layout = grid();
+    const int row = m_controlCount / kControlsPerRow;
+    const int column = m_controlCount % kControlsPerRow * kCellsPerControl;
+    ++m_controlCount;
+    setGalleryRole(control, "control");
+    control->setMinimumHeight(kControlHeight);
+    layout->addWidget(newLabel(label.string(), "label", m_card->parentWidget()), row, column);
+    layout->addWidget(control, row, column + 1);
+}
+
+QPushButton *PageBuilder::addButton(const PageText &text, std::function<void()> clicked, const char *role)
+{
+    if (m_block != Block::Buttons) {
+        auto *flow = new FlowLayout(kButtonGap, kButtonGap);
+        card()->addLayout(flow);
+        m_row = flow;
+        m_block = Block::Buttons;
+    }
+    auto *button = new QPushButton(text.string(), m_card->parentWidget());
+    setGalleryRole(button, role);
+    button->setMinimumHeight(kControlHeight);
+    button->setCursor(Qt::PointingHandCursor);
+    QObject::connect(button, &QPushButton::clicked, button, [clicked] { clicked(); });
+    m_row->addWidget(button);
+    return button;
+}

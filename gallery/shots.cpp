@@ -1,0 +1,91 @@
+#include "shots.h"
+#include "gallerypage.h"
+#include "mainwindow.h"
+#include "pageview.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QPointer>
+#include <QtGui/QPainter>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QApplication>
+
+#include <cstdio>
+
+namespace {
+
+void settle()
+{
+    // Showing a window posts events whose handlers post more: layouts, polishing, reports.
+    for (int round = 0; round < 4; ++round) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+}
+
+bool write(const QPixmap &picture, const QDir &folder, const QString &name)
+{
+    const QString path = folder.filePath(name + QStringLiteral(".png"));
+    if (picture.save(path))
+        return true;
+    std::fprintf(stderr, "gallery: cannot write %s\n", qPrintable(QDir::toNativeSeparators(path)));
+    return false;
+}
+
+QPixmap grabPage(MainWindow *window, const PageView *view)
+{
+    window->resize(MainWindow::kWidth, MainWindow::kHeight);
+    settle();
+    window->resize(MainWindow::kWidth, MainWindow::kHeight + view->missingHeight());
+    settle();
+    const QPixmap picture = window->grab();
+    window->resize(MainWindow::kWidth, MainWindow::kHeight);
+    settle();
+    return picture;
+}
+
+QPixmap grabOver(MainWindow *window, QWidget *shown)
+{
+    QPixmap picture = window->grab();
+    QPoint place = shown->mapToGlobal({}) - window->mapToGlobal({});
+    if (!window->rect().contains(QRect(place, shown->size())))
+        place = window->rect().center() - shown->rect().center();
+    QPainter painter(&picture);
+    painter.drawPixmap(place, shown->grab());
+    painter.end();
+    return picture;
+}
+
+bool writeShot(MainWindow *window, const PageShot &shot, const QDir &folder)
+{
+    const QPointer<QWidget> shown = shot.show();
+    settle();
+    if (shown == nullptr) {
+        std::fprintf(stderr, "gallery: nothing to show for %s\n", qPrintable(shot.name));
+        return false;
+    }
+    const bool written = write(grabOver(window, shown), folder, shot.name);
+    const bool ownedByGallery = shown->parentWidget() == nullptr || shown->parentWidget() == window;
+    shown->close();
+    if (shown != nullptr && ownedByGallery)
+        delete shown.data();
+    settle();
+    return written;
+}
+
+} // namespace
+
+bool writeShots(MainWindow *window, const QString &folder)
+{
+    const QDir dir(folder);
+    bool everythingWritten = dir.mkpath(QStringLiteral("."));
+    window->show();
+    for (const GalleryPage *page : GalleryPage::all()) {
+        window->clearReports();
+        const PageView *view = window->openPage(page);
+        const QString name = QStringLiteral("page-") + page->name();
+        everythingWritten = write(grabPage(window, view), dir, name) && everythingWritten;
+        for (const PageShot &shot : view->shots())
+            everythingWritten = writeShot(window, shot, dir) && everythingWritten;
+    }
+    return everythingWritten;
+}
