@@ -1,14 +1,16 @@
 #include "gallerypage.h"
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 namespace {
 
-/// Pages register during static initialisation, in an order nobody knows: the list exists once the first one
+/// Pages are added during static initialisation, in an order nobody knows: the list exists once the first one
 /// needs it.
-QVector<const GalleryPage *> &registry()
+std::vector<std::unique_ptr<const GalleryPage>> &registry()
 {
-    static QVector<const GalleryPage *> pages;
+    static std::vector<std::unique_ptr<const GalleryPage>> pages;
     return pages;
 }
 
@@ -27,7 +29,13 @@ GalleryPage::GalleryPage(GalleryFamily family, const char *title, const char *se
     , m_sentence(sentence)
     , m_build(builder)
 {
-    registry().append(this);
+}
+
+const GalleryPage &GalleryPage::add(GalleryFamily family, const char *title, const char *sentence,
+                                    Build builder)
+{
+    registry().emplace_back(new GalleryPage(family, title, sentence, builder));
+    return *registry().back();
 }
 
 QString GalleryPage::name() const
@@ -37,7 +45,9 @@ QString GalleryPage::name() const
 
 QVector<const GalleryPage *> GalleryPage::all()
 {
-    QVector<const GalleryPage *> pages = registry();
+    QVector<const GalleryPage *> pages;
+    for (const auto &page : registry())
+        pages.append(page.get());
     std::sort(pages.begin(), pages.end(), comesBefore);
     return pages;
 }
@@ -45,10 +55,11 @@ QVector<const GalleryPage *> GalleryPage::all()
 const GalleryPage *GalleryPage::find(const QString &name)
 {
     const QString wanted = name.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
-    const QVector<const GalleryPage *> pages = all();
-    const auto found = std::find_if(pages.begin(), pages.end(),
-                                    [&wanted](const GalleryPage *page) { return page->name() == wanted; });
-    return found == pages.end() ? nullptr : *found;
+    for (const GalleryPage *page : all()) {
+        if (page->name() == wanted)
+            return page;
+    }
+    return nullptr;
 }
 
 QString familyTitle(GalleryFamily family)

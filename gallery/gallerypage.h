@@ -27,10 +27,11 @@ public:
     /// call.
     using Build = void (*)(PageBuilder &page);
 
-    /// `title` is the class name (or a few words); `sentence` says what the class is for. Both are UTF-8
-    /// literals.
-    GalleryPage(GalleryFamily family, const char *title, const char *sentence, Build builder);
-    ~GalleryPage() = default;
+    /// Adds a page; call it in the initialiser of a constant of the page's file. `title` is the class name
+    /// (or a few words), `sentence` says what the class is for: both are UTF-8 literals.
+    static const GalleryPage &add(GalleryFamily family, const char *title, const char *sentence,
+                                  Build builder);
+
     GalleryPage(const GalleryPage &) = delete;
     GalleryPage &operator=(const GalleryPage &) = delete;
 
@@ -48,6 +49,8 @@ public:
     static const GalleryPage *find(const QString &name);
 
 private:
+    GalleryPage(GalleryFamily family, const char *title, const char *sentence, Build builder);
+
     GalleryFamily m_family;
     const char *m_title;
     const char *m_sentence;

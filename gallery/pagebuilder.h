@@ -76,9 +76,9 @@ struct PageShot
 ///         page.button("Click it", [button] { report("clicked by the page"); button->click(); });
 ///     }
 ///
-///     const GalleryPage page(GalleryFamily::Buttons, "CustomPictureBtn",
-///                            "A button of one picture and one text, drawn from rectangles that the client
-///                            sets.", build);
+///     const GalleryPage &page = GalleryPage::add(
+///         GalleryFamily::Buttons, "CustomPictureBtn",
+///         "A button of one picture and one text, drawn from rectangles that the client sets.", build);
 ///
 ///     } // namespace
 ///

@@ -34,7 +34,8 @@ void build(PageBuilder &page)
                  "a picture of each, <b>--page NAME</b> opens at one, <b>--help</b> tells the rest.");
 }
 
-const GalleryPage page(GalleryFamily::Start, "Welcome",
-                       "Ready-made Qt widgets for desktop clients, each at work in this window.", build);
+const GalleryPage &page =
+    GalleryPage::add(GalleryFamily::Start, "Welcome",
+                     "Ready-made Qt widgets for desktop clients, each at work in this window.", build);
 
 } // namespace
