@@ -1,0 +1,45 @@
+#pragma once
+
+#include "basemovedialog.h"
+
+#include <QtCore/QString>
+#include <QtGui/QPixmap>
+
+/// A movable dialog with a background of its own: a nine-patch image stretched to the dialog's size, or a
+/// white rectangle with round corners where no image is named.
+///
+/// The background is translucent. It is sliced from the image file when it is painted for the first time and
+/// after each change of size, never in between: a file that changes meanwhile is not noticed. A file that is
+/// missing leaves the background transparent. Style sheets do not paint this dialog.
+class ORVCOMMONLIB_EXPORT BaseMoveDialogWithBackImage : public BaseMoveDialog
+{
+    Q_OBJECT
+
+public:
+    /// \param imagePath the image file, or an empty path for the white rectangle
+    /// \param border    the width of all four borders of the nine-patch, in pixels of the image; also the
+    /// corner radius
+    ///                  of the white rectangle
+    /// \param canMove, asDialog, parent as for BaseMoveDialog
+    BaseMoveDialogWithBackImage(QString imagePath, int border, bool canMove, bool asDialog, QWidget *parent);
+
+    /// The same with a width for each border; `top` is also the corner radius of the white rectangle.
+    BaseMoveDialogWithBackImage(QString imagePath, int left, int top, int right, int bottom, bool canMove,
+                                bool asDialog, QWidget *parent);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    Q_DISABLE_COPY(BaseMoveDialogWithBackImage)
+
+    void paintRoundedRect();
+    void paintImage();
+
+    QString m_imagePath;
+    int m_top; // also the corner radius of the white rectangle
+    int m_left;
+    int m_right;
+    int m_bottom;
+    QPixmap m_background;
+};
