@@ -1,33 +1,327 @@
 #include "orvmaskctrl.h"
 
-#include <QtTest/QTest>
-#include <QtWidgets/QWidget>
+#include "logcapture.h"
+#include "pictures.h"
 
+#include <QtCore/QMetaMethod>
+#include <QtCore/QProcess>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+#include <type_traits>
+
+static_assert(!std::is_default_constructible<OrvMaskCtrl>::value &&
+                  !std::is_destructible<OrvMaskCtrl>::value &&
+                  !std::is_constructible<OrvMaskCtrl, QWidget *>::value,
+              "Only the class itself creates and deletes its instance");
+
+/// The instance never comes back once it was deleted, so main() runs each of these functions in a process of
+/// its own.
 class tst_OrvMaskCtrl : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void coversTheWindowOfTheFirstCall();
+    void ignoresTheWindowOfLaterCalls();
+    void keepsItsSizeWhenTheWindowChanges();
+    void darkensTheWindow();
+    void comesAboveWhatWasAddedLater();
     void staysUntilTheLastOwnerLetsGo();
+    void countsAnOwnerOnce();
+    void ignoresStrangers();
+    void goesAtOnceForANullOwner();
+    void takesNullForAnOwner();
+    void neverComesBackOnceDeleted();
+    void isCreatedAfterADeletionThatFoundNothing();
+    void leavesItsMaskToTheWindow();
+    void showsNothingWithoutWindow();
+    void showsNothingWhenItsWindowIsGone();
+    void coversAWindowWithoutSize();
+    void isCreatedOnceByConcurrentCalls();
+
+private:
+    QWidget m_window;
+    int m_first = 0;
+    int m_second = 0;
+    int m_third = 0;
 };
+
+void tst_OrvMaskCtrl::coversTheWindowOfTheFirstCall()
+{
+    m_window.resize(320, 240);
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    QVERIFY(mask);
+    QVERIFY(!mask->parent());
+    QCOMPARE(mask->metaObject(), &QObject::staticMetaObject);
+
+    auto *label = qobject_cast<QLabel *>(mask->getMaskWidget());
+    QVERIFY(label);
+    QCOMPARE(label->parentWidget(), &m_window);
+    QCOMPARE(label->geometry(), QRect(0, 0, 320, 240));
+    QCOMPARE(label->windowFlags(), Qt::WindowFlags(Qt::FramelessWindowHint));
+    QVERIFY(!label->isWindow());
+    QVERIFY(label->testAttribute(Qt::WA_TranslucentBackground));
+    QVERIFY(label->isHidden());
+
+    const QImage expected = QPixmap(QStringLiteral(":/images/images/mask.png"))
+                                .scaled(320, 240, Qt::IgnoreAspectRatio, Qt::FastTransformation)
+                                .toImage();
+    QCOMPARE(expected.size(), QSize(320, 240));
+    QCOMPARE(differingPixels(label->pixmap(Qt::ReturnByValue).toImage(), expected), 0);
+
+    m_window.show();
+    QVERIFY(!label->isVisible());
+}
+
+void tst_OrvMaskCtrl::ignoresTheWindowOfLaterCalls()
+{
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    QWidget other;
+    QCOMPARE(OrvMaskCtrl::getInstance(&other), mask);
+    QCOMPARE(OrvMaskCtrl::getInstance(nullptr), mask);
+    QCOMPARE(mask->getMaskWidget()->parentWidget(), &m_window);
+    QVERIFY(other.children().isEmpty());
+    QCOMPARE(m_window.children().size(), 1);
+}
+
+void tst_OrvMaskCtrl::keepsItsSizeWhenTheWindowChanges()
+{
+    m_window.resize(320, 240);
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    m_window.resize(640, 480);
+    m_window.show();
+    mask->showMasking(&m_first);
+    QCOMPARE(mask->getMaskWidget()->geometry(), QRect(0, 0, 320, 240));
+}
+
+void tst_OrvMaskCtrl::darkensTheWindow()
+{
+    m_window.resize(320, 240);
+    m_window.setStyleSheet(QStringLiteral("background-color:white;"));
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    const auto lightest = [this] {
+        const QImage picture = m_window.grab().toImage();
+        int value = 0;
+        for (int y = 0; y < picture.height(); y += 5) {
+            for (int x = 0; x < picture.width(); x += 5)
+                value = qMax(value, picture.pixelColor(x, y).lightness());
+        }
+        return value;
+    };
+    QCOMPARE(lightest(), 255);
+    mask->showMasking(&m_first);
+    QVERIFY(lightest() < 200);
+    QVERIFY(lightest() > 0);
+    mask->hideMasking(&m_first);
+    QCOMPARE(lightest(), 255);
+}
+
+void tst_OrvMaskCtrl::comesAboveWhatWasAddedLater()
+{
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    QPushButton button(&m_window);
+    QCOMPARE(m_window.children().constLast(), &button);
+    mask->showMasking(&m_first);
+    QCOMPARE(m_window.children().constLast(), mask->getMaskWidget());
+    button.raise();
+    mask->showMasking(&m_first); // a second call of the same owner raises as well
+    QCOMPARE(m_window.children().constLast(), mask->getMaskWidget());
+}
 
 void tst_OrvMaskCtrl::staysUntilTheLastOwnerLetsGo()
 {
-    QWidget window;
-    window.show();
-    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&window);
-    QVERIFY(mask->getMaskWidget()->isHidden());
-    int first = 0;
-    int second = 0;
-    mask->showMasking(&first);
-    mask->showMasking(&second);
+    m_window.show();
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    mask->showMasking(&m_first);
     QVERIFY(mask->getMaskWidget()->isVisible());
-    mask->hideMasking(&first);
+    mask->showMasking(&m_second);
     QVERIFY(mask->getMaskWidget()->isVisible());
-    mask->hideMasking(&second);
-    QVERIFY(mask->getMaskWidget()->isHidden());
+    mask->hideMasking(&m_first);
+    QVERIFY(mask->getMaskWidget()->isVisible());
+    mask->hideMasking(&m_second);
+    QVERIFY(!mask->getMaskWidget()->isVisible());
+    mask->showMasking(&m_second);
+    QVERIFY(mask->getMaskWidget()->isVisible());
 }
 
-QTEST_MAIN(tst_OrvMaskCtrl)
+void tst_OrvMaskCtrl::countsAnOwnerOnce()
+{
+    m_window.show();
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    mask->showMasking(&m_first);
+    mask->showMasking(&m_first);
+    mask->hideMasking(&m_first);
+    QVERIFY(!mask->getMaskWidget()->isVisible());
+}
+
+void tst_OrvMaskCtrl::ignoresStrangers()
+{
+    m_window.show();
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    mask->hideMasking(&m_second);
+    QVERIFY(!mask->getMaskWidget()->isVisible());
+    mask->showMasking(&m_first);
+    mask->hideMasking(&m_second);
+    QVERIFY(mask->getMaskWidget()->isVisible());
+}
+
+void tst_OrvMaskCtrl::goesAtOnceForANullOwner()
+{
+    m_window.show();
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    mask->showMasking(&m_first);
+    mask->showMasking(&m_second);
+    mask->hideMasking(nullptr);
+    QVERIFY(!mask->getMaskWidget()->isVisible());
+
+    // The owners are still registered.
+    mask->showMasking(&m_third);
+    QVERIFY(mask->getMaskWidget()->isVisible());
+    mask->hideMasking(&m_third);
+    mask->hideMasking(&m_second);
+    QVERIFY(mask->getMaskWidget()->isVisible());
+    mask->hideMasking(&m_first);
+    QVERIFY(!mask->getMaskWidget()->isVisible());
+}
+
+void tst_OrvMaskCtrl::takesNullForAnOwner()
+{
+    m_window.show();
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    mask->showMasking(nullptr);
+    QVERIFY(mask->getMaskWidget()->isVisible());
+    mask->showMasking(&m_first);
+    mask->hideMasking(&m_first);
+    QVERIFY(mask->getMaskWidget()->isVisible());
+    mask->hideMasking(nullptr);
+    QVERIFY(!mask->getMaskWidget()->isVisible());
+    mask->showMasking(&m_first);
+    mask->hideMasking(&m_first);
+    QVERIFY(!mask->getMaskWidget()->isVisible());
+}
+
+void tst_OrvMaskCtrl::neverComesBackOnceDeleted()
+{
+    QVERIFY(OrvMaskCtrl::getInstance(&m_window));
+    OrvMaskCtrl::deleteInstance();
+    QVERIFY(!OrvMaskCtrl::getInstance(&m_window));
+    OrvMaskCtrl::deleteInstance();
+    QWidget other;
+    QVERIFY(!OrvMaskCtrl::getInstance(&other));
+    QVERIFY(!OrvMaskCtrl::getInstance(nullptr));
+    QVERIFY(other.children().isEmpty());
+}
+
+void tst_OrvMaskCtrl::isCreatedAfterADeletionThatFoundNothing()
+{
+    OrvMaskCtrl::deleteInstance();
+    QVERIFY(OrvMaskCtrl::getInstance(&m_window));
+}
+
+void tst_OrvMaskCtrl::leavesItsMaskToTheWindow()
+{
+    m_window.show();
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    mask->showMasking(&m_first);
+    const QPointer<QWidget> label = mask->getMaskWidget();
+    OrvMaskCtrl::deleteInstance();
+    QVERIFY(label);
+    QVERIFY(label->isVisible());
+}
+
+void tst_OrvMaskCtrl::showsNothingWithoutWindow()
+{
+    const LogCapture log;
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(nullptr);
+    QVERIFY(mask);
+    QVERIFY(!mask->getMaskWidget());
+    const int windows = QApplication::topLevelWidgets().size();
+    mask->showMasking(&m_first);
+    mask->hideMasking(&m_first);
+    mask->showMasking(nullptr);
+    mask->hideMasking(nullptr);
+    QCOMPARE(QApplication::topLevelWidgets().size(), windows);
+    QCOMPARE(OrvMaskCtrl::getInstance(&m_window), mask);
+    QVERIFY(!mask->getMaskWidget());
+    OrvMaskCtrl::deleteInstance();
+    QVERIFY(!OrvMaskCtrl::getInstance(&m_window));
+    QCOMPARE(log.texts(), QStringList());
+}
+
+void tst_OrvMaskCtrl::showsNothingWhenItsWindowIsGone()
+{
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(window.get());
+    mask->showMasking(&m_first);
+    window.reset();
+    QVERIFY(!mask->getMaskWidget());
+    mask->showMasking(&m_second);
+    mask->hideMasking(&m_first);
+    mask->hideMasking(&m_second);
+    mask->hideMasking(nullptr);
+    QCOMPARE(OrvMaskCtrl::getInstance(&m_window), mask);
+    QVERIFY(!mask->getMaskWidget());
+    OrvMaskCtrl::deleteInstance();
+}
+
+void tst_OrvMaskCtrl::coversAWindowWithoutSize()
+{
+    const LogCapture log;
+    m_window.resize(0, 0);
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&m_window);
+    QCOMPARE(mask->getMaskWidget()->geometry(), QRect(0, 0, 0, 0));
+    mask->showMasking(&m_first);
+    mask->hideMasking(&m_first);
+    QCOMPARE(log.texts(), QStringList());
+}
+
+void tst_OrvMaskCtrl::isCreatedOnceByConcurrentCalls()
+{
+    constexpr int kThreads = 8;
+    std::atomic<int> waiting{kThreads};
+    std::vector<OrvMaskCtrl *> instances(kThreads);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&waiting, &instance = instances[size_t(i)]] {
+            --waiting;
+            while (waiting > 0) {
+            }
+            instance = OrvMaskCtrl::getInstance(nullptr);
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    for (OrvMaskCtrl *instance : instances) {
+        QVERIFY(instance);
+        QCOMPARE(instance, instances.front());
+    }
+}
+
+static int runEachInItsOwnProcess(const QString &program)
+{
+    int failures = 0;
+    const QMetaObject &tests = tst_OrvMaskCtrl::staticMetaObject;
+    for (int i = tests.methodOffset(); i < tests.methodCount(); ++i) {
+        const QString function = QString::fromLatin1(tests.method(i).name());
+        failures += QProcess::execute(program, {function}) == 0 ? 0 : 1;
+    }
+    return failures;
+}
+
+int main(int argc, char **argv)
+{
+    if (argc == 1)
+        return runEachInItsOwnProcess(QString::fromLocal8Bit(argv[0]));
+    const QApplication application(argc, argv);
+    tst_OrvMaskCtrl tests;
+    return QTest::qExec(&tests, argc, argv);
+}
 
 #include "tst_orvmaskctrl.moc"

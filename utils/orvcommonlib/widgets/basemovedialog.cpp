@@ -182,8 +182,10 @@ bool BaseMoveDialog::isOnResizeBorder(const QPoint &pos) const
         {0, height() - border, width(), border},
         {width() - corner, height() - corner, corner, corner},
     };
+    // Without border there is nothing to hit; QRect would find its own first pixel in a rectangle of negative
+    // size.
     return std::any_of(std::begin(borders), std::end(borders),
-                       [&pos](const QRect &rect) { return rect.contains(pos); });
+                       [&pos](const QRect &rect) { return rect.isValid() && rect.contains(pos); });
 }
 
 QPoint BaseMoveDialog::keptInRectOfCanMove(const QPoint &pos) const
