@@ -1,0 +1,154 @@
+#include "customizeiconbutton.h"
+
+#include "clickdetection.h"
+#include "stylesheetpainting.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+
+#include <utility>
+
+namespace {
+
+QString iconSheet(const QString &imagePath)
+{
+    return QStringLiteral("QLabel{background:transparent; border:none; image:url(%1);}").arg(imagePath);
+}
+
+// An empty sheet leaves the look alone; a sheet that is in force already needs no second parsing.
+void applySheet(QWidget *widget, const QString &sheet)
+{
+    if (widget && !sheet.isEmpty() && widget->styleSheet() != sheet)
+        widget->setStyleSheet(sheet);
+}
+
+} // namespace
+
+CustomizeIconButton::CustomizeIconButton(QSize iconSize, QString text, int spacing, QWidget *parent,
+                                         bool isCenter)
+    : QWidget(parent)
+    , m_iconSize(iconSize)
+    , m_text(std::move(text))
+    , m_spacing(spacing)
+{
+    initControls(isCenter);
+}
+
+void CustomizeIconButton::setIconImage(QString normal, QString hover, QString pressed, QString disabled)
+{
+    m_iconSheets = {iconSheet(normal), iconSheet(hover), iconSheet(pressed), iconSheet(disabled)};
+    updateUI();
+}
+
+void CustomizeIconButton::setTextStyle(QString normal, QString hover, QString pressed, QString disabled)
+{
+    m_textSheets = {normal, hover, pressed, disabled};
+    updateUI();
+}
+
+void CustomizeIconButton::setOveralStyle(QString normal, QString hover, QString pressed, QString disabled)
+{
+    m_overallSheets = {normal, hover, pressed, disabled};
+    updateUI();
+}
+
+void CustomizeIconButton::setEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    updateUI();
+}
+
+void CustomizeIconButton::enterEvent(QEvent *event)
+{
+    if (m_enabled) {
+        m_hovered = true;
+        updateUI();
+    }
+    QWidget::enterEvent(event);
+}
+
+void CustomizeIconButton::leaveEvent(QEvent *event)
+{
+    if (m_enabled) {
+        m_hovered = false;
+        updateUI();
+    }
+    QWidget::leaveEvent(event);
+}
+
+void CustomizeIconButton::mousePressEvent(QMouseEvent *event)
+{
+    if (m_enabled && event->button() == Qt::LeftButton) {
+        m_pressed = true;
+        m_pressPos = event->pos();
+        updateUI();
+    }
+    QWidget::mousePressEvent(event);
+}
+
+void CustomizeIconButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_enabled && event->button() == Qt::LeftButton) {
+        const bool wasPressed = std::exchange(m_pressed, false);
+        updateUI();
+        if (wasPressed && isClick(m_pressPos, event->pos())) {
+            const QPointer<CustomizeIconButton> guard(this);
+            Q_EMIT clicked();
+            if (!guard)
+                return;
+        }
+    }
+    QWidget::mouseReleaseEvent(event);
+}
+
+void CustomizeIconButton::paintEvent(QPaintEvent *event)
+{
+    paintStyleSheet(this);
+    QWidget::paintEvent(event);
+}
+
+void CustomizeIconButton::initControls(bool isCenter)
+{
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(m_spacing);
+    const auto addRoom = [&] {
+        layout->addItem(new QSpacerItem(1, m_iconSize.height(), QSizePolicy::Expanding, QSizePolicy::Fixed));
+    };
+
+    if (isCenter)
+        addRoom();
+
+    m_iconLabel = new QLabel(this);
+    m_iconLabel->setFixedSize(m_iconSize);
+    m_iconLabel->setProperty("state", QStringLiteral("normal"));
+    layout->addWidget(m_iconLabel, 0, Qt::AlignCenter);
+
+    m_textLabel = new QLabel(this);
+    m_textLabel->setAlignment(Qt::AlignCenter);
+    m_textLabel->setText(m_text);
+    layout->addWidget(m_textLabel, 0, Qt::AlignCenter);
+
+    if (isCenter)
+        addRoom();
+}
+
+void CustomizeIconButton::updateUI()
+{
+    const State now = state();
+    applySheet(this, m_overallSheets[now]);
+    applySheet(m_iconLabel, m_iconSheets[now]);
+    applySheet(m_textLabel, m_textSheets[now]);
+    update();
+}
+
+CustomizeIconButton::State CustomizeIconButton::state() const
+{
+    if (!m_enabled)
+        return Disabled;
+    if (m_pressed)
+        return Pressed;
+    return m_hovered ? Hover : Normal;
+}
