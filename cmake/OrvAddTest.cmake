@@ -1,13 +1,14 @@
-# orv_add_test(<name> [SOURCE <file>] [INTERNAL] [X11] [SERIAL] [SCALES <ratio>...] [LIBRARIES <target>...]
+# orv_add_test(<name> [SOURCE <file>] [INTERNAL | STANDALONE] [X11] [SERIAL] [SCALES <ratio>...] [LIBRARIES <target>...]
 #              [ENVIRONMENT <VAR=value>...])
 #
 # Builds the QtTest program <name> from <name>.cpp (or SOURCE) and registers it with CTest. It runs on the offscreen
 # platform, unless X11 says that it needs a real server: then it carries the label "x11" and has the pointer for itself.
 #   INTERNAL   links the library's objects instead of the library: for classes that are not exported
+#   STANDALONE links nothing of the library: for tests that load it themselves, from the file ORVCOMMONLIB_FILE
 #   SERIAL     never beside another test (for tests that count time or processes)
 #   SCALES     runs once more for each device pixel ratio, as <name>@<ratio>
 function(orv_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL;X11;SERIAL" "SOURCE" "SCALES;LIBRARIES;ENVIRONMENT")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL;STANDALONE;X11;SERIAL" "SOURCE" "SCALES;LIBRARIES;ENVIRONMENT")
     if(NOT arg_SOURCE)
         set(arg_SOURCE ${name}.cpp)
     endif()
@@ -24,6 +25,9 @@ function(orv_add_test name)
         if(UNIX)
             target_link_libraries(${name} PRIVATE ${ORV_PLATFORM_LIBRARIES})
         endif()
+    elseif(arg_STANDALONE)
+        target_compile_definitions(${name} PRIVATE ORVCOMMONLIB_FILE="$<TARGET_FILE:orvcommonlib>")
+        add_dependencies(${name} orvcommonlib)
     else()
         target_link_libraries(${name} PRIVATE orvcommonlib)
     endif()
