@@ -49,6 +49,7 @@ endfunction()
 
 # Lines of the form "<name of a test>: <reason>": what does not pass under Wine for a reason that lies in Wine.
 file(STRINGS ${PROJECT_SOURCE_DIR}/tests/wine-exclusions.txt ORV_WINE_EXCLUSIONS REGEX "^[^#]")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/wine-exclusions.txt)
 list(TRANSFORM ORV_WINE_EXCLUSIONS REPLACE ":.*" "")
 
 function(orv_register_test test_name target x11 serial environment)

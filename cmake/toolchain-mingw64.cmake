@@ -18,7 +18,8 @@ endif()
 # The compiler checks at configure time run in projects of their own.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ORV_WINDOWS_QT)
 
-set(CMAKE_FIND_ROOT_PATH "${ORV_WINDOWS_QT}" /usr/x86_64-w64-mingw32)
+# What is given as CMAKE_PREFIX_PATH is for the target as well.
+set(CMAKE_FIND_ROOT_PATH "${ORV_WINDOWS_QT}" /usr/x86_64-w64-mingw32 ${CMAKE_PREFIX_PATH})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -1,0 +1,58 @@
+# The tests of the installed package: it is put into a folder of its own, and the projects under tests/consumer use it
+# the way a client would.
+
+set(package ${PROJECT_BINARY_DIR}/install-test)
+set(consumer_options
+    -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE}
+    -DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER})
+if(ORV_SANITIZERS)
+    list(APPEND consumer_options -DCMAKE_CXX_FLAGS=-fsanitize=${ORV_SANITIZERS})
+endif()
+if(CMAKE_TOOLCHAIN_FILE)
+    list(APPEND consumer_options -DCMAKE_TOOLCHAIN_FILE=${CMAKE_TOOLCHAIN_FILE} -DORV_WINDOWS_QT=${ORV_WINDOWS_QT})
+    set(consumer_platform windows)
+    set(cpack -DCPACK=${CMAKE_CPACK_COMMAND})
+else()
+    list(APPEND consumer_options -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER})
+    set(consumer_platform offscreen)
+endif()
+
+# orv_add_consumer_test(<name> <folder under tests> [PROGRAM <name>] [OPTIONS <-DVAR=value>...])
+# Configures and builds a project against the package, then runs the program that it makes.
+function(orv_add_consumer_test name folder)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "PROGRAM" "OPTIONS")
+    set(build_folder ${PROJECT_BINARY_DIR}/consumers/${name})
+    if(arg_PROGRAM)
+        set(run --test-command ${CMAKE_CROSSCOMPILING_EMULATOR}
+            ${build_folder}/${arg_PROGRAM}${CMAKE_EXECUTABLE_SUFFIX})
+    endif()
+    add_test(NAME ${name} COMMAND ${CMAKE_CTEST_COMMAND}
+        --build-and-test ${PROJECT_SOURCE_DIR}/tests/${folder} ${build_folder}
+        --build-generator ${CMAKE_GENERATOR}
+        --build-options -DCMAKE_PREFIX_PATH=${package} ${consumer_options} ${arg_OPTIONS}
+        ${run})
+    set_tests_properties(${name} PROPERTIES
+        FIXTURES_REQUIRED package
+        ENVIRONMENT "QT_QPA_PLATFORM=${consumer_platform};PKG_CONFIG_PATH=${package}/${CMAKE_INSTALL_LIBDIR}/pkgconfig"
+        TIMEOUT 300)
+endfunction()
+
+add_test(NAME package_install COMMAND ${CMAKE_COMMAND}
+    -DBUILD=${PROJECT_BINARY_DIR} -DPREFIX=${package} ${cpack} -P ${PROJECT_SOURCE_DIR}/tests/consumer/install.cmake)
+set_tests_properties(package_install PROPERTIES FIXTURES_SETUP package)
+
+orv_add_consumer_test(package_consumer consumer PROGRAM consumer)
+find_package(PkgConfig QUIET)
+if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
+    orv_add_consumer_test(package_pkg_config consumer PROGRAM consumer OPTIONS -DCONSUMER_WITH_PKG_CONFIG=ON)
+endif()
+
+# What a header says does not depend on sanitizers.
+if(NOT ORV_SANITIZERS)
+    orv_add_consumer_test(package_headers consumer/headers)
+    find_program(ORV_CLANG clang++)
+    mark_as_advanced(ORV_CLANG)
+    if(ORV_CLANG AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT CMAKE_CROSSCOMPILING)
+        orv_add_consumer_test(package_headers_clang consumer/headers OPTIONS -DCMAKE_CXX_COMPILER=${ORV_CLANG})
+    endif()
+endif()
