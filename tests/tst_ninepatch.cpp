@@ -109,6 +109,8 @@ bool identical(const QImage &left, const QImage &right)
 
 } // namespace
 
+Q_DECLARE_METATYPE(Recipe)
+
 class tst_ninepatch : public QObject
 {
     Q_OBJECT
@@ -172,8 +174,6 @@ void tst_ninepatch::equalsTheRecipe()
                  qPrintable(recipe.text()));
     }
 }
-
-Q_DECLARE_METATYPE(Recipe)
 
 QTEST_MAIN(tst_ninepatch)
 
