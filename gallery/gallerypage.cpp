@@ -55,7 +55,8 @@ QVector<const GalleryPage *> GalleryPage::all()
 const GalleryPage *GalleryPage::find(const QString &name)
 {
     const QString wanted = name.toLower().replace(QLatin1Char(' '), QLatin1Char('-'));
-    for (const GalleryPage *page : all()) {
+    const QVector<const GalleryPage *> pages = all();
+    for (const GalleryPage *page : pages) {
         if (page->name() == wanted)
             return page;
     }

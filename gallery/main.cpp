@@ -61,6 +61,19 @@ void choosePlatform(int argc, char **argv)
 #endif
 }
 
+/// Windows names the ratio that the user has chosen; an X server only has the screen's resolution, often a made-up one.
+void setUpScaling()
+{
+    using Policy = Qt::HighDpiScaleFactorRoundingPolicy;
+#ifdef Q_OS_WIN
+    QApplication::setHighDpiScaleFactorRoundingPolicy(Policy::PassThrough);
+#else
+    QApplication::setHighDpiScaleFactorRoundingPolicy(Policy::Round);
+#endif
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
 void setUpLooks(QApplication &application)
 {
     QFont font = application.font();
@@ -76,7 +89,8 @@ void setUpLooks(QApplication &application)
 
 int listPages()
 {
-    for (const GalleryPage *page : GalleryPage::all())
+    const QVector<const GalleryPage *> pages = GalleryPage::all();
+    for (const GalleryPage *page : pages)
         std::printf("%s\n", qPrintable(page->name()));
     return 0;
 }
@@ -86,9 +100,7 @@ int listPages()
 int main(int argc, char **argv)
 {
     choosePlatform(argc, argv);
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    setUpScaling();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("gallery"));
 

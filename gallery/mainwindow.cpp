@@ -1,5 +1,6 @@
 #include "mainwindow.h"
 #include "gallerypage.h"
+#include "orvmaskctrl.h"
 #include "pagelist.h"
 #include "pageview.h"
 #include "reportlog.h"
@@ -8,6 +9,7 @@
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QStackedWidget>
 
@@ -15,12 +17,13 @@ namespace {
 
 constexpr QSize kMinimumSize(760, 480);
 constexpr int kHairline = 1;
+constexpr int kEdge = 5; // left free of what takes presses, so that the window can be resized there
 constexpr int kPanelHeight = 168;
 
 } // namespace
 
 MainWindow::MainWindow(ReportLog *log, QWidget *parent)
-    : QWidget(parent, Qt::FramelessWindowHint | Qt::Window)
+    : BaseMoveDialog(parent, true, false, false)
     , m_titleBar(new TitleBar(this))
     , m_pageList(new PageList(this))
     , m_stack(new QStackedWidget(this))
@@ -28,7 +31,7 @@ MainWindow::MainWindow(ReportLog *log, QWidget *parent)
 {
     setWindowTitle(QStringLiteral("orvcommonlib gallery"));
     setGalleryRole(this, "window");
-    setAttribute(Qt::WA_StyledBackground);
+    setWidgetResizable(true);
     setMinimumSize(kMinimumSize);
     resize(kWidth, kHeight);
     buildContents();
@@ -36,6 +39,7 @@ MainWindow::MainWindow(ReportLog *log, QWidget *parent)
 
     connect(log, &ReportLog::arrived, m_panel, &ReportPanel::append);
     connect(m_pageList, &PageList::pageChosen, this, &MainWindow::openPage);
+    connect(this, &MainWindow::sig_doubleclickCanDragRect, this, &MainWindow::toggleMaximised);
     connect(m_titleBar, &TitleBar::minimiseClicked, this, &MainWindow::showMinimized);
     connect(m_titleBar, &TitleBar::maximiseClicked, this, &MainWindow::toggleMaximised);
     connect(m_titleBar, &TitleBar::closeClicked, this, &MainWindow::close);
@@ -60,9 +64,19 @@ void MainWindow::clearReports()
 
 void MainWindow::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::WindowStateChange)
+    if (event->type() == QEvent::WindowStateChange) {
         m_titleBar->setMaximised(isMaximized());
-    QWidget::changeEvent(event);
+        setCanMove(!isMaximized());
+        setWidgetResizable(!isMaximized());
+    }
+    BaseMoveDialog::changeEvent(event);
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    BaseMoveDialog::resizeEvent(event);
+    setRectOfCanDrag(QRect(0, 0, width(), m_titleBar->height()));
+    fitMask();
 }
 
 void MainWindow::buildContents()
@@ -74,6 +88,7 @@ void MainWindow::buildContents()
     splitter->setChildrenCollapsible(false);
     splitter->setStretchFactor(0, 1);
     splitter->setHandleWidth(1);
+    m_stack->setContentsMargins(0, 0, kEdge, 0);
     splitter->setSizes({kHeight - kPanelHeight, kPanelHeight});
 
     auto *body = new QHBoxLayout;
@@ -94,4 +109,17 @@ void MainWindow::toggleMaximised()
         showNormal();
     else
         showMaximized();
+}
+
+void MainWindow::fitMask()
+{
+    // The mask has the size that its window had when it was made. A window that changes its size fits it
+    // again.
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(this);
+    if (mask == nullptr)
+        return;
+    if (auto *label = qobject_cast<QLabel *>(mask->getMaskWidget())) {
+        label->setScaledContents(true);
+        label->resize(size());
+    }
 }

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "basemovedialog.h"
+
 #include <QtCore/QHash>
-#include <QtWidgets/QWidget>
 
 class GalleryPage;
 class PageList;
@@ -11,8 +12,10 @@ class ReportLog;
 class ReportPanel;
 class TitleBar;
 
-/// The gallery's window: pages on the left, the chosen one on the right, the panel below it.
-class MainWindow : public QWidget
+/// The gallery's window: pages on the left, the chosen one on the right, the panel below it. It is built from
+/// the library: dragged by its title bar, resized by its edges, darkened by the mask while a masked dialog is
+/// open.
+class MainWindow : public BaseMoveDialog
 {
     Q_OBJECT
 
@@ -29,10 +32,12 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void buildContents();
     void toggleMaximised();
+    void fitMask();
 
     TitleBar *m_titleBar;
     PageList *m_pageList;

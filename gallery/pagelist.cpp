@@ -89,7 +89,8 @@ void PageList::setCurrentPage(const GalleryPage *page)
 void PageList::fill()
 {
     const GalleryPage *previous = nullptr;
-    for (const GalleryPage *page : GalleryPage::all()) {
+    const QVector<const GalleryPage *> pages = GalleryPage::all();
+    for (const GalleryPage *page : pages) {
         if (previous == nullptr || previous->family() != page->family())
             newFamilyItem(familyTitle(page->family()), m_list);
         newPageItem(page, m_list);

@@ -79,7 +79,8 @@ bool writeShots(MainWindow *window, const QString &folder)
     const QDir dir(folder);
     bool everythingWritten = dir.mkpath(QStringLiteral("."));
     window->show();
-    for (const GalleryPage *page : GalleryPage::all()) {
+    const QVector<const GalleryPage *> pages = GalleryPage::all();
+    for (const GalleryPage *page : pages) {
         window->clearReports();
         const PageView *view = window->openPage(page);
         const QString name = QStringLiteral("page-") + page->name();
