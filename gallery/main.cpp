@@ -61,7 +61,8 @@ void choosePlatform(int argc, char **argv)
 #endif
 }
 
-/// Windows names the ratio that the user has chosen; an X server only has the screen's resolution, often a made-up one.
+/// Windows names the ratio that the user has chosen; an X server only has the screen's resolution, often a
+/// made-up one.
 void setUpScaling()
 {
     using Policy = Qt::HighDpiScaleFactorRoundingPolicy;

@@ -13,6 +13,7 @@
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QSpinBox>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QVBoxLayout>
 
 namespace {
@@ -22,7 +23,7 @@ constexpr int kCardSpacing = 12;
 constexpr int kExampleGap = 28;
 constexpr int kExampleRowGap = 20;
 constexpr int kCaptionGap = 8;
-constexpr int kLabelWidth = 112;
+constexpr int kLabelWidth = 124;
 constexpr int kColumnGap = 32;
 constexpr int kRowGap = 10;
 constexpr int kButtonGap = 8;
@@ -52,6 +53,9 @@ QLabel *newParagraph(const QString &text, const char *role, QWidget *parent)
 void setGalleryRole(QWidget *widget, const char *role)
 {
     widget->setProperty("galleryRole", QLatin1String(role));
+    // A style may have looked at the widget already, and would keep to the rules that it found then.
+    widget->style()->unpolish(widget);
+    widget->style()->polish(widget);
 }
 
 PageBuilder::PageBuilder(QWidget *content, QWidget *window, QVector<PageShot> *shots)

@@ -8,6 +8,7 @@
 
 namespace {
 
+constexpr int kMaximumWidth = 1040;
 constexpr int kPageMargin = 24;
 constexpr int kPageSpacing = 14;
 constexpr int kSentenceGap = 4;
@@ -41,6 +42,7 @@ PageView::PageView(const GalleryPage &page, QWidget *window, QWidget *parent)
 
     auto *content = new QWidget(this);
     setGalleryRole(content, "pageContent");
+    content->setMaximumWidth(kMaximumWidth);
     auto *layout = new QVBoxLayout(content);
     layout->setContentsMargins(kPageMargin, kPageMargin - 8, kPageMargin, kPageMargin);
     layout->setSpacing(kPageSpacing);
