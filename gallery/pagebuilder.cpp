@@ -12,6 +12,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QStyle>
 #include <QtWidgets/QVBoxLayout>
@@ -46,6 +47,15 @@ QLabel *newParagraph(const QString &text, const char *role, QWidget *parent)
     label->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
     label->setOpenExternalLinks(true);
     return label;
+}
+
+QLineEdit *newLineEdit(const QString &text, std::function<void(const QString &)> changed, QWidget *parent)
+{
+    auto *edit = new QLineEdit(text, parent);
+    edit->setCursorPosition(0);
+    if (changed)
+        QObject::connect(edit, &QLineEdit::textChanged, edit, changed);
+    return edit;
 }
 
 } // namespace
@@ -155,11 +165,16 @@ QDoubleSpinBox *PageBuilder::doubleSpinBox(const PageText &label, double minimum
 QLineEdit *PageBuilder::lineEdit(const PageText &label, const PageText &text,
                                  std::function<void(const QString &)> changed)
 {
-    auto *edit = new QLineEdit(text.string(), m_content);
-    edit->setCursorPosition(0);
-    if (changed)
-        QObject::connect(edit, &QLineEdit::textChanged, edit, changed);
+    QLineEdit *edit = newLineEdit(text.string(), std::move(changed), m_content);
     addControl(label, edit);
+    return edit;
+}
+
+QLineEdit *PageBuilder::wideLineEdit(const PageText &label, const PageText &text,
+                                     std::function<void(const QString &)> changed)
+{
+    QLineEdit *edit = newLineEdit(text.string(), std::move(changed), m_content);
+    addControl(label, edit, true);
     return edit;
 }
 
@@ -170,6 +185,8 @@ QPlainTextEdit *PageBuilder::textEdit(const PageText &label, const PageText &tex
     layout->addWidget(newLabel(label.string(), "label", layout->parentWidget()));
     auto *edit = new QPlainTextEdit(text.string(), layout->parentWidget());
     setGalleryRole(edit, "control");
+    setGalleryRole(edit->verticalScrollBar(), "scroll");
+    setGalleryRole(edit->horizontalScrollBar(), "scroll");
     edit->setFixedHeight(kTextEditHeight);
     if (changed)
         QObject::connect(edit, &QPlainTextEdit::textChanged, edit,
@@ -256,16 +273,19 @@ QWidget *PageBuilder::captioned(QWidget *widget, const PageText &caption)
     return holder;
 }
 
-void PageBuilder::addControl(const PageText &label, QWidget *control)
+void PageBuilder::addControl(const PageText &label, QWidget *control, bool wide)
 {
     QGridLayout *layout = grid();
+    if (wide && m_controlCount % kControlsPerRow != 0)
+        ++m_controlCount;
     const int row = m_controlCount / kControlsPerRow;
     const int column = m_controlCount % kControlsPerRow * kCellsPerControl;
-    ++m_controlCount;
+    const int span = wide ? kControlsPerRow : 1;
+    m_controlCount += span;
     setGalleryRole(control, "control");
     control->setMinimumHeight(kControlHeight);
     layout->addWidget(newLabel(label.string(), "label", m_card->parentWidget()), row, column);
-    layout->addWidget(control, row, column + 1);
+    layout->addWidget(control, row, column + 1, 1, (span - 1) * kCellsPerControl + 1);
 }
 
 QPushButton *PageBuilder::addButton(const PageText &text, std::function<void()> clicked, const char *role)

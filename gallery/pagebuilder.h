@@ -119,6 +119,9 @@ public:
                                   std::function<void(double)> changed = {});
     QLineEdit *lineEdit(const PageText &label, const PageText &text,
                         std::function<void(const QString &)> changed = {});
+    /// The same in a row of its own, for long texts.
+    QLineEdit *wideLineEdit(const PageText &label, const PageText &text,
+                            std::function<void(const QString &)> changed = {});
     /// Several lines of text, as wide as the card.
     QPlainTextEdit *textEdit(const PageText &label, const PageText &text,
                              std::function<void(const QString &)> changed = {});
@@ -144,7 +147,7 @@ private:
     QVBoxLayout *card();
     QGridLayout *grid();
     QWidget *captioned(QWidget *widget, const PageText &caption);
-    void addControl(const PageText &label, QWidget *control);
+    void addControl(const PageText &label, QWidget *control, bool wide = false);
     QPushButton *addButton(const PageText &text, std::function<void()> clicked, const char *role);
 
     QWidget *m_content;

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kWidth = 228;
+constexpr int kWidth = 240;
 constexpr int kMargin = 12;
 constexpr int kSearchHeight = 32;
 constexpr int kPageRowHeight = 30;
