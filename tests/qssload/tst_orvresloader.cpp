@@ -1,0 +1,672 @@
+#include "orvresloader.h"
+
+#include "logcapture.h"
+#include "seed.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QMap>
+#include <QtCore/QRandomGenerator>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+
+#include <memory>
+#include <type_traits>
+
+namespace {
+
+/// What a loader is measured by: the same steps, each reference replaced in the whole text before the next
+/// one.
+class PlainLoader
+{
+public:
+    void loadThemeFile(const QString &fileName)
+    {
+        QSettings theme(fileName, QSettings::IniFormat);
+        m_log << QStringLiteral("theme name: \"%1\"")
+                     .arg(theme.value(QStringLiteral("ThemeName"), QVariant()).toString());
+        for (const QString &key : theme.childKeys())
+            m_values.insert(key, theme.value(key).toString());
+        for (const QString &group : theme.childGroups()) {
+            theme.beginGroup(group);
+            for (const QString &key : theme.childKeys())
+                m_values.insert(key, theme.value(key).toString());
+            theme.endGroup();
+        }
+        for (const QString &key : m_values.keys()) {
+            QString value = m_values.value(key);
+            for (const QString &reference : references(value))
+                value.replace(reference, valueOf(reference), Qt::CaseSensitive);
+            m_values.insert(key, value);
+        }
+    }
+
+    QString appendQssFile(const QString &fileName)
+    {
+        QFile file(fileName);
+        QString text;
+        if (file.open(QIODevice::ReadOnly))
+            text = QString::fromUtf8(file.readAll());
+        QStringList distinct;
+        for (const QString &reference : references(text)) {
+            if (!distinct.contains(reference, Qt::CaseSensitive))
+                distinct << reference;
+        }
+        for (const QString &reference : distinct)
+            text.replace(reference, valueOf(reference), Qt::CaseSensitive);
+        m_sheet += text;
+        return m_sheet;
+    }
+
+    QStringList log() const { return m_log; }
+
+private:
+    static QStringList references(const QString &text)
+    {
+        static const QRegularExpression pattern(QStringLiteral("(@(\\w+)|@{(\\w+)})"));
+        QStringList result;
+        QRegularExpressionMatchIterator matches = pattern.globalMatch(text);
+        while (matches.hasNext())
+            result << matches.next().captured(0);
+        return result;
+    }
+
+    QString valueOf(const QString &reference)
+    {
+        QString name = reference;
+        name.remove(QLatin1Char('@'));
+        name.remove(QLatin1Char('{'));
+        name.remove(QLatin1Char('}'));
+        const QString value = m_values.value(name);
+        if (value.isEmpty())
+            m_log << QStringLiteral("\"%1\" not exist").arg(name);
+        return value;
+    }
+
+    QMap<QString, QString> m_values;
+    QString m_sheet;
+    QStringList m_log;
+};
+
+/// Small random themes and sheets of few characters, so that names are prefixes of one another, values hold
+/// references and replacements join to new ones.
+class RandomText
+{
+public:
+    explicit RandomText(quint32 seed)
+        : m_random(seed)
+    {
+    }
+
+    int below(int limit) { return int(m_random.bounded(limit)); }
+
+    QString name()
+    {
+        QString result;
+        for (int length = 1 + below(3); length > 0; --length)
+            result += QChar(u"abA_1"[below(5)]);
+        return result;
+    }
+
+    /// Tokens without blanks between them more often than not.
+    QString text(int tokens)
+    {
+        QString result;
+        while (tokens-- > 0) {
+            switch (below(8)) {
+            case 0:
+                result += QLatin1Char('@');
+                break;
+            case 1:
+                result += QLatin1Char('{');
+                break;
+            case 2:
+                result += QLatin1Char('}');
+                break;
+            case 3:
+                result += QLatin1Char(' ');
+                break;
+            case 4:
+                result += name();
+                break;
+            case 5:
+                result += QLatin1String("@{") + name() + QLatin1Char('}');
+                break;
+            default:
+                result += QLatin1Char('@') + name();
+                break;
+            }
+        }
+        return result;
+    }
+
+    QString theme()
+    {
+        QString result;
+        for (int keys = below(9); keys > 0; --keys) {
+            if (below(6) == 0)
+                result += QLatin1Char('[') + name() + QLatin1String("]\n");
+            result += name() + QLatin1Char('=') + text(below(4)) + QLatin1Char('\n');
+        }
+        return result;
+    }
+
+private:
+    QRandomGenerator m_random;
+};
+
+} // namespace
+
+class tst_orvresloader : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void isPlain();
+    void startsEmpty();
+    void resolvesBothForms();
+    void resolvesReferences_data();
+    void resolvesReferences();
+    void sectionsAreFlat();
+    void themesAddUp();
+    void resolvesValuesOnceInKeyOrder_data();
+    void resolvesValuesOnceInKeyOrder();
+    void repeatedReferencesOfValuesAreAskedAgain();
+    void loadStartsAnew();
+    void appendAddsUp();
+    void missingSheet_data();
+    void missingSheet();
+    void unusableTheme_data();
+    void unusableTheme();
+    void logsItsOwnCallSites();
+    void tellsEachMissingNameOnce();
+    void encodings_data();
+    void encodings();
+    void themeValuesAreReadByQSettings_data();
+    void themeValuesAreReadByQSettings();
+    void readsResources();
+    void copiesAreIndependent();
+    void copiesOutliveTheOriginal();
+    void resultStylesWidgets();
+    void equalsThePlainRecipe();
+    void multiplyingValues();
+    void manyNamesThatBeginAlike();
+    void largeSheetsAndThemes();
+
+private:
+    QString file(const QByteArray &content);
+    QString resolved(const QByteArray &theme, const QByteArray &sheet);
+
+    QTemporaryDir m_folder;
+    int m_files = 0;
+};
+
+void tst_orvresloader::initTestCase()
+{
+    QVERIFY(m_folder.isValid());
+}
+
+/// A new file with this content: QSettings remembers the content of files by their names.
+QString tst_orvresloader::file(const QByteArray &content)
+{
+    QFile file(m_folder.filePath(QString::number(++m_files)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        return QString();
+    return file.fileName();
+}
+
+QString tst_orvresloader::resolved(const QByteArray &theme, const QByteArray &sheet)
+{
+    const LogCapture quiet;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(file(theme));
+    return loader.loadQssFile(file(sheet));
+}
+
+void tst_orvresloader::isPlain()
+{
+    QVERIFY(!std::is_polymorphic<OrvResourceLoader>::value);
+    QVERIFY(std::is_copy_constructible<OrvResourceLoader>::value);
+    QVERIFY(std::is_copy_assignable<OrvResourceLoader>::value);
+}
+
+void tst_orvresloader::startsEmpty()
+{
+    LogCapture log;
+    OrvResourceLoader loader;
+    QCOMPARE(loader.appendQssFile(file("QLabel{color:@text;}")), QStringLiteral("QLabel{color:;}"));
+    QCOMPARE(log.texts(), QStringList{QStringLiteral("\"text\" not exist")});
+}
+
+void tst_orvresloader::resolvesBothForms()
+{
+    QCOMPARE(resolved("accent=#4B66EB\n", "a:@{accent};b:@accent;c:@{accent}x;"),
+             QStringLiteral("a:#4B66EB;b:#4B66EB;c:#4B66EBx;"));
+}
+
+void tst_orvresloader::resolvesReferences_data()
+{
+    QTest::addColumn<QByteArray>("theme");
+    QTest::addColumn<QByteArray>("sheet");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const char *theme, const char *sheet, const char *expected) {
+        QTest::newRow(name) << QByteArray(theme) << QByteArray(sheet) << QString::fromUtf8(expected);
+    };
+    row("several times", "a=1\n", "@a @a;@{a}@a", "1 1;11");
+    row("several names", "a=1\nb=2\n", "@b@a", "21");
+    row("shorter name first", "main=red\nmainText=blue\n", "@main; @mainText;", "red; redText;");
+    row("longer name first", "main=red\nmainText=blue\n", "@mainText; @main;", "blue; red;");
+    row("braces guard a longer name", "main=red\nmainText=blue\n", "@{main}; @{mainText};", "red; blue;");
+    row("high-resolution picture", "a=1\n", "url(icon@2x.png)", "url(icon.png)");
+    row("name that begins with a digit", "2x=X\n", "url(icon@2x.png)", "url(iconX.png)");
+    row("underscores", "a_b=1\n", "@a_b-@a_b", "1-1");
+    row("case counts", "Main=1\n", "@main@Main", "1");
+    row("unknown", "a=1\n", "x@b;@{c}y", "x;y");
+    row("empty value", "a=\n", "x@a;", "x;");
+    row("no reference", "a=1\n", "@ a @{} @{a a} @-a {a}", "@ a @{} @{a a} @-a {a}");
+    row("open brace", "a=1\n", "@{a", "@{a");
+    row("two signs", "a=1\n", "@@a", "@1");
+    row("letters beyond ASCII end a name", "a=1\n", "@a\xc3\xa9", "1\xc3\xa9");
+    // The theme's own pass leaves "@b" in the value of a.
+    row("a value's reference is found later", "a=@c\nb=2\nc=@b\n", "@a @b", "2 2");
+    row("but not earlier", "a=@c\nb=2\nc=@b\n", "@b @a", "2 @b");
+    row("joined in front", "a=x\nbx=2\n", "@b@a @bx", "x x");
+    row("joined to a later reference", "a=x\nbx=7\nz=@zz\nzz=@b\n", "@z@a @bx", "7 7");
+    row("joined braces", "b=1\n", "@z @{@zb} @{b}", " 1 1");
+    row("empty sheet", "a=1\n", "", "");
+    row("theme name is a value too", "ThemeName=Dark\n", "@ThemeName", "Dark");
+}
+
+void tst_orvresloader::resolvesReferences()
+{
+    QFETCH(const QByteArray, theme);
+    QFETCH(const QByteArray, sheet);
+    QFETCH(const QString, expected);
+    QCOMPARE(resolved(theme, sheet), expected);
+}
+
+void tst_orvresloader::sectionsAreFlat()
+{
+    const QByteArray theme = "a=top\nb=top\n[One]\na=one\nc=one\n[Two]\nc=two\nd=two\n";
+    QCOMPARE(resolved(theme, "@a @b @c @d"), QStringLiteral("one top two two"));
+    // QSettings lists the groups in alphabetical order, whatever their order in the file.
+    QCOMPARE(resolved("[Two]\na=two\n[One]\na=one\n", "@a"), QStringLiteral("two"));
+    QCOMPARE(resolved("[General]\na=general\n[Two]\nb=two\n", "@a @b"), QStringLiteral("general two"));
+}
+
+void tst_orvresloader::themesAddUp()
+{
+    const LogCapture quiet;
+    OrvResourceLoader loader;
+    QVERIFY(loader.loadThemeFile(file("a=1\nb=2\n")));
+    QVERIFY(loader.loadThemeFile(file("b=3\nc=@a\n")));
+    QCOMPARE(loader.loadQssFile(file("@a @b @c")), QStringLiteral("1 3 1"));
+}
+
+void tst_orvresloader::resolvesValuesOnceInKeyOrder_data()
+{
+    QTest::addColumn<QByteArray>("theme");
+    QTest::addColumn<QString>("expected"); // of the sheet "@a"
+    const auto row = [](const char *name, const char *theme, const char *expected) {
+        QTest::newRow(name) << QByteArray(theme) << QString::fromUtf8(expected);
+    };
+    row("backward", "a=@A\nA=#fff\n", "#fff");
+    row("backward chain", "a=@Z\nZ=@A\nA=#fff\n", "#fff");
+    row("forward", "a=@b\nb=#fff\n", "#fff");
+    row("forward chain stops after one step", "a=@c\nb=#fff\nc=@b\n", "@b");
+    row("itself", "a=@a\n", "@a");
+    row("prefix in a value", "a=@B-@Bc\nB=1\nBc=2\n", "1-1c");
+    row("braces", "a=@{B}c@{Bc}\nB=1\nBc=2\n", "1c2");
+    row("missing", "a=x@nothing;\n", "x");
+}
+
+void tst_orvresloader::resolvesValuesOnceInKeyOrder()
+{
+    QFETCH(const QByteArray, theme);
+    QFETCH(const QString, expected);
+    QCOMPARE(resolved(theme, "@a"), expected);
+}
+
+void tst_orvresloader::repeatedReferencesOfValuesAreAskedAgain()
+{
+    LogCapture log;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(file("a=@no@no@no\n"));
+    const QString missing = QStringLiteral("\"no\" not exist");
+    QCOMPARE(log.texts(), (QStringList{QStringLiteral("theme name: \"\""), missing, missing, missing}));
+    // Twice in the own value: two steps, each of which doubles what is there.
+    QCOMPARE(resolved("a=@a@a\n", "@a"), QStringLiteral("@a").repeated(8));
+}
+
+void tst_orvresloader::loadStartsAnew()
+{
+    const LogCapture quiet;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(file("a=1\n"));
+    QCOMPARE(loader.loadQssFile(file("first@a")), QStringLiteral("first1"));
+    QCOMPARE(loader.loadQssFile(file("second@a")), QStringLiteral("second1"));
+}
+
+void tst_orvresloader::appendAddsUp()
+{
+    const LogCapture quiet;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(file("a=1\nab=2\n"));
+    QCOMPARE(loader.loadQssFile(file("x@a;@")), QStringLiteral("x1;@"));
+    // What is already there is not looked at again, even where the new sheet completes a reference.
+    QCOMPARE(loader.appendQssFile(file("ab@ab")), QStringLiteral("x1;@ab2"));
+    QCOMPARE(loader.appendQssFile(file("\n")), QStringLiteral("x1;@ab2\n"));
+}
+
+void tst_orvresloader::missingSheet_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("missing") << m_folder.filePath(QStringLiteral("missing.qss"));
+    QTest::newRow("folder") << m_folder.path();
+    QTest::newRow("missing resource") << QStringLiteral(":/nowhere/missing.qss");
+    QTest::newRow("no name") << QString();
+    QTest::newRow("name too long") << m_folder.filePath(QString(100000, QLatin1Char('x')));
+}
+
+void tst_orvresloader::missingSheet()
+{
+    QFETCH(const QString, path);
+    QFile unopened(path);
+    LogCapture log;
+    QVERIFY(!unopened.open(QIODevice::ReadOnly));
+    OrvResourceLoader loader;
+    QCOMPARE(loader.loadQssFile(file("kept")), QStringLiteral("kept"));
+    QCOMPARE(loader.appendQssFile(path), QStringLiteral("kept"));
+    QCOMPARE(loader.loadQssFile(path), QString());
+    QCOMPARE(loader.appendQssFile(file("new")), QStringLiteral("new"));
+
+    QVector<LogLine> own;
+    for (const LogLine &line : log.lines()) {
+        if (line.text.startsWith(QLatin1String("\"load [")))
+            own << line;
+    }
+    QCOMPARE(own.size(), 2);
+    for (const LogLine &line : own) {
+        QCOMPARE(line.type, QtWarningMsg);
+        QCOMPARE(line.text, QStringLiteral("\"load [%1] failed:\" \"%2\"").arg(path, unopened.errorString()));
+        QVERIFY2(line.function.contains(QLatin1String("OrvResourceLoader::load(const QString&)")),
+                 qPrintable(line.function));
+    }
+}
+
+void tst_orvresloader::unusableTheme_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("missing") << m_folder.filePath(QStringLiteral("missing.ini"));
+    QTest::newRow("folder") << m_folder.path();
+    QTest::newRow("no name") << QString();
+    QTest::newRow("empty") << file("");
+    QTest::newRow("no INI file") << file("just some words\nand more of them\n");
+    QTest::newRow("broken sections") << file("[never closed\n]]]\n=\n[]\n===\n");
+    QByteArray binary;
+    for (int i = 0; i < 4096; ++i)
+        binary += char(i * 7 + i / 256);
+    QTest::newRow("binary") << file(binary.replace('=', '-').replace('@', '-'));
+}
+
+void tst_orvresloader::unusableTheme()
+{
+    QFETCH(const QString, path);
+    LogCapture log;
+    OrvResourceLoader loader;
+    QVERIFY(loader.loadThemeFile(file("a=1\n")));
+    log.clear();
+    QVERIFY(loader.loadThemeFile(path));
+    // QSettings itself warns of a line without a name.
+    QCOMPARE(log.texts().filter(QLatin1String("theme name:")),
+             QStringList{QStringLiteral("theme name: \"\"")});
+    QCOMPARE(loader.loadQssFile(file("@a")), QStringLiteral("1"));
+}
+
+void tst_orvresloader::logsItsOwnCallSites()
+{
+    LogCapture log;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(file("ThemeName=Night\na=@b\n"));
+    loader.loadQssFile(file("@c"));
+    const QVector<LogLine> lines = log.lines();
+    QCOMPARE(lines.size(), 3);
+    QCOMPARE(lines.at(0).text, QStringLiteral("theme name: \"Night\""));
+    QVERIFY(
+        lines.at(0).function.contains(QLatin1String("OrvResourceLoader::initConfigFile(const QString&)")));
+    QCOMPARE(lines.at(1).text, QStringLiteral("\"b\" not exist"));
+    QCOMPARE(lines.at(2).text, QStringLiteral("\"c\" not exist"));
+    for (const LogLine &line : lines) {
+        QCOMPARE(line.type, QtInfoMsg);
+        QCOMPARE(line.category, QStringLiteral("default"));
+        QVERIFY(line.file.endsWith(QLatin1String("orvresloader.cpp")));
+        QVERIFY(line.line > 0);
+    }
+    QVERIFY(lines.at(2).function.contains(
+        QLatin1String("OrvResourceLoader::getMatchedValue(const QString&) const")));
+}
+
+void tst_orvresloader::tellsEachMissingNameOnce()
+{
+    LogCapture log;
+    OrvResourceLoader loader;
+    loader.loadQssFile(file("@b @a @b @{a} @2x @a"));
+    // The two ways to write a name are two references.
+    QCOMPARE(log.texts(),
+             (QStringList{QStringLiteral("\"b\" not exist"), QStringLiteral("\"a\" not exist"),
+                          QStringLiteral("\"a\" not exist"), QStringLiteral("\"2x\" not exist")}));
+}
+
+void tst_orvresloader::encodings_data()
+{
+    QTest::addColumn<QByteArray>("sheet");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("UTF-8") << QByteArray("/* \xe4\xb8\xad\xf0\x9f\x98\x80 */@a")
+                           << QString::fromUtf8("/* \xe4\xb8\xad\xf0\x9f\x98\x80 */1");
+    QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf@a{}") << QStringLiteral("1{}");
+    QTest::newRow("not UTF-8") << QByteArray("\xff@a")
+                               << QString::fromUtf8("\xef\xbf\xbd") + QLatin1Char('1');
+    QTest::newRow("line ends are kept") << QByteArray("@a\r\n@a\n") << QStringLiteral("1\r\n1\n");
+    // As QString takes a QByteArray, the text ends at the first zero byte.
+    QTest::newRow("zero byte") << QByteArray("@a\0@a", 5) << QStringLiteral("1");
+}
+
+void tst_orvresloader::encodings()
+{
+    QFETCH(const QByteArray, sheet);
+    QFETCH(const QString, expected);
+    QCOMPARE(resolved("a=1\n", sheet), expected);
+}
+
+void tst_orvresloader::themeValuesAreReadByQSettings_data()
+{
+    QTest::addColumn<QByteArray>("theme");
+    QTest::addColumn<QString>("expected"); // of the sheet "@a"
+    QTest::newRow("quoted") << QByteArray("a=\"rgb(1, 2, 3)\"\n") << QStringLiteral("rgb(1, 2, 3)");
+    QTest::newRow("a list has no text") << QByteArray("a=rgb(1, 2, 3)\n") << QString();
+    QTest::newRow("comment") << QByteArray("; a=2\na=1 ; one\n") << QStringLiteral("1");
+    QTest::newRow("Latin-1") << QByteArray("a=\xe9\n") << QString(QChar(0xe9));
+    QTest::newRow("escape") << QByteArray("a=\\x4e2d\n") << QString(QChar(0x4e2d));
+    QTest::newRow("half a character is matched by nothing")
+        << QByteArray("a=\\xd800 @b\nb=1\n") << QString(QChar(0xd800)) + QStringLiteral(" @b");
+    QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf[General]\na=1\n") << QStringLiteral("1");
+    QTest::newRow("sub-groups are not entered") << QByteArray("[g]\nsub/a=1\n") << QString();
+}
+
+void tst_orvresloader::themeValuesAreReadByQSettings()
+{
+    QFETCH(const QByteArray, theme);
+    QFETCH(const QString, expected);
+    QCOMPARE(resolved(theme, "@a"), expected);
+}
+
+void tst_orvresloader::readsResources()
+{
+    // Qt's own style sheet of the message box stands for any resource.
+    const LogCapture quiet;
+    const QString path = QStringLiteral(":/qt-project.org/styles/commonstyle/images/dirclosed-128.png");
+    QVERIFY(QFile::exists(path));
+    OrvResourceLoader loader;
+    QVERIFY(!loader.loadQssFile(path).isEmpty());
+}
+
+void tst_orvresloader::copiesAreIndependent()
+{
+    const LogCapture quiet;
+    OrvResourceLoader original;
+    original.loadThemeFile(file("a=1\n"));
+    original.loadQssFile(file("@a"));
+    OrvResourceLoader copy(original);
+    OrvResourceLoader assigned;
+    assigned.loadThemeFile(file("a=9\nb=9\n"));
+    OrvResourceLoader &result = (assigned = original);
+    QCOMPARE(&result, &assigned);
+
+    original.loadThemeFile(file("a=2\n"));
+    QCOMPARE(original.appendQssFile(file("@a@b")), QStringLiteral("12"));
+    QCOMPARE(copy.appendQssFile(file("@a@b")), QStringLiteral("11"));
+    QCOMPARE(assigned.appendQssFile(file("@a@b")), QStringLiteral("11"));
+    OrvResourceLoader &itself = assigned;
+    assigned = itself;
+    QCOMPARE(assigned.appendQssFile(file("@a")), QStringLiteral("111"));
+}
+
+void tst_orvresloader::copiesOutliveTheOriginal()
+{
+    const LogCapture quiet;
+    auto original = std::make_unique<OrvResourceLoader>();
+    original->loadThemeFile(file("a=1\n"));
+    const auto copy = std::make_unique<OrvResourceLoader>(*original);
+    original.reset();
+    QCOMPARE(copy->loadQssFile(file("@a")), QStringLiteral("1"));
+}
+
+void tst_orvresloader::resultStylesWidgets()
+{
+    const LogCapture quiet;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(file("[Colours]\ntext=#4B66EB\n[Sizes]\nbody=17px\n"));
+    loader.loadQssFile(file("QLabel { color: @text; }\n"));
+    QLabel label;
+    label.setStyleSheet(loader.appendQssFile(file("QLabel { font-size: @{body}; }\n")));
+    label.ensurePolished();
+    QCOMPARE(label.palette().color(QPalette::WindowText), QColor(0x4B, 0x66, 0xEB));
+    QCOMPARE(label.font().pixelSize(), 17);
+}
+
+void tst_orvresloader::equalsThePlainRecipe()
+{
+    const quint32 first = firstSeed();
+    for (quint32 round = 0; round < 4000; ++round) {
+        const quint32 seed = first + round;
+        RandomText random(seed);
+        const QByteArray theme = random.theme().toUtf8();
+        const QByteArray sheet = random.text(random.below(25)).toUtf8();
+        const QString themeFile = file(theme);
+        const QString sheetFile = file(sheet);
+
+        PlainLoader plain;
+        plain.loadThemeFile(themeFile);
+        const QString expected = plain.appendQssFile(sheetFile);
+
+        LogCapture log;
+        OrvResourceLoader loader;
+        loader.loadThemeFile(themeFile);
+        const QString result = loader.loadQssFile(sheetFile);
+        QFile::remove(themeFile);
+        QFile::remove(sheetFile);
+        if (result == expected && log.texts() == plain.log())
+            continue;
+        QFAIL(qPrintable(
+            QStringLiteral("seed %1\ntheme:\n%2\nsheet: %3\nresult: %4\nplain:  %5\nlog: %6\nplain: %7")
+                .arg(seed)
+                .arg(QString::fromUtf8(theme), QString::fromUtf8(sheet), result, expected,
+                     log.texts().join(QLatin1Char(';')), plain.log().join(QLatin1Char(';')))));
+    }
+}
+
+void tst_orvresloader::multiplyingValues()
+{
+    // Ten times itself, ten times over: no memory holds that. The value stays what it is.
+    const QByteArray filler(1000, 'x');
+    const QByteArray value = ("@a;" + filler).repeated(10);
+    QCOMPARE(resolved("a=\"" + value + "\"\n", "@a"), QString::fromLatin1(value));
+    // Each name twice the next one, asked in an order in which every step finds all that the one before has
+    // made.
+    QByteArray theme;
+    QByteArray sheet;
+    for (int i = 10; i < 60; ++i) {
+        const QByteArray next = "@n" + QByteArray::number(i + 1) + '-' + filler;
+        theme += 'n' + QByteArray::number(i) + '=' + next + next + '\n';
+        sheet += "@n" + QByteArray::number(i) + ' ';
+    }
+    QCOMPARE(resolved(theme, sheet), QString::fromLatin1(sheet));
+}
+
+void tst_orvresloader::manyNamesThatBeginAlike()
+{
+    QByteArray theme;
+    QByteArray sheet;
+    for (int i = 0; i < 1000; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        if (i % 5 == 0)
+            theme += "[section" + number + "]\n";
+        theme +=
+            "name" + number + '=' + (i % 7 == 0 ? "@name" + QByteArray::number(i / 2) : '#' + number) + '\n';
+    }
+    for (int i = 1999; i >= 0; --i)
+        sheet += "QWidget#w{color:@name" + QByteArray::number(i * 7 % 2000) + ";}\n";
+    const QString themeFile = file(theme);
+    const QString sheetFile = file(sheet);
+
+    PlainLoader plain;
+    plain.loadThemeFile(themeFile);
+    const QString expected = plain.appendQssFile(sheetFile);
+    LogCapture log;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(themeFile);
+    QVERIFY(loader.loadQssFile(sheetFile) == expected);
+    QCOMPARE(log.texts(), plain.log());
+}
+
+void tst_orvresloader::largeSheetsAndThemes()
+{
+    // Names of one length, so that the result can be told without the plain recipe, which takes seconds here.
+    constexpr int kNames = 5000;
+    constexpr int kReferences = 10000;
+    const auto name = [](int i) {
+        return "name" + QByteArray::number(100000 + i);
+    };
+    const auto colour = [](int i) {
+        return '#' + QByteArray::number(100000 + i);
+    };
+    QByteArray theme;
+    QByteArray sheet;
+    QByteArray expected;
+    QStringList missing{QStringLiteral("theme name: \"\"")};
+    const QByteArray filler(70, 'f');
+    for (int i = 0; i < kReferences; ++i) {
+        const QByteArray rule = "QWidget#w" + QByteArray::number(i) + "{/*" + filler + "*/color:";
+        sheet += rule + '@' + name(i) + ";}\n";
+        expected += rule + (i < kNames ? colour(i) : QByteArray()) + ";}\n";
+        if (i < kNames)
+            theme += name(i) + '=' + colour(i) + '\n';
+        else
+            missing << QStringLiteral("\"%1\" not exist").arg(QString::fromLatin1(name(i)));
+    }
+    QVERIFY(sheet.size() > 1000 * 1000);
+
+    LogCapture log;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(file(theme));
+    QVERIFY(loader.loadQssFile(file(sheet)) == QString::fromLatin1(expected));
+    QCOMPARE(log.texts(), missing);
+}
+
+QTEST_MAIN(tst_orvresloader)
+
+#include "tst_orvresloader.moc"

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "orvcommonlib_global.h"
+
+#include <QtCore/QMap>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+class QRegularExpression;
+
+/// Turns style sheets that refer to the values of a theme into plain style sheets.
+///
+/// A theme is an INI file of named values. A style sheet refers to the value `accent` as `@accent` or
+/// `@{accent}`. Load the theme with loadThemeFile(), then the base sheet with loadQssFile() and further ones
+/// with appendQssFile(); what the last call returns is the complete sheet for QWidget::setStyleSheet() or
+/// QApplication::setStyleSheet(). File names may be paths of the file system or of resources.
+///
+/// References are replaced as plain text, one name after the other in the order in which they appear: when
+/// one name is the beginning of another (`@main` and `@mainText`) and appears first, it also replaces the
+/// beginning of the longer one. An `@` before a word is a reference wherever it stands, in the name of an
+/// image (`icon@2x.png`) too. A reference to a missing name, or to an empty value, becomes nothing; the info
+/// line <name> "not exist" tells.
+///
+/// Values that multiply each other without end (a name that stands twice in its own value, say) are left as
+/// they are.
+///
+/// Loaders can be copied; each is used in one thread. The time to load grows with the sizes of theme and
+/// sheet, not with their product.
+class ORVCOMMONLIB_EXPORT OrvResourceLoader
+{
+public:
+    OrvResourceLoader();
+    OrvResourceLoader(const OrvResourceLoader &other);
+    OrvResourceLoader &operator=(const OrvResourceLoader &other);
+    ~OrvResourceLoader();
+
+    /// Adds the values of a theme file to those already known, replacing values of the same name, and
+    /// resolves the references between them. Always true: a file that is missing or is no INI file adds
+    /// nothing.
+    ///
+    /// Sections only arrange the file: the name of a value is its key without the section. A key of a section
+    /// wins over one outside of any section, and a later section, as QSettings lists them, over an earlier
+    /// one. The text encoding is the one in which QSettings reads INI files by default.
+    ///
+    /// Values are resolved once, in the order of their names: a value that refers to a name further back in
+    /// that order receives that name's value as it stands in the file, references included. The info line
+    /// "theme name:" tells the value of the key "ThemeName".
+    bool loadThemeFile(const QString &fileName) { return initConfigFile(fileName); }
+
+    /// Starts anew with this style sheet, and returns it with its references replaced. A file that cannot be
+    /// opened counts as an empty sheet; a warning tells why.
+    QString loadQssFile(QString fileName);
+
+    /// Adds this style sheet to those loaded since the last loadQssFile(), and returns all of them together.
+    /// A file that cannot be opened adds nothing; a warning tells why.
+    QString appendQssFile(QString fileName);
+
+private:
+    static QString load(const QString &fileName);
+    bool initConfigFile(const QString &fileName);
+    QString getMatchedValue(const QString &reference) const;
+    void applyThemeValue(QString &text) const;
+
+    QStringList referencesIn(const QString &text) const;
+    void replaceReferences(QString &text, const QStringList &references) const;
+
+    QMap<QString, QString> m_themeValues;         ///< by bare name, without "@" and braces
+    const QRegularExpression *m_referencePattern; ///< shared by all copies and never deleted
+    QString m_styleSheet;                         ///< everything since the last loadQssFile()
+};
