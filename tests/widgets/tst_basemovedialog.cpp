@@ -59,6 +59,7 @@ private Q_SLOTS:
     void detectsAResize();
     void detectsNoResizeUnlessResizable();
     void detectsResizesByTheLeftButtonOnly();
+    void comparesPositionsWithinTheDialog();
     void reportsNoDragWhileResizing();
     void staysForbiddenToDragAfterAResizeWhenItCannotMove();
     void reportsTheMoveBeforeTheResize();
@@ -547,6 +548,19 @@ void tst_BaseMoveDialog::detectsResizesByTheLeftButtonOnly()
     QCOMPARE(resized.count(), 0);
 }
 
+void tst_BaseMoveDialog::comparesPositionsWithinTheDialog()
+{
+    // Pulled by its outermost pixel the left edge stays under the pointer, which so has not moved within the
+    // dialog.
+    m_dialog->setWidgetResizable(true);
+    const QSignalSpy resized(m_dialog.get(), &BaseMoveDialog::sig_windowResizefinished);
+    press({0, 130});
+    moveTo({-20, 130});
+    release({-20, 130});
+    QCOMPARE(m_dialog->geometry(), kGeometry.adjusted(-20, 0, 0, 0));
+    QCOMPARE(resized.count(), 0);
+}
+
 void tst_BaseMoveDialog::reportsNoDragWhileResizing()
 {
     m_dialog->setWidgetResizable(true);
@@ -558,7 +572,6 @@ void tst_BaseMoveDialog::reportsNoDragWhileResizing()
     moveTo({150, -20});
     QCOMPARE(m_dialog->geometry(), kGeometry.adjusted(0, -20, 0, 0));
     release({150, -20});
-    // The pointer is where it was pressed within the dialog, within two pixels.
     QCOMPARE(moved.count(), 0);
     QCOMPARE(finished.count(), 0);
     QCOMPARE(resized.count(), 1);
