@@ -34,6 +34,7 @@ function(orv_add_test name)
 
     if(arg_X11)
         set(platform xcb)
+        list(PREPEND arg_ENVIRONMENT QT_XCB_GL_INTEGRATION=none) # nothing here is drawn with OpenGL, which starts slowly
     elseif(WIN32)
         set(platform windows)
     else()
