@@ -1,0 +1,169 @@
+#include "customcomboxheader.h"
+
+#include "clickdetection.h"
+#include "stylesheetpainting.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+
+namespace {
+
+constexpr QSize kHeaderSize(260, 48);
+constexpr QSize kIconSize(20, 20);
+constexpr QSize kSmallIconSize(16, 16);
+
+QString normalTextStyle()
+{
+    return QStringLiteral(
+        "QLabel{background:transparent; color: #1F1F22; font-size:16px; font-weight:Normal;}");
+}
+
+QString smallTextStyle()
+{
+    return QStringLiteral(
+        "QLabel{background:transparent; color: #1F1F22; font-size:14px; font-weight:Normal;}");
+}
+
+QString upArrowStyle()
+{
+    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/up.png);}");
+}
+
+QString normalDownArrowStyle()
+{
+    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/down.png);}");
+}
+
+QString smallDownArrowStyle()
+{
+    return QStringLiteral(
+        "QLabel{background:transparent; image:url(:/graffiti/resources/graffiti/fontbox/downarrow.svg);}");
+}
+
+} // namespace
+
+CustomComboxHeader::CustomComboxHeader(QWidget *parent)
+    : QWidget(parent)
+{
+    initUI();
+}
+
+CustomComboxHeader::CustomComboxHeader(bool isSmallStyle, QWidget *parent)
+    : QWidget(parent)
+    , m_smallStyle(isSmallStyle)
+{
+    if (m_smallStyle)
+        initSmallUIStyle();
+    else
+        initUI();
+}
+
+void CustomComboxHeader::setText(QString text)
+{
+    if (m_textLabel)
+        m_textLabel->setText(text);
+}
+
+void CustomComboxHeader::setIconState(bool isUp)
+{
+    if (!m_iconLabel)
+        return;
+    const QString style = isUp ? upArrowStyle() : downArrowStyle();
+    if (m_iconLabel->styleSheet() != style)
+        m_iconLabel->setStyleSheet(style);
+}
+
+void CustomComboxHeader::setCustomStyle(QString styleTemplate)
+{
+    setStyleSheet(styleTemplate.arg(objectName()));
+    update();
+}
+
+void CustomComboxHeader::setCustomTextStyle(QString style)
+{
+    if (m_textLabel)
+        m_textLabel->setStyleSheet(style);
+}
+
+void CustomComboxHeader::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && !m_pressed) {
+        m_pressed = true;
+        m_pressPos = event->pos();
+    }
+    QWidget::mousePressEvent(event);
+}
+
+void CustomComboxHeader::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_pressed) {
+        m_releasePos = event->pos();
+        if (isClick(m_pressPos, m_releasePos)) {
+            const QPointer<CustomComboxHeader> guard(this);
+            Q_EMIT signalClicked();
+            if (!guard)
+                return;
+        }
+        m_pressed = false;
+    }
+    QWidget::mouseReleaseEvent(event);
+}
+
+void CustomComboxHeader::enterEvent(QEvent *event)
+{
+    setCursor(Qt::PointingHandCursor);
+    QWidget::enterEvent(event);
+}
+
+void CustomComboxHeader::leaveEvent(QEvent *event)
+{
+    setCursor(Qt::ArrowCursor);
+    QWidget::leaveEvent(event);
+}
+
+void CustomComboxHeader::paintEvent(QPaintEvent *event)
+{
+    paintStyleSheet(this);
+    QWidget::paintEvent(event);
+}
+
+void CustomComboxHeader::initUI()
+{
+    setFixedSize(kHeaderSize);
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(16, 0, 14, 0);
+    layout->setSpacing(16);
+    buildRow(layout, normalTextStyle(), kIconSize);
+}
+
+void CustomComboxHeader::initSmallUIStyle()
+{
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 4, 4, 4);
+    layout->setSpacing(4);
+    buildRow(layout, smallTextStyle(), kSmallIconSize);
+}
+
+void CustomComboxHeader::buildRow(QHBoxLayout *layout, const QString &textStyle, QSize iconSize)
+{
+    setObjectName(QStringLiteral("CustomComboxHeader"));
+
+    m_textLabel = new QLabel(this);
+    m_textLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_textLabel->setStyleSheet(textStyle);
+    layout->addWidget(m_textLabel);
+
+    layout->addItem(new QSpacerItem(1, 1, QSizePolicy::Expanding, QSizePolicy::Fixed));
+
+    m_iconLabel = new QLabel(this);
+    m_iconLabel->setFixedSize(iconSize);
+    m_iconLabel->setStyleSheet(downArrowStyle());
+    layout->addWidget(m_iconLabel);
+}
+
+QString CustomComboxHeader::downArrowStyle() const
+{
+    return m_smallStyle ? smallDownArrowStyle() : normalDownArrowStyle();
+}

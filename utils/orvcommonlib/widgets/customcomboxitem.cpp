@@ -1,0 +1,285 @@
+#include "customcomboxitem.h"
+
+#include "clickdetection.h"
+#include "stylesheetpainting.h"
+
+#include <QtGui/QFontMetrics>
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+
+#include <utility>
+
+namespace {
+
+constexpr int kItemHeight = 48;
+constexpr int kFontSize = 16;
+constexpr int kIconSize = 20;
+constexpr int kSmallItemHeight = 28;
+constexpr int kSmallFontSize = 12;
+constexpr int kSmallIconSize = 12;
+constexpr int kRadius = 8;
+constexpr int kSmallRadius = 3;
+constexpr QSize kBadgeSize(56, 18);
+constexpr QSize kChineseBadgeSize(67, 18);
+
+// The two blanks in the second one are deliberate: clients compare and replace these texts.
+QString hoveredRowStyle()
+{
+    return QStringLiteral("QWidget#%1{border-radius:%2px; background-color:#F4F4F4; }");
+}
+
+QString plainRowStyle()
+{
+    return QStringLiteral("QWidget#%1{border-radius:%2px;  background-color:#FFFFFF; }");
+}
+
+// A gray text has 16 pixels whatever the row's font size: deliberate.
+QString grayTextStyle()
+{
+    return QStringLiteral(
+        "QLabel{ background:transparent; color: #B1B1B2; font-size:16px; font-weight:Medium; }");
+}
+
+QString checkedTextStyle()
+{
+    return QStringLiteral(
+        "QLabel{ background:transparent; color: #4B66EB; font-size:%1px; font-weight:Medium; }");
+}
+
+QString plainTextStyle()
+{
+    return QStringLiteral(
+        "QLabel{ background:transparent; color: #333333; font-size:%1px; font-weight:Normal; }");
+}
+
+QString checkMarkStyle()
+{
+    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/checked.png);}");
+}
+
+QString badgeStyle()
+{
+    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/novip.png);}");
+}
+
+QString chineseBadgeStyle()
+{
+    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/novip_zh.png);}");
+}
+
+void applySheet(QWidget *widget, const QString &sheet)
+{
+    if (widget->styleSheet() != sheet)
+        widget->setStyleSheet(sheet);
+}
+
+} // namespace
+
+CustomComboxItem::CustomComboxItem(QString text, QWidget *parent)
+    : QWidget(parent)
+    , m_text(std::move(text))
+    , m_chinese(true)
+    , m_itemHeight(kItemHeight)
+    , m_fontSize(kFontSize)
+    , m_iconSize(kIconSize)
+{
+    initUI();
+}
+
+CustomComboxItem::CustomComboxItem(bool isSmall, QString text, QWidget *parent)
+    : CustomComboxItem(isSmall, std::move(text), kSmallItemHeight, kSmallFontSize, kSmallIconSize, parent)
+{
+}
+
+CustomComboxItem::CustomComboxItem(bool isSmall, QString text, int itemHeight, int fontSize, int iconSize,
+                                   QWidget *parent)
+    : QWidget(parent)
+    , m_small(isSmall)
+    , m_text(std::move(text))
+    , m_itemHeight(itemHeight)
+    , m_fontSize(fontSize)
+    , m_iconSize(iconSize)
+{
+    initUI();
+}
+
+CustomComboxItem::CustomComboxItem(QString text, QWidget *parent, bool isGray, bool isChinese)
+    : QWidget(parent)
+    , m_text(std::move(text))
+    , m_gray(isGray)
+    , m_chinese(isChinese)
+    , m_itemHeight(kItemHeight)
+    , m_fontSize(kFontSize)
+    , m_iconSize(kIconSize)
+{
+    initUI();
+}
+
+CustomComboxItem::CustomComboxItem(QString text, int fontSize, QWidget *parent)
+    : QWidget(parent)
+    , m_text(std::move(text))
+    , m_chinese(true)
+    , m_itemHeight(kItemHeight)
+    , m_fontSize(fontSize)
+    , m_iconSize(kIconSize)
+{
+    initUI();
+}
+
+void CustomComboxItem::setChecked(bool checked)
+{
+    m_checked = checked;
+    updateStyle();
+}
+
+void CustomComboxItem::setGrayState(bool gray)
+{
+    m_gray = gray;
+    updateStyle();
+}
+
+void CustomComboxItem::setHovered(bool hovered)
+{
+    m_hovered = hovered;
+    updateStyle();
+}
+
+void CustomComboxItem::setData(const QVariant &data)
+{
+    m_data = data;
+}
+
+void CustomComboxItem::setIndex(int index)
+{
+    m_index = index;
+}
+
+bool CustomComboxItem::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_textLabel && event->type() == QEvent::Resize)
+        elideText();
+    return QWidget::eventFilter(watched, event);
+}
+
+void CustomComboxItem::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_pressed = true;
+    m_pressPos = event->pos();
+}
+
+void CustomComboxItem::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton || !std::exchange(m_pressed, false))
+        return;
+    m_releasePos = event->pos();
+    if (!isClick(m_pressPos, m_releasePos))
+        return;
+    // Nothing may follow: a slot that clears the list destroys this row.
+    if (m_gray)
+        Q_EMIT signalClickGrayItem(m_index);
+    else
+        Q_EMIT signalClickItem(m_index);
+}
+
+void CustomComboxItem::enterEvent(QEvent *event)
+{
+    setHovered(true);
+    QWidget::enterEvent(event);
+}
+
+void CustomComboxItem::leaveEvent(QEvent *event)
+{
+    setHovered(false);
+    QWidget::leaveEvent(event);
+}
+
+void CustomComboxItem::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    updateStyle();
+}
+
+void CustomComboxItem::paintEvent(QPaintEvent *event)
+{
+    paintStyleSheet(this);
+    QWidget::paintEvent(event);
+}
+
+void CustomComboxItem::initUI()
+{
+    setCursor(Qt::PointingHandCursor);
+    setFixedHeight(m_itemHeight);
+    setObjectName(QStringLiteral("CustomComboxItem"));
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(8, 0, 6, 0);
+    layout->setSpacing(0);
+
+    m_textLabel = new QLabel(this);
+    m_textLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_textLabel->setText(m_text);
+    m_textLabel->installEventFilter(this);
+    layout->addWidget(m_textLabel);
+
+    layout->addItem(new QSpacerItem(6, 6, QSizePolicy::Fixed, QSizePolicy::Fixed));
+
+    m_checkLabel = new QLabel(this);
+    m_checkLabel->setFixedSize(m_iconSize, m_iconSize);
+    m_checkLabel->setStyleSheet(checkMarkStyle());
+    m_checkLabel->hide();
+    layout->addWidget(m_checkLabel);
+
+    if (m_gray) {
+        m_badgeLabel = newBadge();
+        layout->addWidget(m_badgeLabel);
+    }
+    updateStyle();
+}
+
+QLabel *CustomComboxItem::newBadge()
+{
+    auto *badge = new QLabel(this);
+    badge->setFixedSize(m_chinese ? kChineseBadgeSize : kBadgeSize);
+    badge->setStyleSheet(m_chinese ? chineseBadgeStyle() : badgeStyle());
+    badge->hide();
+    return badge;
+}
+
+void CustomComboxItem::updateStyle()
+{
+    applySheet(this, rowStyle());
+    applySheet(m_textLabel, textStyle());
+    updateLabels();
+    elideText();
+}
+
+void CustomComboxItem::updateLabels()
+{
+    // The check mark of a gray row stays as it was.
+    if (!m_gray)
+        m_checkLabel->setVisible(m_checked);
+    if (m_badgeLabel)
+        m_badgeLabel->setVisible(m_gray);
+}
+
+void CustomComboxItem::elideText()
+{
+    const QFontMetrics metrics(m_textLabel->font());
+    m_textLabel->setText(metrics.elidedText(m_text, Qt::ElideRight, m_textLabel->width()));
+}
+
+QString CustomComboxItem::rowStyle() const
+{
+    const QString style = m_hovered ? hoveredRowStyle() : plainRowStyle();
+    return style.arg(objectName()).arg(m_small ? kSmallRadius : kRadius);
+}
+
+QString CustomComboxItem::textStyle() const
+{
+    if (m_gray)
+        return grayTextStyle();
+    return (m_checked ? checkedTextStyle() : plainTextStyle()).arg(m_fontSize);
+}

@@ -1,0 +1,355 @@
+#include "customshadowcombox.h"
+
+#include "customcomboxheader.h"
+#include "customcomboxitem.h"
+#include "orvcommonlib.h"
+#include "shadowpopupwidget.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDebug>
+#include <QtCore/QPointer>
+#include <QtGui/QCursor>
+#include <QtGui/QScreen>
+#include <QtWidgets/QHBoxLayout>
+
+#include <utility>
+
+namespace {
+
+constexpr qint32 kRowHeight = 48;
+constexpr qint32 kSmallRowHeight = 28;
+constexpr int kListMargin = 4;
+// The transparent shadow on each side of the list, by which it is wider than the header.
+constexpr int kShadowWidth = 4;
+
+QString popupImage()
+{
+    return QStringLiteral(":/images/images/combox/popup_bg.png");
+}
+
+QString smallPopupImage()
+{
+    return QStringLiteral(":/images/images/combox/popup_small.png");
+}
+
+} // namespace
+
+CustomShadowCombox::CustomShadowCombox(QWidget *parent)
+    : QWidget(parent)
+    , m_rowHeight(kRowHeight)
+{
+    init();
+}
+
+CustomShadowCombox::CustomShadowCombox(bool isSmallStyle, QWidget *parent)
+    : CustomShadowCombox(isSmallStyle, kSmallRowHeight, parent)
+{
+}
+
+CustomShadowCombox::CustomShadowCombox(bool isSmallStyle, int itemHeight, QWidget *parent)
+    : QWidget(parent)
+    , m_smallStyle(isSmallStyle)
+    , m_rowHeight(itemHeight)
+{
+    init();
+}
+
+CustomShadowCombox::~CustomShadowCombox()
+{
+    if (m_popup) {
+        closePopup();
+        m_popup->deleteLater();
+    }
+}
+
+void CustomShadowCombox::addItem(QString text)
+{
+    if (!m_popup)
+        return;
+    qInfo() << "--- begin new CustomComboxItem ---,text =" << text;
+    auto *row = new CustomComboxItem(text, nullptr);
+    qInfo() << "--- new CustomComboxItem success ---";
+    qInfo() << "--- begin add item to the ShadowPopupWidget ---";
+    m_popup->addItem(row);
+    qInfo() << "--- add item to the ShadowPopupWidget success ---";
+}
+
+void CustomShadowCombox::addItem(QString text, bool isGray, bool isChinese)
+{
+    if (m_popup)
+        m_popup->addItem(new CustomComboxItem(std::move(text), nullptr, isGray, isChinese));
+}
+
+void CustomShadowCombox::addItem(QString text, int fontSize)
+{
+    if (m_popup)
+        m_popup->addItem(new CustomComboxItem(std::move(text), fontSize, nullptr));
+}
+
+void CustomShadowCombox::addItem(QString text, int itemHeight, int fontSize, int iconSize)
+{
+    if (m_popup)
+        m_popup->addItem(
+            new CustomComboxItem(true, std::move(text), itemHeight, fontSize, iconSize, nullptr));
+}
+
+void CustomShadowCombox::addSmallStyleItem(QString text)
+{
+    if (m_popup)
+        m_popup->addItem(new CustomComboxItem(true, std::move(text), nullptr));
+}
+
+void CustomShadowCombox::clear()
+{
+    if (m_popup)
+        m_popup->clear();
+}
+
+int CustomShadowCombox::count() const
+{
+    return m_popup ? m_popup->count() : 0;
+}
+
+int CustomShadowCombox::currentIndex()
+{
+    return m_popup ? m_popup->currentIndex() : -1;
+}
+
+void CustomShadowCombox::setCurrentIndex(int index)
+{
+    qInfo() << "AAAAA--setCurrentIndex--" << index;
+    if (!m_header || !m_popup)
+        return;
+    qInfo() << "AAAAA--setCurrentIndex-------" << index << "--END";
+    m_popup->setCurrentIndex(index);
+    m_header->setText(m_popup->currentText());
+}
+
+QVariant CustomShadowCombox::itemData(int index)
+{
+    return m_popup ? m_popup->itemData(index) : QVariant();
+}
+
+void CustomShadowCombox::setItemData(int index, const QVariant &value)
+{
+    if (m_popup)
+        m_popup->setItemData(index, value);
+}
+
+void CustomShadowCombox::setItemGrayState(QVector<bool> &states)
+{
+    if (m_popup)
+        m_popup->setItemGrayState(states);
+}
+
+void CustomShadowCombox::setHeaderStyle(QString styleTemplate)
+{
+    if (m_header)
+        m_header->setCustomStyle(std::move(styleTemplate));
+}
+
+void CustomShadowCombox::setHeaderTextStyle(QString style)
+{
+    if (m_header)
+        m_header->setCustomTextStyle(std::move(style));
+}
+
+bool CustomShadowCombox::isActive()
+{
+    return isPopupOpen() || isActiveWindow();
+}
+
+void CustomShadowCombox::hidePopup()
+{
+    if (m_popup)
+        closePopupAndReport();
+}
+
+void CustomShadowCombox::slotHeaderClicked()
+{
+    if (!m_popup)
+        return;
+    if (isPopupOpen())
+        closePopup();
+    else if (m_popup->hasItems())
+        showPopup();
+}
+
+void CustomShadowCombox::slotCurrentIndexChanged(int index)
+{
+    if (!m_popup || !m_header)
+        return;
+    if (index != currentIndex()) {
+        setCurrentIndex(index);
+        const QPointer<CustomShadowCombox> guard(this);
+        Q_EMIT currentIndexChanged(index);
+        if (!guard)
+            return;
+    }
+    closePopup();
+}
+
+void CustomShadowCombox::slotCurrentGrayIndexChanged(int index)
+{
+    if (!m_popup || !m_header)
+        return;
+    const QPointer<CustomShadowCombox> guard(this);
+    closePopup();
+    if (guard)
+        Q_EMIT currentGrayIndexChanged(index);
+}
+
+void CustomShadowCombox::slotAddOneLiveOption()
+{
+    Q_EMIT signalAddOneLiveOption();
+}
+
+void CustomShadowCombox::slotDeleteOneLiveOption(int index)
+{
+    Q_EMIT signalDeleteOneLiveOption(index);
+}
+
+void CustomShadowCombox::showPopup()
+{
+    if (!m_popup || !m_header)
+        return;
+    const int popupHeight = m_popup->height();
+    QPoint pos = m_header->mapToGlobal(QPoint(0, m_header->height()));
+    const QScreen *screen = totalcommon::getScreen(pos, nullptr);
+    const QRect available = screen ? screen->availableGeometry() : QRect();
+    const bool above = screen && pos.y() + popupHeight > available.top() + available.height();
+    if (above) {
+        pos = m_header->mapToGlobal(QPoint(0, 0));
+        pos.ry() -= popupHeight;
+    }
+    pos.rx() -= kShadowWidth;
+    m_header->setIconState(above);
+
+    m_popup->move(pos);
+    m_popup->show();
+    m_popup->activateWindow();
+    m_popup->raise();
+}
+
+void CustomShadowCombox::resizeEvent(QResizeEvent *event)
+{
+    if (m_header)
+        m_header->setFixedSize(size());
+    if (m_popup)
+        m_popup->setFixedWidth(width() + 2 * kShadowWidth);
+    QWidget::resizeEvent(event);
+}
+
+// Runs for every event of the application: what does not concern an open list must leave at once, above all
+// before the pointer is asked for, which is a round trip to the server on some platforms.
+bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::WindowDeactivate:
+        if (watched != m_popup)
+            break;
+        Q_FALLTHROUGH();
+    case QEvent::MouseButtonPress:
+        if (isPopupOpen() && !m_closing && isOutside(QCursor::pos()))
+            closePopupAndReport();
+        break;
+    case QEvent::MouseMove:
+        if (isPopupOpen()) {
+            const QPoint pos = QCursor::pos();
+            if (!m_popup->geometry().contains(pos))
+                Q_EMIT signalMouseMoveLeavePopup(pos);
+        }
+        break;
+    case QEvent::KeyPress:
+        if (isPopupOpen())
+            closePopupAndReport();
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void CustomShadowCombox::init()
+{
+    setMouseTracking(true);
+    if (m_smallStyle)
+        initSmallStyleUI();
+    else
+        initUI();
+    if (QCoreApplication *application = QCoreApplication::instance())
+        application->installEventFilter(this);
+}
+
+void CustomShadowCombox::initUI()
+{
+    initLayout();
+    placeHeader(new CustomComboxHeader(this));
+    connectPopup(new ShadowPopupWidget(popupImage(), kListMargin, kListMargin, kListMargin, kListMargin,
+                                       kShadowWidth, this));
+}
+
+void CustomShadowCombox::initSmallStyleUI()
+{
+    initLayout();
+    placeHeader(new CustomComboxHeader(true, this));
+    connectPopup(new ShadowPopupWidget(smallPopupImage(), kListMargin, m_rowHeight, this));
+}
+
+void CustomShadowCombox::initLayout()
+{
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+}
+
+void CustomShadowCombox::placeHeader(CustomComboxHeader *header)
+{
+    m_header = header;
+    connect(m_header, &CustomComboxHeader::signalClicked, this, &CustomShadowCombox::slotHeaderClicked);
+    layout()->addWidget(m_header);
+}
+
+void CustomShadowCombox::connectPopup(ShadowPopupWidget *popup)
+{
+    m_popup = popup;
+    connect(m_popup, &ShadowPopupWidget::currentIndexChanged, this,
+            &CustomShadowCombox::slotCurrentIndexChanged);
+    connect(m_popup, &ShadowPopupWidget::currentGrayIndexChanged, this,
+            &CustomShadowCombox::slotCurrentGrayIndexChanged);
+    m_popup->installEventFilter(this);
+    m_popup->hide();
+}
+
+bool CustomShadowCombox::isPopupOpen() const
+{
+    return m_popup && m_popup->isVisible();
+}
+
+// The header toggles the list by itself, and the rest of the combo box belongs to it: neither is outside.
+bool CustomShadowCombox::isOutside(QPoint globalPos) const
+{
+    const QPoint pos = mapFromGlobal(globalPos);
+    if (m_header && m_header->geometry().contains(pos))
+        return false;
+    return !rect().contains(pos) && !m_popup->geometry().contains(globalPos);
+}
+
+// Hiding an active window deactivates it on the way, while it still counts as visible: that belongs to this
+// closing and is not reported once more.
+void CustomShadowCombox::closePopup()
+{
+    const QPointer<CustomShadowCombox> guard(this);
+    m_closing = true;
+    m_popup->hide();
+    if (guard)
+        m_closing = false;
+}
+
+void CustomShadowCombox::closePopupAndReport()
+{
+    const QPointer<CustomShadowCombox> guard(this);
+    closePopup();
+    if (guard)
+        Q_EMIT signalPopWidHideWhenClickOtherPos();
+}

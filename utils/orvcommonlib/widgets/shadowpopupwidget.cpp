@@ -1,0 +1,207 @@
+#include "shadowpopupwidget.h"
+
+#include "customcomboxitem.h"
+
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QVBoxLayout>
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr int kContentMargin = 4;
+constexpr int kNormalPadding = 16;
+
+QString scrollAreaStyle()
+{
+    return QStringLiteral("QScrollArea{background:#FFFFFF; border:none; border-radius:4px; }");
+}
+
+QString contentStyle()
+{
+    return QStringLiteral("QWidget{background: transparent; border:none; border-radius:4px; }");
+}
+
+QString smallScrollAreaStyle()
+{
+    return QStringLiteral("QScrollArea#%1{background:#FFFFFF; border:none; border-radius:%2px; }");
+}
+
+QString smallContentStyle()
+{
+    return QStringLiteral("QWidget#%1{background: transparent; border:none; border-radius:%2px; }");
+}
+
+QString scrollBarStyle()
+{
+    return QStringLiteral(
+        "QScrollBar:vertical{border: none;background: transparent;width: 6px;margin: 0px 0 0px 0;}"
+        "QScrollBar::handle:vertical{background: #797979;min-height: 30px;border-radius: 3px;border: none;}"
+        "QScrollBar::add-line:vertical{border: 0px solid;background: none;height: 0px;"
+        "subcontrol-position: bottom;subcontrol-origin: margin;}"
+        "QScrollBar::sub-line:vertical{border: 0px solid;background: none;height: 0px;"
+        "subcontrol-position: top;subcontrol-origin: margin;}"
+        "QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical{background: none;width: 0px;height: "
+        "0px;}");
+}
+
+} // namespace
+
+ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int left, int top, int right, int bottom,
+                                     int shadow, QWidget *parent)
+    : BaseMoveDialogWithBackImage(std::move(backgroundImage), left + shadow, top + shadow, right + shadow,
+                                  bottom + shadow, false, true, parent)
+    , m_left(left)
+    , m_top(top)
+    , m_right(right)
+    , m_bottom(bottom)
+{
+    setWindowFlags(windowFlags() | Qt::Tool);
+    initUI();
+}
+
+ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int margin, int rowHeight, QWidget *parent)
+    : BaseMoveDialogWithBackImage(std::move(backgroundImage), 2 * margin, 2 * margin, 2 * margin, 2 * margin,
+                                  false, true, parent)
+    , m_left(margin)
+    , m_top(margin)
+    , m_right(margin)
+    , m_bottom(margin)
+    , m_rowHeight(rowHeight)
+    , m_smallMargin(margin)
+    , m_small(true)
+{
+    setWindowFlags(windowFlags() | Qt::Tool);
+    initSmallUI();
+}
+
+void ShadowPopupWidget::addItem(CustomComboxItem *row)
+{
+    if (!m_contentLayout || !row)
+        return;
+    row->setIndex(count());
+    connect(row, &CustomComboxItem::signalClickItem, this, &ShadowPopupWidget::currentIndexChanged);
+    connect(row, &CustomComboxItem::signalClickGrayItem, this, &ShadowPopupWidget::currentGrayIndexChanged);
+    m_contentLayout->addWidget(row);
+    m_rows.append(row);
+    updateHeight();
+}
+
+void ShadowPopupWidget::clear()
+{
+    m_rows.clear();
+    while (m_contentLayout) {
+        const std::unique_ptr<QLayoutItem> item(m_contentLayout->takeAt(0));
+        if (!item)
+            break;
+        delete item->widget();
+    }
+    updateHeight();
+}
+
+void ShadowPopupWidget::setCurrentIndex(int index)
+{
+    if (!hasRow(index))
+        return;
+    if (hasRow(m_currentIndex))
+        m_rows.at(m_currentIndex)->setChecked(false);
+    m_rows.at(index)->setChecked(true);
+    m_currentIndex = index;
+}
+
+QString ShadowPopupWidget::currentText() const
+{
+    return hasRow(m_currentIndex) ? m_rows.at(m_currentIndex)->text() : QString();
+}
+
+QVariant ShadowPopupWidget::itemData(int index) const
+{
+    return hasRow(index) ? m_rows.at(index)->data() : QVariant();
+}
+
+void ShadowPopupWidget::setItemData(int index, const QVariant &value)
+{
+    if (hasRow(index))
+        m_rows.at(index)->setData(value);
+}
+
+void ShadowPopupWidget::setItemGrayState(QVector<bool> &states)
+{
+    if (count() < 1 || count() != states.size())
+        return;
+    for (int index = 0; index < count(); ++index) {
+        m_rows.at(index)->setGrayState(states.at(index));
+        m_rows.at(index)->update();
+    }
+}
+
+void ShadowPopupWidget::updateHeight()
+{
+    if (!m_scrollArea)
+        return;
+    const int padding = m_small ? 2 * m_smallMargin : kNormalPadding;
+    const int listHeight = padding + qMin(count(), m_maxVisibleRows) * m_rowHeight;
+    m_scrollArea->setFixedHeight(listHeight);
+    setFixedHeight(listHeight + m_top + m_bottom);
+}
+
+void ShadowPopupWidget::resizeEvent(QResizeEvent *event)
+{
+    if (m_scrollArea && m_content) {
+        m_scrollArea->setFixedWidth(width() - m_left - m_right);
+        m_content->setFixedWidth(m_scrollArea->width());
+    }
+    BaseMoveDialogWithBackImage::resizeEvent(event);
+}
+
+void ShadowPopupWidget::hideEvent(QHideEvent *event)
+{
+    BaseMoveDialogWithBackImage::hideEvent(event);
+    // The pointer is gone without a leave event: no row stays highlighted for the next opening.
+    for (CustomComboxItem *row : qAsConst(m_rows))
+        row->setHovered(false);
+}
+
+void ShadowPopupWidget::initUI()
+{
+    buildList(scrollAreaStyle(), contentStyle(), QMargins(m_left, m_top, m_right, m_bottom), kContentMargin);
+}
+
+void ShadowPopupWidget::initSmallUI()
+{
+    const QString scrollAreaName = QStringLiteral("ScrollArea");
+    const QString contentName = QStringLiteral("ScrollContentWidget");
+    const int m = m_smallMargin;
+    buildList(smallScrollAreaStyle().arg(scrollAreaName).arg(m), smallContentStyle().arg(contentName).arg(m),
+              QMargins(m, m, m, m), m);
+    m_scrollArea->setObjectName(scrollAreaName);
+    m_content->setObjectName(contentName);
+}
+
+void ShadowPopupWidget::buildList(const QString &scrollAreaStyle, const QString &contentStyle,
+                                  const QMargins &outerMargins, int contentMargin)
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(outerMargins);
+    layout->setSpacing(0);
+
+    m_scrollArea = new QScrollArea(this);
+    m_scrollArea->setStyleSheet(scrollAreaStyle);
+    m_scrollArea->setWidgetResizable(true);
+    m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // Hidden until there is something to scroll. An explicit hide() on the bar would keep it hidden for good.
+    m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_scrollArea->verticalScrollBar()->setStyleSheet(scrollBarStyle());
+    m_scrollArea->installEventFilter(this);
+
+    m_content = new QWidget;
+    m_content->setStyleSheet(contentStyle);
+    m_contentLayout = new QVBoxLayout(m_content);
+    m_contentLayout->setContentsMargins(contentMargin, contentMargin, contentMargin, contentMargin);
+    m_contentLayout->setSpacing(0);
+
+    m_scrollArea->setWidget(m_content);
+    layout->addWidget(m_scrollArea);
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "basemovedialogwithbackimage.h"
+
+#include <QtCore/QList>
+#include <QtCore/QVariant>
+#include <QtCore/QVector>
+
+class CustomComboxItem;
+class QScrollArea;
+class QVBoxLayout;
+
+/// The list of the shadow combo box: a frameless tool window painted from a nine-patch shadow image, with a
+/// column of rows that scrolls beyond ten of them.
+class ShadowPopupWidget : public BaseMoveDialogWithBackImage
+{
+    Q_OBJECT
+
+public:
+    /// The normal look. The four margins lie inside the shadow, which is `shadow` wide on each side.
+    ShadowPopupWidget(QString backgroundImage, int left, int top, int right, int bottom, int shadow,
+                      QWidget *parent);
+    /// The small look, with rows of `rowHeight`.
+    ShadowPopupWidget(QString backgroundImage, int margin, int rowHeight, QWidget *parent);
+
+    /// Appends the row, which then belongs to the list.
+    void addItem(CustomComboxItem *row);
+    /// Deletes all rows. The current index is deliberately kept.
+    void clear();
+    int count() const { return m_rows.size(); }
+    bool hasItems() const { return count() > 0; }
+
+    int currentIndex() const { return m_currentIndex; }
+    /// An index out of range is ignored.
+    void setCurrentIndex(int index);
+    QString currentText() const;
+
+    QVariant itemData(int index) const;
+    void setItemData(int index, const QVariant &value);
+    /// One state for each row; ignored when the numbers differ.
+    void setItemGrayState(QVector<bool> &states);
+
+    /// Fits the height to the rows.
+    void updateHeight();
+
+Q_SIGNALS:
+    void currentIndexChanged(int index);
+    void currentGrayIndexChanged(int index);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    Q_DISABLE_COPY(ShadowPopupWidget)
+
+    void initUI();
+    void initSmallUI();
+    void buildList(const QString &scrollAreaStyle, const QString &contentStyle, const QMargins &outerMargins,
+                   int contentMargin);
+    bool hasRow(int index) const { return index >= 0 && index < count(); }
+
+    int m_left;
+    int m_top;
+    int m_right;
+    int m_bottom;
+    QScrollArea *m_scrollArea = nullptr;
+    QWidget *m_content = nullptr;
+    QVBoxLayout *m_contentLayout = nullptr;
+    int m_currentIndex = -1;
+    QList<CustomComboxItem *> m_rows;
+    int m_maxVisibleRows = 10;
+    int m_rowHeight = 48;
+    int m_smallMargin = 0;
+    bool m_small = false;
+};
