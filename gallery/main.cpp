@@ -1,5 +1,6 @@
 #include "gallerypage.h"
 #include "mainwindow.h"
+#include "placeteller.h"
 #include "reportlog.h"
 #include "shots.h"
 
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 namespace {
 
@@ -42,6 +44,14 @@ const QCommandLineOption &verboseOption()
 {
     static const QCommandLineOption option(QStringLiteral("verbose"),
                                            QStringLiteral("Write the panel's lines to standard output too."));
+    return option;
+}
+
+const QCommandLineOption &placesOption()
+{
+    static const QCommandLineOption option(
+        QStringLiteral("places"),
+        QStringLiteral("Write to standard output where the buttons are, as they come."));
     return option;
 }
 
@@ -108,7 +118,7 @@ int main(int argc, char **argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Every class of orvcommonlib at work."));
     parser.addHelpOption();
-    parser.addOptions({shotsOption(), pageOption(), listOption(), verboseOption()});
+    parser.addOptions({shotsOption(), pageOption(), listOption(), verboseOption(), placesOption()});
     parser.process(application);
     if (parser.isSet(listOption()))
         return listPages();
@@ -126,6 +136,9 @@ int main(int argc, char **argv)
     MainWindow window(&log);
     if (parser.isSet(shotsOption()))
         return writeShots(&window, parser.value(shotsOption())) ? 0 : 1;
+    std::unique_ptr<PlaceTeller> places;
+    if (parser.isSet(placesOption()))
+        places = std::make_unique<PlaceTeller>();
     window.openPage(page);
     window.show();
     return QApplication::exec();

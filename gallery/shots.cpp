@@ -31,13 +31,15 @@ bool write(const QPixmap &picture, const QDir &folder, const QString &name)
     return false;
 }
 
-QPixmap grabPage(MainWindow *window, const PageView *view)
+QPixmap grabPage(MainWindow *window, PageView *view)
 {
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     window->resize(MainWindow::kWidth, MainWindow::kHeight);
     settle();
     window->resize(MainWindow::kWidth, MainWindow::kHeight + view->missingHeight());
     settle();
     const QPixmap picture = window->grab();
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     window->resize(MainWindow::kWidth, MainWindow::kHeight);
     settle();
     return picture;
@@ -82,7 +84,7 @@ bool writeShots(MainWindow *window, const QString &folder)
     const QVector<const GalleryPage *> pages = GalleryPage::all();
     for (const GalleryPage *page : pages) {
         window->clearReports();
-        const PageView *view = window->openPage(page);
+        PageView *view = window->openPage(page);
         const QString name = QStringLiteral("page-") + page->name();
         everythingWritten = write(grabPage(window, view), dir, name) && everythingWritten;
         for (const PageShot &shot : view->shots())

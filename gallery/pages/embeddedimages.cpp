@@ -25,7 +25,22 @@ constexpr int kTileGap = 20;
 constexpr int kMaximumExtent = 220;
 constexpr QSize kSpinnerSize(64, 64);
 
-enum class Ground { Pattern, Light, Dark };
+enum class Ground { Grey, Light, Dark, Pattern };
+
+QColor groundColor(Ground ground)
+{
+    switch (ground) {
+    case Ground::Grey:
+        return {0xD3, 0xD6, 0xDC};
+    case Ground::Light:
+        return {0xF5, 0xF6, 0xF7};
+    case Ground::Dark:
+        return {0x33, 0x33, 0x33};
+    case Ground::Pattern:
+        break;
+    }
+    return Qt::white;
+}
 
 /// One image at a multiple of its own size. Vectors are drawn for the size and ratio at which they are seen.
 class Tile : public QWidget
@@ -36,7 +51,7 @@ public:
         , m_file(file)
         , m_size(QImageReader(file).size())
     {
-        show(1, Ground::Pattern);
+        show(1, Ground::Grey);
     }
 
     QString caption() const
@@ -67,8 +82,7 @@ protected:
         if (m_ground == Ground::Pattern)
             fillTransparencyPattern(painter, rect());
         else
-            painter.fillRect(rect(),
-                             m_ground == Ground::Light ? QColor(0xF5, 0xF6, 0xF7) : QColor(0x33, 0x33, 0x33));
+            painter.fillRect(rect(), groundColor(m_ground));
         QImageReader reader(m_file);
         if (m_file.endsWith(QLatin1String(".svg")))
             reader.setScaledSize(m_shownSize * devicePixelRatioF());
@@ -81,7 +95,7 @@ private:
     QString m_file;
     QSize m_size;
     QSize m_shownSize;
-    Ground m_ground = Ground::Pattern;
+    Ground m_ground = Ground::Grey;
 };
 
 QWidget *withCaption(Tile *tile, QWidget *parent)
@@ -120,7 +134,7 @@ void addImages(PageBuilder &page)
     struct Look
     {
         int factor = 1;
-        Ground ground = Ground::Pattern;
+        Ground ground = Ground::Grey;
     };
     const auto look = std::make_shared<Look>();
     const auto redo = [tiles, look] {
@@ -132,11 +146,13 @@ void addImages(PageBuilder &page)
                     look->factor = 1 << index;
                     redo();
                 });
-    page.choice("Ground", {QStringLiteral("pattern"), QStringLiteral("light"), QStringLiteral("dark")}, 0,
-                [look, redo](int index) {
-                    look->ground = static_cast<Ground>(index);
-                    redo();
-                });
+    page.choice(
+        "Ground",
+        {QStringLiteral("grey"), QStringLiteral("light"), QStringLiteral("dark"), QStringLiteral("pattern")},
+        0, [look, redo](int index) {
+            look->ground = static_cast<Ground>(index);
+            redo();
+        });
     page.wideExample(wall);
 }
 
