@@ -1,11 +1,11 @@
 #include "gallerypage.h"
 #include "mainwindow.h"
+#include "orvresloader.h"
 #include "placeteller.h"
 #include "reportlog.h"
 #include "shots.h"
 
 #include <QtCore/QCommandLineParser>
-#include <QtCore/QFile>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -93,9 +93,9 @@ void setUpLooks(QApplication &application)
                       QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
     font.setPixelSize(kFontSize);
     QApplication::setFont(font);
-    QFile sheet(QStringLiteral(":/gallery/gallery.qss"));
-    if (sheet.open(QIODevice::ReadOnly))
-        application.setStyleSheet(QString::fromUtf8(sheet.readAll()));
+    OrvResourceLoader loader;
+    loader.loadThemeFile(QStringLiteral(":/gallery/theme.ini"));
+    application.setStyleSheet(loader.loadQssFile(QStringLiteral(":/gallery/gallery.qss")));
 }
 
 int listPages()
@@ -131,8 +131,8 @@ int main(int argc, char **argv)
         return 2;
     }
 
-    setUpLooks(application);
     ReportLog log(parser.isSet(verboseOption()));
+    setUpLooks(application);
     MainWindow window(&log);
     if (parser.isSet(shotsOption()))
         return writeShots(&window, parser.value(shotsOption())) ? 0 : 1;
