@@ -292,7 +292,7 @@ void tst_resources::rasterShape_data()
 {
     // The size on screen; the file may hold a multiple of it.
     QTest::addColumn<QSize>("size");
-    QTest::newRow("combox/checked.png") << QSize(16, 16);
+    QTest::newRow("combox/checked.png") << QSize(20, 20);
     QTest::newRow("combox/down.png") << QSize(20, 20);
     QTest::newRow("combox/up.png") << QSize(20, 20);
     QTest::newRow("combox/editbtn.png") << QSize(20, 20);
