@@ -1,0 +1,184 @@
+#include "commonpopupdialog.h"
+
+#include "modalrun.h"
+
+#include <QtCore/QDebug>
+#include <QtCore/QEventLoop>
+#include <QtCore/QPointer>
+#include <QtGui/QResizeEvent>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace {
+
+constexpr char kExecName[] = "CommonPopupDialog::exec";
+
+constexpr QSize kCloseButtonSize(18, 18);
+constexpr int kTitleHeight = 22;
+/// The title is deliberately wider than the title row leaves it: clients' style sheets rely on that width.
+constexpr int kTitleWidthReserve = 18;
+constexpr int kTitleLineHeight = 1;
+constexpr int kTitleRowMargin = 5;
+constexpr int kSpacingBeforeTitle = 20;
+constexpr int kSpacingAfterCloseButton = 12;
+constexpr int kSpacingAboveTitleRow = 5;
+
+} // namespace
+
+CommonPopupDialog::CommonPopupDialog(QWidget *parent, QString title, QSize size, bool showCloseButton,
+                                     bool movable, bool transparentBody, bool modal,
+                                     bool translucentBackground)
+    : BaseMoveDialog(parent, movable, translucentBackground, true)
+{
+    setFixedSize(size);
+    setModal(modal);
+    buildBody(transparentBody);
+    buildTitleRow(title, showCloseButton);
+    buildTitleLine();
+    setWindowTitle(QStringLiteral("CommonPopupDialog"));
+}
+
+CommonPopupDialog::~CommonPopupDialog()
+{
+    ModalRun::dialogDestroyed(this, m_result);
+}
+
+void CommonPopupDialog::buildBody(bool transparentBody)
+{
+    m_bodyWidget = new QWidget(this);
+    m_bodyWidget->setObjectName(QStringLiteral("CommonPopupDialog"));
+    if (transparentBody)
+        m_bodyWidget->setStyleSheet(QStringLiteral("background-color:transparent"));
+    m_bodyWidget->move(0, 0);
+    m_bodyWidget->setFixedSize(size());
+}
+
+void CommonPopupDialog::buildTitleRow(const QString &title, bool showCloseButton)
+{
+    auto *closeButton = new QPushButton(this);
+    closeButton->setFixedSize(kCloseButtonSize);
+    closeButton->setObjectName(QStringLiteral("PopupDialogCloseButton"));
+    connect(closeButton, &QPushButton::clicked, this, &CommonPopupDialog::closeButtonClicked);
+    closeButton->setVisible(showCloseButton);
+
+    m_titleLabel = new QLabel(title, m_bodyWidget);
+    m_titleLabel->setObjectName(QStringLiteral("Font16LightLbl"));
+    m_titleLabel->setFixedSize(width() - kTitleWidthReserve, kTitleHeight);
+    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+
+    m_verticalLayout = new QVBoxLayout(m_bodyWidget);
+    m_verticalLayout->setContentsMargins(0, 0, 0, 0);
+    m_verticalLayout->setAlignment(Qt::AlignTop);
+
+    auto *titleRow = new QHBoxLayout;
+    titleRow->setContentsMargins(kTitleRowMargin, kTitleRowMargin, kTitleRowMargin, kTitleRowMargin);
+    titleRow->addSpacing(kSpacingBeforeTitle);
+    titleRow->addWidget(m_titleLabel);
+    titleRow->addStretch();
+    titleRow->addWidget(closeButton);
+    titleRow->addSpacing(kSpacingAfterCloseButton);
+
+    m_verticalLayout->addSpacing(kSpacingAboveTitleRow);
+    m_verticalLayout->addLayout(titleRow);
+}
+
+void CommonPopupDialog::buildTitleLine()
+{
+    m_titleLine = new QWidget(m_bodyWidget);
+    m_titleLine->setObjectName(QStringLiteral("TitleBottomHLine"));
+    m_titleLine->setFixedSize(width(), kTitleLineHeight);
+    m_verticalLayout->addWidget(m_titleLine);
+}
+
+void CommonPopupDialog::show()
+{
+    QWidget::show();
+}
+
+void CommonPopupDialog::setModal(bool modal)
+{
+    setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+}
+
+CommonPopupDialog::ExecResult CommonPopupDialog::exec()
+{
+    ModalRun run(this);
+    show();
+    QEventLoop loop;
+    if (run.isDialogAlive())
+        m_eventLoop = &loop;
+    qInfo() << "begin loop func:" << kExecName << ";line:" << __LINE__;
+    run.enter(loop);
+    qInfo() << "end loop func:" << kExecName << ";line:" << __LINE__;
+    if (!run.isDialogAlive())
+        return static_cast<ExecResult>(run.lastResult());
+    m_eventLoop = nullptr;
+    return m_result;
+}
+
+void CommonPopupDialog::setTitle(QString title)
+{
+    if (m_titleLabel)
+        m_titleLabel->setText(title);
+}
+
+void CommonPopupDialog::exitEventLoop()
+{
+    ModalRun::end(m_eventLoop);
+}
+
+bool CommonPopupDialog::event(QEvent *event)
+{
+    return BaseMoveDialog::event(event);
+}
+
+void CommonPopupDialog::resizeEvent(QResizeEvent *event)
+{
+    reSize(event->size());
+}
+
+void CommonPopupDialog::setVisible(bool visible)
+{
+    const QPointer<CommonPopupDialog> alive(this);
+    BaseMoveDialog::setVisible(visible);
+    if (!alive)
+        return;
+    ModalRun::noteVisibility(this);
+    if (!visible)
+        exitEventLoop();
+}
+
+void CommonPopupDialog::hideTitleLine()
+{
+    if (m_titleLine)
+        m_titleLine->hide();
+}
+
+void CommonPopupDialog::setExecResult(ExecResult result)
+{
+    m_result = result;
+}
+
+void CommonPopupDialog::reSize(QSize size)
+{
+    setFixedSize(size);
+    if (m_bodyWidget)
+        m_bodyWidget->setFixedSize(size);
+    if (m_titleLabel)
+        m_titleLabel->setFixedSize(size.width() - kTitleWidthReserve, kTitleHeight);
+    if (m_titleLine)
+        m_titleLine->setFixedSize(size.width(), kTitleLineHeight);
+}
+
+void CommonPopupDialog::closeButtonClicked()
+{
+    const QPointer<CommonPopupDialog> alive(this);
+    m_result = Closed;
+    exitEventLoop();
+    Q_EMIT sigClosed();
+    // A slot may have destroyed the dialog.
+    if (alive)
+        close();
+}

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "basemovedialog.h"
+#include "orvcommonlib_global.h"
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+
+class QEventLoop;
+class QLabel;
+class QVBoxLayout;
+
+/// A frameless popup with a one-line title bar (title, close button, rule) above a body that the client
+/// fills.
+///
+/// The class sets no colours, fonts or images: the application's style sheet finds the parts by their object
+/// names "CommonPopupDialog" (body), "PopupDialogCloseButton", "Font16LightLbl" (title) and
+/// "TitleBottomHLine" (rule). It is shown with show(), or with exec(), which blocks in an event loop of its
+/// own while the rest of the application goes on. The dialog never deletes itself; its parent or the client
+/// owns it. GUI thread only. Sizes are in device-independent pixels.
+class ORVCOMMONLIB_EXPORT CommonPopupDialog : public BaseMoveDialog
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(CommonPopupDialog)
+
+public:
+    /// What exec() returns. The numbers are fixed.
+    enum ExecResult : qint32 {
+        NoResult = -1, ///< no answer yet
+        Confirmed = 0, ///< never set by this class; for subclasses
+        Closed = 2     ///< closed with the close button
+    };
+
+    /// Builds the dialog with the fixed size `size`.
+    /// @param parent the owner; may be null
+    /// @param showCloseButton false hides the close button, and its place in the title row collapses
+    /// @param movable the user may drag the dialog
+    /// @param transparentBody the body gets a transparent background
+    /// @param modal see setModal()
+    /// @param translucentBackground what no style sheet paints is see-through
+    CommonPopupDialog(QWidget *parent, QString title, QSize size, bool showCloseButton, bool movable,
+                      bool transparentBody, bool modal, bool translucentBackground);
+    ~CommonPopupDialog() override;
+
+    /// Shows the dialog and returns at once.
+    void show();
+    /// Whether the dialog blocks input to every other window of the application, for show() and exec() alike.
+    void setModal(bool modal);
+    /// Shows the dialog and blocks until it is hidden in any way, exitEventLoop() is called, the application
+    /// quits or the dialog is destroyed. Logs one line before and one after the loop.
+    /// @return the result as it stands then: Closed once the close button has been pressed, NoResult before.
+    /// The result
+    ///         is deliberately not reset: after one press of the close button every later run returns Closed,
+    ///         unless a subclass sets another value.
+    /// @note An exec() inside the exec() of the same dialog takes over the recorded loop: only the innermost
+    /// one can
+    ///       then be ended through the dialog. The outer one ends when the dialog is destroyed or the
+    ///       application quits.
+    ExecResult exec();
+    /// Sets the text of the title bar; the window title stays "CommonPopupDialog".
+    void setTitle(QString title);
+    /// Makes a running exec() return, without hiding the dialog. Nothing happens when none is running.
+    void exitEventLoop();
+
+Q_SIGNALS:
+    /// The close button was pressed. Emitted once per press, after exec() was told to return and before the
+    /// dialog is closed: slots still find it visible.
+    void sigClosed();
+
+protected:
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    /// Hiding ends a running exec().
+    void setVisible(bool visible) override;
+
+    /// Hides the rule below the title row, for subclasses that separate title and body in their own way.
+    void hideTitleLine();
+    /// Sets what exec() returns.
+    void setExecResult(ExecResult result);
+
+private:
+    void buildBody(bool transparentBody);
+    void buildTitleRow(const QString &title, bool showCloseButton);
+    void buildTitleLine();
+    void reSize(QSize size);
+    void closeButtonClicked();
+
+    QVBoxLayout *m_verticalLayout = nullptr;
+    ExecResult m_result = NoResult;
+    QLabel *m_titleLabel = nullptr;
+    QWidget *m_bodyWidget = nullptr;
+    QWidget *m_titleLine = nullptr;
+    QEventLoop *m_eventLoop = nullptr;
+};

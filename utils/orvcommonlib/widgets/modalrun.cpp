@@ -1,0 +1,59 @@
+#include "modalrun.h"
+
+#include <QtCore/QEventLoop>
+#include <QtWidgets/QWidget>
+
+namespace {
+
+ModalRun *innermostRun = nullptr;
+
+} // namespace
+
+ModalRun::ModalRun(const QWidget *dialog)
+    : m_outer(innermostRun)
+    , m_dialog(dialog)
+{
+    innermostRun = this;
+}
+
+ModalRun::~ModalRun()
+{
+    innermostRun = m_outer;
+}
+
+void ModalRun::enter(QEventLoop &loop)
+{
+    if (!isDialogAlive() || m_hidden)
+        return;
+    m_loop = &loop;
+    loop.exec(QEventLoop::AllEvents);
+    m_loop = nullptr;
+}
+
+void ModalRun::end(QEventLoop *&recordedLoop)
+{
+    if (!recordedLoop)
+        return;
+    recordedLoop->exit(0);
+    recordedLoop = nullptr;
+}
+
+void ModalRun::noteVisibility(const QWidget *dialog)
+{
+    for (ModalRun *run = innermostRun; run; run = run->m_outer) {
+        if (run->m_dialog == dialog)
+            run->m_hidden = dialog->isHidden();
+    }
+}
+
+void ModalRun::dialogDestroyed(const QWidget *dialog, qint32 result)
+{
+    for (ModalRun *run = innermostRun; run; run = run->m_outer) {
+        if (run->m_dialog != dialog)
+            continue;
+        run->m_dialog = nullptr;
+        run->m_lastResult = result;
+        if (run->m_loop)
+            run->m_loop->exit(0);
+    }
+}
