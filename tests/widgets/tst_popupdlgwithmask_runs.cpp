@@ -1,0 +1,368 @@
+#include "insideloop.h"
+#include "maskeddialogs.h"
+#include "orvmaskctrl.h"
+
+#include <QtCore/QPointer>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QHBoxLayout>
+
+using namespace MaskedDialogs;
+
+Q_DECLARE_METATYPE(Action)
+
+/// The blocking calls of PopupDlgWithMask and the many ways in which they end.
+class tst_PopupDlgWithMaskRuns : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void buttonsEndExec_data();
+    void buttonsEndExec();
+    void ignoredCloseStillEndsExec();
+    void hidingEndsExec_data();
+    void hidingEndsExec();
+    void resultIsNotReset();
+    void forceToExitWithoutExec();
+    void execWithPosMoves();
+    void execWithPosUsesTheRecordedLoop();
+    void execWithPosAfterQuit();
+    void innermostRunIsEnded();
+    void destroyedInItsLoop_data();
+    void destroyedInItsLoop();
+    void destroyedInItsLoopAtPos_data() { destroyedInItsLoop_data(); }
+    void destroyedInItsLoopAtPos();
+    void hiddenWhileBeingShown();
+    void secondDialogFromASlot();
+    void applicationQuits();
+
+private:
+    static bool isMasked() { return OrvMaskCtrl::getInstance(nullptr)->getMaskWidget()->isVisible(); }
+
+    QWidget m_window;
+};
+
+void tst_PopupDlgWithMaskRuns::initTestCase()
+{
+    m_window.resize(800, 600);
+    m_window.show();
+    OrvMaskCtrl::getInstance(&m_window);
+}
+
+void tst_PopupDlgWithMaskRuns::buttonsEndExec_data()
+{
+    QTest::addColumn<bool>("pages");
+    QTest::addColumn<bool>("atPos");
+    QTest::addColumn<bool>("confirm");
+    QTest::addColumn<bool>("deleteOnClose");
+    for (const bool pages : {false, true}) {
+        for (const bool atPos : {false, true}) {
+            for (const bool confirm : {false, true}) {
+                for (const bool deleteOnClose : {false, true}) {
+                    QTest::addRow("%s, %s, %s%s", pages ? "pages" : "message", atPos ? "execWithPos" : "exec",
+                                  confirm ? "confirm" : "close", deleteOnClose ? ", deletes itself" : "")
+                        << pages << atPos << confirm << deleteOnClose;
+                }
+            }
+        }
+    }
+}
+
+void tst_PopupDlgWithMaskRuns::buttonsEndExec()
+{
+    QFETCH(const bool, pages);
+    QFETCH(const bool, atPos);
+    QFETCH(const bool, confirm);
+    QFETCH(const bool, deleteOnClose);
+    Options options;
+    options.deleteOnClose = deleteOnClose;
+    const QPointer<PopupDlgWithMask> dialog = pages ? newPages(2, 2, 2, options) : newMessage(options);
+    QSignalSpy closed(dialog, &PopupDlgWithMask::closeMsgBox);
+    InsideLoop::run([&] {
+        QVERIFY(dialog->isVisible());
+        InsideLoop::click(confirm ? confirmButtonOf(dialog) : closeButtonOf(dialog));
+    });
+    QPoint pos(40, 30);
+    QCOMPARE(int(atPos ? dialog->execWithPos(pos) : dialog->exec()), confirm ? 0 : 2);
+    QCOMPARE(closed.count(), 1);
+    QVERIFY(!dialog || !dialog->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(dialog.isNull(), deleteOnClose);
+    delete dialog;
+}
+
+void tst_PopupDlgWithMaskRuns::ignoredCloseStillEndsExec()
+{
+    const auto dialog = makeMessage();
+    InsideLoop::EventHook hook(dialog.get(), QEvent::Close, [](QEvent *event) {
+        event->ignore();
+        return true;
+    });
+    InsideLoop::run([&] { InsideLoop::click(confirmButtonOf(dialog.get())); });
+    QCOMPARE(dialog->exec(), PopupDlgWithMask::Confirmed);
+    QVERIFY(dialog->isVisible());
+}
+
+void tst_PopupDlgWithMaskRuns::hidingEndsExec_data()
+{
+    QTest::addColumn<Action>("hide");
+    QTest::newRow("hide()") << Action([](PopupDlgWithMask *dialog) { dialog->hide(); });
+    QTest::newRow("setVisible()") << Action([](QWidget *dialog) { dialog->setVisible(false); });
+    QTest::newRow("close()") << Action([](PopupDlgWithMask *dialog) { dialog->close(); });
+    QTest::newRow("forceToExit()") << Action([](PopupDlgWithMask *dialog) { dialog->forceToExit(); });
+}
+
+void tst_PopupDlgWithMaskRuns::hidingEndsExec()
+{
+    QFETCH(const Action, hide);
+    const auto dialog = makeMessage();
+    QSignalSpy closed(dialog.get(), &PopupDlgWithMask::closeMsgBox);
+    const LogCapture log;
+    InsideLoop::run([&] { hide(dialog.get()); });
+    QCOMPARE(dialog->exec(), PopupDlgWithMask::NoResult);
+    QPoint pos(1, 1);
+    InsideLoop::run([&] { hide(dialog.get()); });
+    QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::NoResult);
+    QVERIFY(!dialog->isVisible());
+    QCOMPARE(closed.count(), 0);
+    QCOMPARE(libraryTexts(log), QStringList());
+}
+
+void tst_PopupDlgWithMaskRuns::resultIsNotReset()
+{
+    const auto dialog = makeMessage();
+    InsideLoop::run([&] { InsideLoop::click(closeButtonOf(dialog.get())); });
+    QCOMPARE(dialog->exec(), PopupDlgWithMask::Closed);
+    InsideLoop::run([&] { dialog->hide(); });
+    QCOMPARE(dialog->exec(), PopupDlgWithMask::Closed);
+    InsideLoop::run([&] { InsideLoop::click(confirmButtonOf(dialog.get())); });
+    QCOMPARE(dialog->exec(), PopupDlgWithMask::Confirmed);
+    QPoint pos(7, 8);
+    InsideLoop::run([&] { dialog->forceToExit(); });
+    QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::Confirmed);
+}
+
+void tst_PopupDlgWithMaskRuns::forceToExitWithoutExec()
+{
+    const auto dialog = makePages(2);
+    dialog->forceToExit();
+    dialog->show(true);
+    QVERIFY(pageTimerOf(dialog.get())->isActive());
+    dialog->forceToExit();
+    QVERIFY(!dialog->isVisible());
+    QVERIFY(!pageTimerOf(dialog.get())->isActive());
+
+    Options options;
+    options.deleteOnClose = true;
+    const QPointer<PopupDlgWithMask> other = newMessage(options);
+    other->forceToExit();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!other);
+}
+
+void tst_PopupDlgWithMaskRuns::execWithPosMoves()
+{
+    const auto dialog = makeMessage();
+    QPoint pos(123, 45);
+    bool shownFirst = false;
+    InsideLoop::EventHook hook(dialog.get(), QEvent::Move, [&](QEvent *) {
+        shownFirst = shownFirst || (dialog->pos() == pos && dialog->isVisible());
+        return false;
+    });
+    InsideLoop::run([&] {
+        QCOMPARE(dialog->pos(), pos);
+        dialog->hide();
+    });
+    dialog->execWithPos(pos);
+    QVERIFY(shownFirst);
+    QCOMPARE(pos, QPoint(123, 45));
+}
+
+void tst_PopupDlgWithMaskRuns::execWithPosUsesTheRecordedLoop()
+{
+    // A loop that runs cannot run a second time: Qt says so, and the inner call returns at once.
+    const auto dialog = makeMessage();
+    QPoint pos(10, 10);
+    QStringList said;
+    InsideLoop::run([&] {
+        const LogCapture log;
+        QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::NoResult);
+        said = log.texts().filter(QStringLiteral("QEventLoop::exec"));
+        InsideLoop::run([&] { InsideLoop::click(confirmButtonOf(dialog.get())); });
+    });
+    QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::Confirmed);
+    QCOMPARE(said.size(), 1);
+}
+
+void tst_PopupDlgWithMaskRuns::execWithPosAfterQuit()
+{
+    // A loop that the dialog did not end stays recorded, and serves the next run.
+    const auto dialog = makeMessage();
+    QPoint pos(10, 10);
+    InsideLoop::run([&] {
+        InsideLoop::run([] { QCoreApplication::quit(); });
+        QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::NoResult);
+    });
+    QCoreApplication::exec();
+    InsideLoop::run([&] { InsideLoop::click(closeButtonOf(dialog.get())); });
+    QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::Closed);
+    InsideLoop::run([&] { InsideLoop::click(confirmButtonOf(dialog.get())); });
+    QCOMPARE(dialog->exec(), PopupDlgWithMask::Confirmed);
+}
+
+void tst_PopupDlgWithMaskRuns::innermostRunIsEnded()
+{
+    auto dialog = makeMessage();
+    bool outerStillRuns = false;
+    InsideLoop::run([&] {
+        InsideLoop::run([&] { InsideLoop::click(confirmButtonOf(dialog.get())); });
+        QCOMPARE(dialog->exec(), PopupDlgWithMask::Confirmed);
+        InsideLoop::run([&] {
+            dialog->show(true);
+            dialog->forceToExit();
+            InsideLoop::run([&] {
+                outerStillRuns = true;
+                dialog.reset();
+            });
+        });
+    });
+    QCOMPARE(dialog->exec(), PopupDlgWithMask::Confirmed);
+    QVERIFY(outerStillRuns);
+}
+
+void tst_PopupDlgWithMaskRuns::destroyedInItsLoop_data()
+{
+    QTest::addColumn<Action>("destroy");
+    QTest::addColumn<int>("result");
+    QTest::newRow("deleted") << Action([](PopupDlgWithMask *dialog) { delete dialog; }) << -1;
+    QTest::newRow("deleted later") << Action([](PopupDlgWithMask *dialog) { dialog->deleteLater(); }) << -1;
+    QTest::newRow("parent deleted") << Action([](PopupDlgWithMask *dialog) { delete dialog->parentWidget(); })
+                                    << -1;
+    QTest::newRow("parent deleted later")
+        << Action([](PopupDlgWithMask *dialog) { dialog->parentWidget()->deleteLater(); }) << -1;
+    QTest::newRow("deletes itself") << Action([](PopupDlgWithMask *dialog) {
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        InsideLoop::click(confirmButtonOf(dialog));
+    }) << 0;
+    QTest::newRow("deletes itself, forced") << Action([](PopupDlgWithMask *dialog) {
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->forceToExit();
+    }) << -1;
+    QTest::newRow("deletes itself, shown again") << Action([](PopupDlgWithMask *dialog) {
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        connect(dialog, &PopupDlgWithMask::closeMsgBox, dialog, [dialog] {
+            InsideLoop::run([dialog] { dialog->hide(); });
+            dialog->exec();
+        });
+        InsideLoop::click(closeButtonOf(dialog));
+    }) << 2;
+    QTest::newRow("deleted after the action") << Action([](PopupDlgWithMask *dialog) {
+        connect(dialog, &PopupDlgWithMask::closeMsgBox, dialog, [dialog] { delete dialog; });
+        InsideLoop::click(closeButtonOf(dialog));
+    }) << 2;
+    QTest::newRow("deleted while it closes") << Action([](PopupDlgWithMask *dialog) {
+        auto *hook = new InsideLoop::EventHook(dialog, QEvent::Close, [dialog](QEvent *) {
+            delete dialog;
+            return true;
+        });
+        hook->setParent(qApp);
+        InsideLoop::click(confirmButtonOf(dialog));
+    }) << -1;
+    QTest::newRow("deleted while it is forced") << Action([](PopupDlgWithMask *dialog) {
+        auto *hook = new InsideLoop::EventHook(dialog, QEvent::Close, [dialog](QEvent *) {
+            delete dialog;
+            return true;
+        });
+        hook->setParent(qApp);
+        dialog->forceToExit();
+    }) << -1;
+}
+
+void tst_PopupDlgWithMaskRuns::destroyedInItsLoop()
+{
+    QFETCH(const Action, destroy);
+    QFETCH(const int, result);
+    const QPointer<QWidget> parent = new QWidget;
+    Options options;
+    options.useMask = true;
+    options.parent = parent;
+    const QPointer<PopupDlgWithMask> dialog = newPages(2, 2, 2, options);
+    InsideLoop::run([&] { destroy(dialog); });
+    QCOMPARE(int(dialog->exec()), result);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!dialog);
+    QVERIFY(!isMasked());
+    delete parent;
+}
+
+void tst_PopupDlgWithMaskRuns::destroyedInItsLoopAtPos()
+{
+    QFETCH(const Action, destroy);
+    QFETCH(const int, result);
+    const QPointer<QWidget> parent = new QWidget;
+    Options options;
+    options.parent = parent;
+    const QPointer<PopupDlgWithMask> dialog = newMessage(options);
+    InsideLoop::run([&] { destroy(dialog); });
+    QPoint pos(5, 5);
+    QCOMPARE(int(dialog->execWithPos(pos)), result);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!dialog);
+    delete parent;
+}
+
+void tst_PopupDlgWithMaskRuns::hiddenWhileBeingShown()
+{
+    Options options;
+    options.useMask = true;
+    options.parent = &m_window;
+    const auto dialog = makePages(2, options);
+    InsideLoop::EventHook hook(dialog.get(), QEvent::Show, [&](QEvent *) {
+        dialog->hide();
+        return false;
+    });
+    QCOMPARE(dialog->exec(), PopupDlgWithMask::NoResult);
+    QPoint pos(9, 9);
+    QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::NoResult);
+    QVERIFY(!isMasked());
+    QVERIFY(!pageTimerOf(dialog.get())->isActive());
+}
+
+void tst_PopupDlgWithMaskRuns::secondDialogFromASlot()
+{
+    Options options;
+    options.useMask = true;
+    options.modal = true;
+    options.parent = &m_window;
+    const auto first = makeMessage(options);
+    const auto second = makePages(3, options);
+    connect(first.get(), &PopupDlgWithMask::closeMsgBox, this, [&] {
+        QVERIFY(!isMasked());
+        InsideLoop::run([&] {
+            QVERIFY(isMasked());
+            InsideLoop::click(closeButtonOf(second.get()));
+        });
+        QCOMPARE(second->exec(), PopupDlgWithMask::Closed);
+    });
+    InsideLoop::run([&] { InsideLoop::click(confirmButtonOf(first.get())); });
+    QCOMPARE(first->exec(), PopupDlgWithMask::Confirmed);
+    QVERIFY(!isMasked());
+}
+
+void tst_PopupDlgWithMaskRuns::applicationQuits()
+{
+    const auto dialog = makeMessage();
+    bool returned = false;
+    InsideLoop::run([&] {
+        InsideLoop::run([] { QCoreApplication::quit(); });
+        QCOMPARE(dialog->exec(), PopupDlgWithMask::NoResult);
+        returned = true;
+    });
+    QCoreApplication::exec();
+    QVERIFY(returned);
+}
+
+QTEST_MAIN(tst_PopupDlgWithMaskRuns)
+
+#include "tst_popupdlgwithmask_runs.moc"

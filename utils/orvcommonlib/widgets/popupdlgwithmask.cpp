@@ -1,0 +1,305 @@
+#include "popupdlgwithmask.h"
+
+#include "dialogbuttons.h"
+#include "modalrun.h"
+#include "orvmaskctrl.h"
+#include "styledlabel.h"
+
+#include <QtCore/QDebug>
+#include <QtCore/QEventLoop>
+#include <QtCore/QMargins>
+#include <QtCore/QTimer>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace {
+
+constexpr char kDialogStyle[] = "background-color:transparent;";
+constexpr char kBackgroundStyle[] =
+    "QLabel\n{\n  border-image: url(%1); \n  background-color: transparent; \n}";
+constexpr char kTitleStyle[] =
+    "QLabel \n{ \n background: transparent; font-size: 16px;\n font-weight: Medium; \n"
+    " color: #333333; \n}";
+constexpr char kCloseButtonStyle[] =
+    "QPushButton {background: transparent;"
+    "border-image:url(:/noviceguide/resources/newui/noviceguide/closebtn.png);}\n"
+    "QPushButton:hover {background: transparent;"
+    "border-image:url(:/noviceguide/resources/newui/noviceguide/closebtn.png);}";
+constexpr char kContentStyle[] =
+    "QLabel \n{ \n background: transparent;font-size: 14px;\n font-weight: Normal; \n"
+    " color: #333333; \nqproperty-wordWrap: true;\ntext-align: left; \n}";
+constexpr char kNoteStyle[] =
+    "QLabel \n{ \n background: transparent; font-size: 13px;\n font-weight: Medium; \n"
+    " color: #666666; \n}";
+/// The three states look the same on purpose.
+constexpr char kConfirmButtonStyle[] =
+    "QPushButton \n{ \n background-color:#4B66EB;\n border-radius:4px;\n font-size: 12px;\n font-weight: "
+    "Medium;\n"
+    " border:0px solid #FFFFFF;\n color:#FFFFFF;\n padding-left: 3px;\n padding-right:3px;\n}\n"
+    "QPushButton:hover \n{ \n background-color:#4B66EB;\n border-radius:4px;\n font-size: 12px;\n"
+    " font-weight: Medium;\n border:0px solid #FFFFFF;\n color:#FFFFFF;\n padding-left: 3px;\n"
+    " padding-right:3px;\n}\n"
+    "QPushButton:pressed \n{ \n background-color:#4B66EB;\n border-radius:4px;\n font-size: 12px;\n"
+    " font-weight: Medium;\n border:0px solid #FFFFFF;\n color:#FFFFFF;\n padding-left: 3px;\n"
+    " padding-right:3px;\n}";
+
+constexpr int kPadding = 16;
+constexpr int kTitleHeight = 22;
+constexpr QSize kCloseButtonSize(16, 16);
+constexpr int kContentGap = 12;
+constexpr int kContentMinimumHeight = 20;
+constexpr int kContentMaximumHeight = 40;
+constexpr QSize kNoteSize(50, 22);
+constexpr QSize kConfirmButtonSize(68, 24);
+
+} // namespace
+
+PopupDlgWithMask::PopupDlgWithMask(QString backgroundImage, QSize size, int marginLeft, int marginTop,
+                                   int marginRight, int marginBottom, QString title, QString content,
+                                   QString noteText, QString confirmText, bool useMask, bool deleteOnClose,
+                                   bool dialogWindow, bool modal, QWidget *parent)
+    : BaseMoveDialog(parent, false, true, dialogWindow)
+    , m_useMask(useMask)
+    , m_maskParent(parent)
+{
+    initFrame(backgroundImage, size, QMargins(marginLeft, marginTop, marginRight, marginBottom),
+              deleteOnClose, modal);
+    initControls(title, content, confirmText, noteText);
+}
+
+PopupDlgWithMask::~PopupDlgWithMask()
+{
+    ModalRun::dialogDestroyed(this, m_result);
+    releaseMask();
+    stopPageTimer();
+}
+
+void PopupDlgWithMask::initFrame(const QString &backgroundImage, QSize size, const QMargins &border,
+                                 bool deleteOnClose, bool modal)
+{
+    setObjectName(QStringLiteral("popupdlgwithmask"));
+    setFixedSize(size);
+    setWindowFlags(windowFlags() | Qt::Tool);
+    if (modal)
+        setWindowModality(Qt::ApplicationModal);
+    if (deleteOnClose)
+        setAttribute(Qt::WA_DeleteOnClose);
+    setStyleSheet(QLatin1String(kDialogStyle));
+
+    auto *background = new QLabel(this);
+    background->setFixedSize(this->size());
+    background->setGeometry(0, 0, width(), height());
+    background->setStyleSheet(
+        QString(QLatin1String(kBackgroundStyle)).arg(backgroundImage, 0, QLatin1Char(' ')));
+
+    m_mainLayout = new QVBoxLayout(this);
+    m_mainLayout->setContentsMargins(border + QMargins(kPadding, kPadding, kPadding, kPadding));
+    m_mainLayout->setSpacing(0);
+}
+
+void PopupDlgWithMask::initControls(QString title, QString content, QString confirmText, QString noteText)
+{
+    addTitleRow(title);
+    addContentColumn(content);
+    addBottomRow(confirmText, noteText);
+}
+
+void PopupDlgWithMask::addTitleRow(const QString &title)
+{
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, 0, 0);
+    m_mainLayout->addLayout(row);
+
+    m_titleLabel =
+        createStyledLabel(this, title, Qt::AlignLeft | Qt::AlignVCenter, QLatin1String(kTitleStyle));
+    m_titleLabel->setScaledContents(true);
+    m_titleLabel->setFixedHeight(kTitleHeight);
+
+    m_closeButton =
+        DialogButtons::createCloseButton(this, kCloseButtonSize, QLatin1String(kCloseButtonStyle));
+    connect(m_closeButton, &QPushButton::clicked, this, &PopupDlgWithMask::closeButtonClicked);
+    connect(m_closeButton, &QPushButton::clicked, this, &PopupDlgWithMask::closeMsgBox);
+    m_closeButton->setVisible(true);
+
+    row->addWidget(m_titleLabel);
+    row->addStretch();
+    row->addWidget(m_closeButton);
+}
+
+void PopupDlgWithMask::addContentColumn(const QString &content)
+{
+    auto *column = new QVBoxLayout;
+    column->setContentsMargins(0, kContentGap, 0, 0);
+    column->setSpacing(0);
+    m_mainLayout->addLayout(column);
+
+    m_contentLabel = createStyledLabel(this, content, Qt::AlignLeft, QLatin1String(kContentStyle));
+    m_contentLabel->setMinimumHeight(kContentMinimumHeight);
+    m_contentLabel->setMaximumHeight(kContentMaximumHeight);
+    column->addWidget(m_contentLabel);
+}
+
+void PopupDlgWithMask::addBottomRow(const QString &confirmText, const QString &noteText)
+{
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, 0, 0);
+
+    m_noteLabel =
+        createStyledLabel(this, noteText, Qt::AlignLeft | Qt::AlignVCenter, QLatin1String(kNoteStyle));
+    m_noteLabel->setFixedSize(kNoteSize);
+    m_noteLabel->setAttribute(Qt::WA_LayoutUsesWidgetRect);
+
+    m_confirmButton =
+        DialogButtons::createActionButton(this, confirmText, QLatin1String(kConfirmButtonStyle));
+    m_confirmButton->setFixedSize(kConfirmButtonSize);
+    connect(m_confirmButton, &QPushButton::clicked, this, &PopupDlgWithMask::confirmButtonClicked);
+    connect(m_confirmButton, &QPushButton::clicked, this, &PopupDlgWithMask::closeMsgBox);
+
+    row->addWidget(m_noteLabel);
+    row->addStretch();
+    row->addWidget(m_confirmButton);
+
+    m_mainLayout->addStretch();
+    m_mainLayout->addLayout(row);
+}
+
+PopupDlgWithMask::ExecResult PopupDlgWithMask::exec()
+{
+    ModalRun run(this);
+    QEventLoop loop;
+    if (present(run)) {
+        m_eventLoop = &loop;
+        run.enter(loop);
+    }
+    if (!run.isDialogAlive())
+        return static_cast<ExecResult>(run.lastResult());
+    m_eventLoop = nullptr;
+    return m_result;
+}
+
+PopupDlgWithMask::ExecResult PopupDlgWithMask::execWithPos(QPoint &pos)
+{
+    ModalRun run(this);
+    if (present(run)) {
+        move(pos.x(), pos.y());
+        if (!m_eventLoop)
+            m_eventLoop = new QEventLoop;
+        run.enter(*m_eventLoop);
+    }
+    return run.isDialogAlive() ? m_result : static_cast<ExecResult>(run.lastResult());
+}
+
+/// Brings mask and dialog to the front; false when the dialog did not survive that.
+bool PopupDlgWithMask::present(ModalRun &run)
+{
+    requestMask();
+    show(true);
+    if (run.isDialogAlive())
+        raise();
+    return run.isDialogAlive();
+}
+
+void PopupDlgWithMask::show(bool)
+{
+    requestMask();
+    QWidget::show();
+}
+
+void PopupDlgWithMask::forceToExit()
+{
+    const QPointer<PopupDlgWithMask> alive(this);
+    exitEventLoop();
+    close();
+    if (alive)
+        stopPageTimer();
+}
+
+void PopupDlgWithMask::setTitle(QString title)
+{
+    if (m_titleLabel)
+        m_titleLabel->setText(title);
+}
+
+void PopupDlgWithMask::setContent(QString content)
+{
+    if (m_contentLabel)
+        m_contentLabel->setText(content);
+}
+
+void PopupDlgWithMask::setConfirmBtnText(QString text)
+{
+    if (m_confirmButton)
+        m_confirmButton->setText(text);
+}
+
+void PopupDlgWithMask::setVisible(bool visible)
+{
+    const QPointer<PopupDlgWithMask> alive(this);
+    BaseMoveDialog::setVisible(visible);
+    if (!alive)
+        return;
+    ModalRun::noteVisibility(this);
+    if (!visible) {
+        releaseMask();
+        exitEventLoop();
+        stopPageTimer();
+    } else if (m_pageTimer && !isHidden()) {
+        stopPageTimer();
+        m_pageTimer->start();
+    }
+}
+
+void PopupDlgWithMask::exitEventLoop()
+{
+    ModalRun::end(m_eventLoop);
+}
+
+void PopupDlgWithMask::stopPageTimer()
+{
+    if (m_pageTimer && m_pageTimer->isActive())
+        m_pageTimer->stop();
+}
+
+/// Null when the dialog uses no mask, or when the application has already deleted it.
+OrvMaskCtrl *PopupDlgWithMask::mask() const
+{
+    return m_useMask ? OrvMaskCtrl::getInstance(m_maskParent) : nullptr;
+}
+
+void PopupDlgWithMask::requestMask()
+{
+    if (OrvMaskCtrl *control = mask())
+        control->showMasking(this);
+}
+
+void PopupDlgWithMask::releaseMask()
+{
+    if (OrvMaskCtrl *control = mask())
+        control->hideMasking(this);
+}
+
+void PopupDlgWithMask::closeButtonClicked()
+{
+    qInfo() << "AAAAA--PopupDlgWithMask--close btn clicked";
+    closeWithResult(Closed);
+}
+
+void PopupDlgWithMask::confirmButtonClicked()
+{
+    qInfo() << "AAAAA--PopupDlgWithMask--confirm btn clicked";
+    closeWithResult(Confirmed);
+    qInfo() << "AAAAA--PopupDlgWithMask--confirm btn clicked--end";
+}
+
+/// The result is stored last: handlers that run during the close still see the old one. The loop returns only
+/// after them, so exec() reads the new one.
+void PopupDlgWithMask::closeWithResult(ExecResult result)
+{
+    const QPointer<PopupDlgWithMask> alive(this);
+    exitEventLoop();
+    close();
+    if (alive)
+        m_result = result;
+}

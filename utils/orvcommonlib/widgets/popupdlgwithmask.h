@@ -1,0 +1,152 @@
+#pragma once
+
+#include "basemovedialog.h"
+#include "orvcommonlib_global.h"
+
+#include <QtCore/QPoint>
+#include <QtCore/QPointer>
+#include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+class ModalRun;
+class OrvMaskCtrl;
+class QEventLoop;
+class QLabel;
+class QMargins;
+class QPushButton;
+class QStackedWidget;
+class QTimer;
+class QVBoxLayout;
+
+/// A message box on a background image: one message, or a sequence of pages, a short note and one confirm
+/// button. While it is visible it can darken the main window with the mask of OrvMaskCtrl.
+///
+/// It is shown with show(bool), exec() or execWithPos(); QWidget::show() is hidden on purpose, as it would
+/// leave the mask out. The user cannot drag it. The image
+/// ":/noviceguide/resources/newui/noviceguide/closebtn.png" of the close button belongs to the application,
+/// as the background image does; without them these parts stay transparent. GUI thread only. Sizes are in
+/// device-independent pixels.
+class ORVCOMMONLIB_EXPORT PopupDlgWithMask : public BaseMoveDialog
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(PopupDlgWithMask)
+
+public:
+    /// What exec() and execWithPos() return. The numbers are fixed.
+    enum ExecResult : qint32 {
+        NoResult = -1, ///< no answer yet
+        Confirmed = 0, ///< the confirm button
+        Closed = 2     ///< the close button
+    };
+
+    /// A message box with one wrapped text of at most two lines.
+    /// @param backgroundImage a file name or resource path; the image is stretched over the whole dialog
+    /// @param size the fixed size of the dialog, including the transparent border of the image
+    /// @param marginLeft,marginTop,marginRight,marginBottom the widths of that transparent border; the
+    /// contents keep
+    ///        16 pixels more
+    /// @param useMask darken the main window while the dialog is visible
+    /// @param deleteOnClose the dialog deletes itself when it is closed; do not touch it after exec() has
+    /// returned
+    /// @param dialogWindow kept for the base class; the window is a tool window either way
+    /// @param modal block input to every other window of the application
+    /// @param parent the owner, and the window to darken where no mask exists yet
+    PopupDlgWithMask(QString backgroundImage, QSize size, int marginLeft, int marginTop, int marginRight,
+                     int marginBottom, QString title, QString content, QString noteText, QString confirmText,
+                     bool useMask, bool deleteOnClose, bool dialogWindow, bool modal, QWidget *parent);
+
+    /// A message box with pages that turn by themselves every three seconds while it is visible.
+    ///
+    /// The three lists hold one entry for each page: the path of a picture, a title and a one-line text.
+    /// Lists of unequal lengths give a dialog without pages. The lists are copied. The other arguments are
+    /// those of the first form.
+    PopupDlgWithMask(QString backgroundImage, QSize size, int marginLeft, int marginTop, int marginRight,
+                     int marginBottom, QString title, QVector<QString> &pageImages,
+                     QVector<QString> &pageTitles, QVector<QString> &pageContents, QString noteText,
+                     QString confirmText, bool useMask, bool deleteOnClose, bool dialogWindow, bool modal,
+                     QWidget *parent);
+    ~PopupDlgWithMask() override;
+
+    /// Shows the dialog, and the mask if it uses one, and blocks until it is hidden in any way, the
+    /// application quits or the dialog is destroyed.
+    /// @return Confirmed or Closed after a press of that button. The result is deliberately not reset: a run
+    /// that ends
+    ///         in another way returns what the run before returned, NoResult if there was none.
+    /// @note An exec() inside a run of the same dialog takes over the recorded loop: only the innermost one
+    /// can then be
+    ///       ended through the dialog. The outer one ends when the dialog is destroyed or the application
+    ///       quits.
+    ExecResult exec();
+    /// Like exec(), with the top-left corner at `pos` (global), to which the dialog moves once it is shown.
+    /// `pos` is only read.
+    /// @note Inside a run of the same dialog it returns at once. Each loop is deliberately left to the
+    /// process when the
+    ///       run has ended; one that was ended by other means than the dialog is used again.
+    ExecResult execWithPos(QPoint &pos);
+    /// Shows the mask, if the dialog uses one, and the dialog. The argument is deliberately without effect.
+    virtual void show(bool);
+    /// Ends a running exec() or execWithPos(), closes the dialog and stops turning pages. The result stays as
+    /// it is.
+    void forceToExit();
+
+    void setTitle(QString title);
+    /// Sets the message; a dialog with pages has none and ignores it.
+    void setContent(QString content);
+    void setConfirmBtnText(QString text);
+
+Q_SIGNALS:
+    /// The close button or the confirm button was pressed; emitted once per press, after the dialog has been
+    /// closed and the result stored, before exec() returns.
+    void closeMsgBox();
+
+protected:
+    /// Hiding releases the mask, ends a running exec() and stops the page timer; showing starts the page
+    /// timer anew.
+    void setVisible(bool visible) override;
+
+private Q_SLOTS:
+    void slot_timerFunc();
+
+private:
+    void exitEventLoop();
+    bool present(ModalRun &run);
+
+    void initFrame(const QString &backgroundImage, QSize size, const QMargins &border, bool deleteOnClose,
+                   bool modal);
+    void initControls(QString title, QString content, QString confirmText, QString noteText);
+    void addTitleRow(const QString &title);
+    void addContentColumn(const QString &content);
+    void addBottomRow(const QString &confirmText, const QString &noteText);
+    void initMultiPages(QString title, QString confirmText, QString noteText);
+    void initSubWidget(QWidget *page, QString image, QString pageTitle, QString pageContent, int pageNumber,
+                       int pageCount);
+    void initIndexWinget(QWidget *dots, int pageNumber, int pageCount);
+    void initPageTimer();
+    void stopPageTimer();
+
+    OrvMaskCtrl *mask() const;
+    void requestMask();
+    void releaseMask();
+
+    void closeButtonClicked();
+    void confirmButtonClicked();
+    void closeWithResult(ExecResult result);
+
+    QVBoxLayout *m_mainLayout = nullptr;
+    QEventLoop *m_eventLoop = nullptr;
+    ExecResult m_result = NoResult;
+    bool m_useMask = false;
+    QPointer<QWidget> m_maskParent;
+    QLabel *m_titleLabel = nullptr;
+    QPushButton *m_closeButton = nullptr;
+    QLabel *m_contentLabel = nullptr;
+    QLabel *m_noteLabel = nullptr;
+    QPushButton *m_confirmButton = nullptr;
+    QVector<QString> m_pageImages;
+    QVector<QString> m_pageTitles;
+    QVector<QString> m_pageContents;
+    QStackedWidget *m_pageStack = nullptr;
+    QTimer *m_pageTimer = nullptr;
+    int m_pageCount = 0;
+};
