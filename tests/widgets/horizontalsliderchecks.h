@@ -1,0 +1,420 @@
+#pragma once
+
+#include "logcapture.h"
+#include "slidertesting.h"
+
+#include <QtCore/QScopedPointer>
+#include <QtCore/QStringList>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+
+#include <functional>
+#include <limits>
+
+/// What HorizontalSlider and NewHorizontalSlider have in common is checked by the same functions. Each gets a
+/// slider whose range is as long as its travel, one value a pixel, and which is painted once, so that value v
+/// stands at x = half + v.
+namespace HorizontalSliderChecks {
+
+/// Opens what is protected, and counts paints.
+template<typename Slider>
+class Probe : public Slider
+{
+public:
+    using Slider::Slider;
+    using Slider::updateState;
+    using Slider::updateValue;
+
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        ++paints;
+        Slider::paintEvent(event);
+    }
+};
+
+/// Writes down every signal in order.
+template<typename Slider>
+class Recorder
+{
+public:
+    explicit Recorder(Slider *slider)
+    {
+        QObject::connect(slider, &Slider::valueChanged, slider, [this](int value) { add("changed", value); });
+        QObject::connect(slider, &Slider::sliderMoved, slider, [this](int value) { add("moved", value); });
+        QObject::connect(slider, &Slider::sliderMoving, slider,
+                         [this](bool moving) { add("moving", moving); });
+    }
+
+    /// What came since the last call, in one line.
+    QString taken()
+    {
+        const QString text = m_lines.join(QStringLiteral(", "));
+        m_lines.clear();
+        return text;
+    }
+
+private:
+    void add(const char *name, int number)
+    {
+        m_lines << QStringLiteral("%1 %2").arg(QLatin1String(name)).arg(number);
+    }
+
+    QStringList m_lines;
+};
+
+/// The measures of the slider under test.
+struct Measures
+{
+    int half;
+    int travel;
+    int centerY;
+
+    QPoint at(int value) const { return {half + value, centerY}; }
+};
+
+inline QString text(const char *latin1)
+{
+    return QString::fromLatin1(latin1);
+}
+
+template<typename Slider>
+void prepare(Slider *slider, const Measures &measures)
+{
+    slider->setRange(0, measures.travel);
+    SliderTesting::painted(slider);
+}
+
+template<typename Slider>
+void checkSetValue(Slider *slider)
+{
+    Recorder<Slider> recorder(slider);
+    slider->setValue(0);
+    QCOMPARE(recorder.taken(), QString());
+    slider->setValue(5);
+    slider->setValue(5);
+    QCOMPARE(recorder.taken(), text("changed 5"));
+    slider->setValue(5000);
+    QCOMPARE(slider->value(), 5000);
+    slider->setValue(-1);
+    QCOMPARE(slider->value(), -1);
+    QCOMPARE(recorder.taken(), text("changed 5000, changed -1"));
+    slider->setRange(10, 20);
+    QCOMPARE(slider->value(), -1);
+    QCOMPARE(recorder.taken(), QString());
+}
+
+/// A paint that is due when the signal comes happens when events are processed in the slot.
+template<typename Slider>
+void checkUpdateComesBeforeTheSignal(Slider *slider)
+{
+    slider->show();
+    QVERIFY(QTest::qWaitForWindowExposed(slider));
+    QTRY_VERIFY(slider->paints > 0);
+    QCoreApplication::processEvents();
+    int paintsBefore = slider->paints;
+    bool paintedInSlot = false;
+    QObject::connect(slider, &Slider::valueChanged, slider, [&] {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+        paintedInSlot = slider->paints > paintsBefore;
+    });
+    slider->setValue(42);
+    QVERIFY(paintedInSlot);
+    paintsBefore = slider->paints;
+    slider->setRange(0, 50);
+    QTRY_VERIFY(slider->paints > paintsBefore);
+}
+
+template<typename Slider>
+void checkDrag(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    Recorder<Slider> recorder(slider);
+    QVERIFY(press(slider, measures.at(2)));
+    QCOMPARE(recorder.taken(), QString());
+    QVERIFY(!move(slider, measures.at(32)));
+    QCOMPARE(recorder.taken(), text("moving 1, changed 30, moved 30"));
+    move(slider, measures.at(32));
+    QCOMPARE(recorder.taken(), text("moving 1"));
+    QVERIFY(!release(slider, measures.at(35)));
+    QCOMPARE(recorder.taken(), text("changed 33, moved 33, moving 0"));
+    move(slider, measures.at(40));
+    QCOMPARE(recorder.taken(), QString());
+    QCOMPARE(slider->value(), 33);
+}
+
+template<typename Slider>
+void checkDragRestsBeyondTheEdges(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    Recorder<Slider> recorder(slider);
+    const int width = slider->width();
+    press(slider, measures.at(0));
+    move(slider, measures.at(20));
+    QCOMPARE(recorder.taken(), text("moving 1, changed 20, moved 20"));
+    move(slider, QPoint(width + 1, 3));
+    move(slider, QPoint(-1, 3));
+    QCOMPARE(recorder.taken(), text("moving 1, moving 1"));
+    move(slider, measures.at(22));
+    QCOMPARE(recorder.taken(), text("moving 1, changed 22, moved 22"));
+    move(slider, QPoint(width, -500));
+    QCOMPARE(slider->value(), measures.travel);
+    move(slider, QPoint(0, 500));
+    QCOMPARE(slider->value(), 0);
+    recorder.taken();
+    // The release takes over wherever it is: the way is measured from the last position inside.
+    release(slider, QPoint(measures.travel * 3, 3));
+    QCOMPARE(slider->value(), measures.travel);
+    QCOMPARE(recorder.taken(), QStringLiteral("changed %1, moved %1, moving 0").arg(measures.travel));
+}
+
+template<typename Slider>
+void checkPressOnHandleAlone(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    slider->setValue(50);
+    painted(slider);
+    Recorder<Slider> recorder(slider);
+    // The handle's rectangle includes its edges.
+    for (const int off : {-measures.half, -1, 0, measures.half}) {
+        click(slider, measures.at(50 + off));
+        QCOMPARE(recorder.taken(), QString());
+    }
+    click(slider, measures.at(50 + measures.half + 1));
+    QCOMPARE(recorder.taken(), QStringLiteral("changed %1").arg(50 + measures.half + 1));
+}
+
+template<typename Slider>
+void checkGrooveClick(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    Recorder<Slider> recorder(slider);
+    QVERIFY(press(slider, measures.at(60)));
+    QCOMPARE(recorder.taken(), QString());
+    QVERIFY(!release(slider, measures.at(60)));
+    QCOMPARE(recorder.taken(), text("changed 60"));
+    click(slider, measures.at(60));
+    QCOMPARE(recorder.taken(), QString());
+    // Beyond the travel, within the widget.
+    painted(slider);
+    click(slider, QPoint(0, 0));
+    QCOMPARE(slider->value(), 0);
+    painted(slider);
+    click(slider, QPoint(slider->width(), 0));
+    QCOMPARE(slider->value(), measures.travel);
+}
+
+template<typename Slider>
+void checkTravelOfClicks(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    const int distance = QApplication::startDragDistance();
+    Recorder<Slider> recorder(slider);
+    press(slider, measures.at(40));
+    release(slider, measures.at(40 + distance));
+    QCOMPARE(recorder.taken(), QString());
+    press(slider, measures.at(40));
+    release(slider, measures.at(40 + distance - 1));
+    QCOMPARE(recorder.taken(), QStringLiteral("changed %1").arg(40 + distance - 1));
+    // To the left a click may travel as far as it likes, and moves in between are none of its business.
+    press(slider, measures.at(100));
+    move(slider, measures.at(50));
+    release(slider, measures.at(12));
+    QCOMPARE(recorder.taken(), text("changed 12"));
+}
+
+template<typename Slider>
+void checkHalfwayGoesUp(Slider *slider, const Measures &measures)
+{
+    slider->setRange(0, measures.travel / 2);
+    SliderTesting::painted(slider);
+    SliderTesting::click(slider, measures.at(41));
+    QCOMPARE(slider->value(), 21);
+    SliderTesting::click(slider, measures.at(80));
+    QCOMPARE(slider->value(), 40);
+}
+
+template<typename Slider>
+void checkOtherButtons(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    Recorder<Slider> recorder(slider);
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QVERIFY(!press(slider, measures.at(0), button));
+        move(slider, measures.at(30));
+        QVERIFY(!release(slider, measures.at(30), button));
+    }
+    // A release that no press preceded is no click.
+    release(slider, measures.at(30));
+    QCOMPARE(recorder.taken(), QString());
+    // Nor is that of another button one while the left one is held.
+    press(slider, measures.at(60));
+    release(slider, measures.at(60), Qt::RightButton);
+    QCOMPARE(recorder.taken(), QString());
+    release(slider, measures.at(60));
+    QCOMPARE(recorder.taken(), text("changed 60"));
+}
+
+template<typename Slider>
+void checkTwoQuickClicks(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    Recorder<Slider> recorder(slider);
+    click(slider, measures.at(60));
+    slider->setValue(0);
+    painted(slider);
+    sendMouse(slider, QEvent::MouseButtonDblClick, measures.at(60));
+    release(slider, measures.at(60));
+    QCOMPARE(recorder.taken(), text("changed 60, changed 0, changed 60"));
+}
+
+/// Every pixel is clicked, above the slider so that the handle is never in the way; the value is the one that
+/// the loop finds.
+template<typename Slider>
+void checkEveryPixel(Slider *slider, const Measures &measures, int minimum, int maximum, double step)
+{
+    using namespace SliderTesting;
+    slider->setRange(minimum, maximum);
+    for (int x = -3; x < slider->width() + 3; ++x) {
+        const double position = qBound(measures.half, x, measures.half + measures.travel);
+        int expected = slider->value();
+        searchValue(position, minimum, maximum, measures.half, step, &expected);
+        painted(slider);
+        click(slider, QPoint(x, -5));
+        if (slider->value() != expected)
+            QFAIL(qPrintable(
+                QStringLiteral("%1 instead of %2 at %3").arg(slider->value()).arg(expected).arg(x)));
+    }
+}
+
+/// A value that stands at a fraction of a pixel stays at that fraction while it is dragged.
+template<typename Slider>
+void checkDragFromFractions(Slider *slider, const Measures &measures, double step)
+{
+    using namespace SliderTesting;
+    slider->setRange(0, 97);
+    for (int start = 0; start <= 97; start += 7) {
+        slider->setValue(start);
+        painted(slider);
+        double position = measures.half + step * start;
+        QPoint last(int(position), measures.centerY);
+        press(slider, last);
+        for (const int x : {20, 61, 62, 103, 55, 7}) {
+            position = qBound(double(measures.half), position + x - last.x(),
+                              double(measures.half + measures.travel));
+            int expected = slider->value();
+            searchValue(position, 0, 97, measures.half, step, &expected);
+            last = QPoint(x, measures.centerY);
+            move(slider, last);
+            QCOMPARE(slider->value(), expected);
+            painted(slider);
+        }
+        release(slider, last);
+    }
+}
+
+/// While the handle is dragged, a value from elsewhere does not move it.
+template<typename Slider>
+void checkHandleStaysInHand(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    press(slider, measures.at(0));
+    move(slider, measures.at(50));
+    slider->setValue(10);
+    painted(slider);
+    move(slider, measures.at(51));
+    QCOMPARE(slider->value(), 51);
+    slider->setValue(10);
+    release(slider, measures.at(51));
+    QCOMPARE(slider->value(), 51);
+}
+
+/// Before the first paint there is no travel yet.
+template<typename Slider>
+void checkBeforeTheFirstPaint(Slider *slider)
+{
+    SliderTesting::click(slider, QPoint(60, 5));
+    QCOMPARE(slider->value(), 0);
+}
+
+/// The slider goes in a slot of each signal, during each step of a drag and a click.
+template<typename Slider>
+void checkDestroyedInSlots(const std::function<Slider *()> &make, const Measures &measures)
+{
+    using namespace SliderTesting;
+    for (int wanted = 0; wanted < 5; ++wanted) {
+        const QPointer<Slider> slider(make());
+        prepare(slider.data(), measures);
+        const auto destroy = [&] {
+            delete slider.data();
+        };
+        const auto destroyIf = [&](bool due) {
+            if (due)
+                delete slider.data();
+        };
+        if (wanted == 0)
+            QObject::connect(slider.data(), &Slider::valueChanged, qApp, destroy);
+        if (wanted == 1)
+            QObject::connect(slider.data(), &Slider::sliderMoved, qApp, destroy);
+        if (wanted == 2 || wanted == 3)
+            QObject::connect(slider.data(), &Slider::sliderMoving, qApp,
+                             [&](bool moving) { destroyIf(moving == (wanted == 2)); });
+        press(slider, measures.at(0));
+        if (wanted == 4) {
+            QObject::connect(slider.data(), &Slider::valueChanged, qApp, destroy);
+            release(slider, measures.at(0));
+            press(slider, measures.at(60));
+        }
+        if (wanted < 4)
+            move(slider, measures.at(30));
+        if (slider)
+            release(slider, measures.at(wanted == 4 ? 60 : 30));
+        QVERIFY2(!slider, qPrintable(QString::number(wanted)));
+    }
+    QPointer<Slider> slider(make());
+    QObject::connect(slider.data(), &Slider::valueChanged, qApp, [&] { delete slider.data(); });
+    slider->setValue(1);
+    QVERIFY(!slider);
+}
+
+/// Ranges that make no sense: nothing crashes, and the pointer changes no value.
+template<typename Slider>
+void checkAbsurdRanges(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    constexpr int kLowest = std::numeric_limits<int>::min();
+    constexpr int kHighest = std::numeric_limits<int>::max();
+    const QImage atMinimum = painted(slider);
+    for (const int bound : {5, -5, 0, kLowest, kHighest}) {
+        slider->setRange(bound, bound);
+        QCOMPARE(painted(slider), atMinimum);
+        click(slider, measures.at(60));
+        QCOMPARE(slider->value(), 0);
+        QCOMPARE(painted(slider), atMinimum);
+    }
+    const QPair<int, int> ranges[] = {{10, 0}, {kHighest, kLowest},      {kLowest, kHighest},
+                                      {0, 1},  {kHighest - 1, kHighest}, {kLowest, 0}};
+    for (const QPair<int, int> &range : ranges) {
+        slider->setRange(range.first, range.second);
+        for (const int value : {range.first, range.second, 0, kLowest, kHighest}) {
+            slider->setValue(value);
+            painted(slider);
+            click(slider, measures.at(60));
+            painted(slider);
+            press(slider, measures.at(60));
+            move(slider, measures.at(30));
+            painted(slider);
+            release(slider, measures.at(0));
+        }
+    }
+    slider->setRange(10, 0);
+    slider->setValue(10);
+    QCOMPARE(painted(slider), atMinimum);
+    click(slider, measures.at(60));
+    QCOMPARE(slider->value(), 10);
+}
+
+} // namespace HorizontalSliderChecks

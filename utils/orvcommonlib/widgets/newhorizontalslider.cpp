@@ -1,0 +1,117 @@
+#include "newhorizontalslider.h"
+
+#include "horizontalsliderlogic.h"
+
+#include <utility>
+
+using Logic = HorizontalSliderLogic<NewHorizontalSlider>;
+
+NewHorizontalSlider::NewHorizontalSlider(QSize size, QSize handleSize, bool bidirectional, QWidget *parent)
+    : QWidget(parent)
+    , m_bidirectional(bidirectional)
+    , m_skinPath(QStringLiteral(":/images/images/hslider2/"))
+    , m_size(size)
+    , m_handleSize(handleSize)
+    , m_valueColor(0x4B, 0x66, 0xEB)
+    , m_disabledValueColor(0xCC, 0xCC, 0xCC)
+{
+    Logic(this).setUp(size);
+}
+
+void NewHorizontalSlider::setRange(int min, int max)
+{
+    Logic(this).setRange(min, max);
+}
+
+int NewHorizontalSlider::value() const
+{
+    return m_value;
+}
+
+void NewHorizontalSlider::setValue(int val)
+{
+    Logic(this).setValue(val);
+}
+
+void NewHorizontalSlider::setSkinPath(QString skinPath)
+{
+    m_skinPath = std::move(skinPath);
+}
+
+QString NewHorizontalSlider::getSkinPath() const
+{
+    return m_skinPath;
+}
+
+void NewHorizontalSlider::setGrooveHeight(int height)
+{
+    m_grooveHeight = height;
+}
+
+void NewHorizontalSlider::setHandleSize(QSize size)
+{
+    m_handleSize = size;
+}
+
+void NewHorizontalSlider::setValueColor(QColor color)
+{
+    m_valueColor = color;
+}
+
+void NewHorizontalSlider::setSliderEnabled(bool enabled)
+{
+    m_sliderEnabled = enabled;
+    update();
+}
+
+void NewHorizontalSlider::updateState(QPoint point)
+{
+    Logic(this).updateState(point);
+}
+
+void NewHorizontalSlider::updateValue()
+{
+    Logic(this).updateValue();
+}
+
+QString NewHorizontalSlider::skinFile(const QString &piece) const
+{
+    const QString suffix = m_sliderEnabled ? QStringLiteral(".svg") : QStringLiteral("_disabled.svg");
+    return m_skinPath + QLatin1Char('/') + piece + suffix;
+}
+
+void NewHorizontalSlider::paintEvent(QPaintEvent *)
+{
+    Logic logic(this);
+    const QRectF area(QPointF(0, 0), QSizeF(m_size));
+    logic.layOut(area, area.width() - 2 * logic.half());
+
+    QPainter painter(this);
+    SkinRenderer::prepare(&painter);
+    const QString groove = m_bidirectional ? QStringLiteral("groove_bidirection") : QStringLiteral("groove");
+    // On the positive side the colour deliberately ends where the handle begins; on the negative side it does
+    // not.
+    const QRectF part = logic.valuePart(m_size, 1, logic.half());
+    painter.drawImage(area,
+                      SkinRenderer::coloredImage(skinFile(groove), m_size, part,
+                                                 m_sliderEnabled ? m_valueColor : m_disabledValueColor));
+    SkinRenderer::paint(&painter, skinFile(QStringLiteral("handle")), logic.handleRect());
+}
+
+void NewHorizontalSlider::mousePressEvent(QMouseEvent *event)
+{
+    if (!m_sliderEnabled || !Logic(this).press(event))
+        QWidget::mousePressEvent(event);
+}
+
+void NewHorizontalSlider::mouseMoveEvent(QMouseEvent *event)
+{
+    if (Logic(this).move(event))
+        QWidget::mouseMoveEvent(event);
+}
+
+void NewHorizontalSlider::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (!m_sliderEnabled || Logic(this).release(event))
+        QWidget::mouseReleaseEvent(event);
+}
