@@ -1,0 +1,106 @@
+#include "custombidirectionslider.h"
+
+#include <QtGui/QPainter>
+#include <QtGui/QWheelEvent>
+
+#include <limits>
+
+namespace {
+
+const char kStyleSheet[] =
+    "QSlider::groove:horizontal{height: 6px; left: 0px; right: 0px; border: 0px; "
+    "border-radius: 3px; background: #ebebeb;}"
+    "QSlider::handle:horizontal{width: 24px; height: 24px; margin-top: -9px; margin-left: -4px; "
+    "margin-bottom: -9px; margin-right: -4px; "
+    "border-image: url(:/resources/channels/slider_handle.png);}";
+
+constexpr int kTickHeight = 4;
+constexpr int kWidestPen = 32767; // Qt warns about wider ones
+
+int truncated(double x)
+{
+    constexpr double kLowest = std::numeric_limits<int>::min();
+    constexpr double kHighest = std::numeric_limits<int>::max();
+    return int(qBound(kLowest, x, kHighest));
+}
+
+} // namespace
+
+CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth, QColor lineColor,
+                                                 QWidget *parent)
+    : QSlider(parent)
+    , m_lineWidth(lineWidth)
+    , m_handleWidth(handleWidth)
+    , m_lineColor(lineColor)
+{
+    setOrientation(Qt::Horizontal);
+    setStyleSheet(QString::fromLatin1(kStyleSheet));
+}
+
+void CustomBidirectionSlider::enableWheel(bool enable)
+{
+    m_wheelEnabled = enable;
+}
+
+int CustomBidirectionSlider::middle() const
+{
+    return int((qint64(maximum()) + minimum()) / 2);
+}
+
+// How far into the range a value lies, 0 to 1. A range of a single value has nothing but its beginning.
+double CustomBidirectionSlider::share(int value) const
+{
+    if (maximum() == minimum())
+        return 0;
+    return (double(value) - minimum()) / (double(maximum()) - minimum());
+}
+
+int CustomBidirectionSlider::centerX() const
+{
+    return truncated(share(middle()) * width());
+}
+
+// The handle's way is shorter than the slider by the handle's width; the offset, in single precision, makes
+// up for it.
+int CustomBidirectionSlider::valueX() const
+{
+    const qint64 fromMiddle = qint64(value()) - middle();
+    const qint64 toMaximum = qint64(maximum()) - middle();
+    const float perValue = toMaximum == 0 ? 0.0F : float(m_handleWidth) / 2 / float(toMaximum);
+    const qint64 sign = fromMiddle >= 0 ? 1 : -1;
+    const float offset = float(fromMiddle) * perValue + float(sign * m_handleWidth / 2);
+    return truncated(share(value()) * width() - double(offset));
+}
+
+void CustomBidirectionSlider::paintEvent(QPaintEvent *event)
+{
+    QSlider::paintEvent(event);
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor(0xE0, 0xE0, 0xE0));
+    painter.drawLine(centerX(), height() - kTickHeight, centerX(), height());
+    if (value() != middle())
+        paintLine(&painter);
+}
+
+void CustomBidirectionSlider::paintLine(QPainter *painter) const
+{
+    const int from = valueX();
+    const int to = centerX();
+    // A line that would have to run away from the handle is none.
+    const bool isRight = value() > middle();
+    if (from == to || (isRight && from < to) || (!isRight && from > to))
+        return;
+    painter->setPen(QPen(m_lineColor, qBound(0, m_lineWidth, kWidestPen)));
+    painter->setBrush(m_lineColor);
+    painter->drawLine(from, height() / 2, to, height() / 2);
+}
+
+void CustomBidirectionSlider::wheelEvent(QWheelEvent *event)
+{
+    if (m_wheelEnabled)
+        QAbstractSlider::wheelEvent(event);
+    else
+        event->ignore();
+}

@@ -1,0 +1,51 @@
+#include "customslider.h"
+
+#include <QtGui/QMouseEvent>
+
+namespace {
+
+constexpr int kClickTravel = 5;
+
+} // namespace
+
+CustomSlider::CustomSlider(QWidget *parent)
+    : QSlider(parent)
+{
+}
+
+CustomSlider::CustomSlider(Qt::Orientation orientation, QWidget *parent)
+    : QSlider(orientation, parent)
+{
+}
+
+void CustomSlider::mousePressEvent(QMouseEvent *event)
+{
+    QSlider::mousePressEvent(event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_pressPosition = event->pos();
+    m_pressed = true;
+}
+
+void CustomSlider::mouseReleaseEvent(QMouseEvent *event)
+{
+    QSlider::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton || !m_pressed)
+        return;
+    m_pressed = false;
+    m_releasePosition = event->pos();
+    if ((m_releasePosition - m_pressPosition).manhattanLength() < kClickTravel)
+        Q_EMIT signalClickValue(clickedValue());
+}
+
+int CustomSlider::clickedValue() const
+{
+    // A slider without width has but one place to click.
+    const double share = width() > 0 ? double(m_releasePosition.x()) / width() : 0;
+    const double value = share * (double(maximum()) - minimum()) + minimum();
+    if (value > maximum())
+        return maximum();
+    if (value < minimum())
+        return minimum();
+    return int(value + 0.5);
+}
