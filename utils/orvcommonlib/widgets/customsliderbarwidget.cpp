@@ -1,0 +1,183 @@
+#include "customsliderbarwidget.h"
+
+#include "skinrenderer.h"
+
+#include <QtCore/QDebug>
+#include <QtCore/QPointer>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPainter>
+
+#include <cmath>
+
+namespace {
+
+constexpr QSize kSize(117, 12);
+constexpr int kSideMargin = 4; // of the background within the widget
+constexpr int kFirstMarkX = 8;
+constexpr int kKnobMargin = 4; // what the knob keeps from the background's ends while it is dragged
+constexpr int kMarkSide = 12;
+constexpr int kKnobSide = 16;
+constexpr int kFewestSteps = 2;
+constexpr QRgb kFillColor = 0xFFABADBF;
+
+// Painting one translucent mark over itself changes a pixel's channels steadily in one direction, at most
+// this often.
+constexpr qint64 kMostVisibleLayers = 256;
+
+// From a press on any bar to the next release on any bar.
+bool dragInProgress = false;
+
+} // namespace
+
+CustomSliderBarWidget::CustomSliderBarWidget(QWidget *parent)
+    : QWidget(parent)
+    , m_skinPath(QStringLiteral(":/images/images/slider/"))
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
+    setMouseTracking(true);
+    setCursor(Qt::PointingHandCursor);
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    setContentsMargins(0, 0, 0, 0);
+    setFixedSize(kSize);
+}
+
+CustomSliderBarWidget::~CustomSliderBarWidget()
+{
+    if (m_pressed)
+        dragInProgress = false;
+}
+
+void CustomSliderBarWidget::setCount(int count)
+{
+    if (count < kFewestSteps) {
+        qInfo() << "error,set current count:" << count;
+        return;
+    }
+    m_count = count;
+}
+
+int CustomSliderBarWidget::getCount() const
+{
+    return m_count;
+}
+
+void CustomSliderBarWidget::setCurrenIndex(int index)
+{
+    m_currentIndex = index;
+    update();
+}
+
+int CustomSliderBarWidget::getCurrentIndex() const
+{
+    return m_currentIndex;
+}
+
+bool CustomSliderBarWidget::event(QEvent *event)
+{
+    const QPointer<CustomSliderBarWidget> guard(this);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        dragInProgress = true;
+        m_pressed = true;
+        updateState(static_cast<QMouseEvent *>(event)->pos());
+        break;
+    case QEvent::MouseButtonRelease:
+        dragInProgress = false;
+        m_pressed = false;
+        update();
+        Q_EMIT selectFinish(m_currentIndex);
+        break;
+    case QEvent::MouseMove:
+        if (dragInProgress) {
+            m_pressed = true;
+            updateState(static_cast<QMouseEvent *>(event)->pos());
+        }
+        break;
+    default:
+        break;
+    }
+    return !guard || QWidget::event(event);
+}
+
+// Step i reaches from i * step to (i + 1) * step, both included, of which the first one that fits is taken.
+// Steps without width, of which there are more than pixels, all lie at 0.
+void CustomSliderBarWidget::updateState(QPoint point)
+{
+    m_lastPosition = point;
+    const qint64 step = width() / (m_count - 1);
+    const qint64 x = point.x() + step / 2;
+    const qint64 index = x == 0 || step == 0 ? 0 : (x - 1) / step;
+    const bool isOnStep = step == 0 ? x == 0 : x >= 0 && index < m_count;
+    if (isOnStep)
+        m_currentIndex = int(index);
+    update();
+}
+
+QRect CustomSliderBarWidget::area() const
+{
+    return {kSideMargin, 0, width() - 2 * kSideMargin, height()};
+}
+
+int CustomSliderBarWidget::markDistance() const
+{
+    return (area().width() - kFirstMarkX) / (m_count - 1);
+}
+
+qint64 CustomSliderBarWidget::markX(qint64 index) const
+{
+    return markDistance() * index + kFirstMarkX;
+}
+
+qint64 CustomSliderBarWidget::fillX() const
+{
+    if (!m_pressed)
+        return markX(m_currentIndex);
+    return qBound(area().left() + kKnobMargin, m_lastPosition.x(), area().right() - kKnobMargin);
+}
+
+void CustomSliderBarWidget::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    SkinRenderer::prepare(&painter);
+    paintBackground(&painter);
+    paintMarks(&painter);
+    SkinRenderer::paint(&painter, skinFile("select"), squareAt(fillX(), kKnobSide));
+}
+
+void CustomSliderBarWidget::paintBackground(QPainter *painter) const
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSize pixels = SkinRenderer::pixelSize(area().size(), ratio);
+    // The column that the fill reaches belongs to it.
+    const QRectF filled(0, 0, std::trunc(double(fillX()) * ratio) + 1, pixels.height());
+    painter->drawImage(area(),
+                       SkinRenderer::coloredImage(skinFile("background"), pixels, filled, kFillColor));
+}
+
+void CustomSliderBarWidget::paintMarks(QPainter *painter) const
+{
+    const qint64 reached = qBound<qint64>(0, qint64(m_currentIndex) + 1, m_count);
+    paintMarks(painter, skinFile("item_active"), 0, reached);
+    paintMarks(painter, skinFile("item"), reached, m_count);
+}
+
+void CustomSliderBarWidget::paintMarks(QPainter *painter, const QString &file, qint64 from, qint64 to) const
+{
+    if (markDistance() == 0)
+        to = qMin(to, from + kMostVisibleLayers);
+    for (qint64 index = from; index < to; ++index)
+        SkinRenderer::paint(painter, file, squareAt(markX(index), kMarkSide));
+}
+
+QRectF CustomSliderBarWidget::squareAt(qint64 centerX, int side) const
+{
+    QRectF square(0, 0, side, side);
+    square.moveCenter(QPointF(qreal(centerX), height() / 2.0));
+    return square;
+}
+
+QString CustomSliderBarWidget::skinFile(const char *piece) const
+{
+    return m_skinPath + QLatin1Char('/') + QLatin1String(piece) + QLatin1String(".svg");
+}

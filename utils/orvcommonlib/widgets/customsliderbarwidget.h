@@ -1,0 +1,68 @@
+#pragma once
+
+#include "orvcommonlib_global.h"
+
+#include <QtCore/QPoint>
+#include <QtCore/QString>
+#include <QtWidgets/QWidget>
+
+/// A painted bar with a few steps, 117 x 12 pixels, that the user clicks or drags to; it tells the chosen
+/// step when the button is released.
+///
+/// The looks are embedded SVG files: "background.svg", "item.svg", "item_active.svg" and "select.svg" under
+/// ":/images/images/slider/".
+///
+/// While a button is held on one bar, every bar that receives pointer moves follows them: whether that is so
+/// is deliberately known to the process and not to the bar. Touch reaches the bar as the mouse events that Qt
+/// makes of it.
+///
+/// To be used in the GUI thread only. A slot of the signal may destroy the bar.
+class ORVCOMMONLIB_EXPORT CustomSliderBarWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CustomSliderBarWidget(QWidget *parent = nullptr);
+    /// A bar that is destroyed while it is pressed ends the press for all bars.
+    ~CustomSliderBarWidget() override;
+
+    /// The number of steps, 2 at first. Less than 2 is not taken over, and logged at info level. Shows at the
+    /// next paint.
+    void setCount(int count);
+    int getCount() const;
+
+    /// The current step, 0 at first. Any number is taken over, deliberately unchecked; nothing is emitted.
+    void setCurrenIndex(int index);
+    int getCurrentIndex() const;
+
+Q_SIGNALS:
+    /// A button was released on the bar; any button, and whether or not the step has changed.
+    void selectFinish(int index);
+
+protected:
+    /// Makes the step under the position current; of two that meet there the lower one. Beyond the last
+    /// step's half the current one stays.
+    void updateState(QPoint point);
+
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    Q_DISABLE_COPY(CustomSliderBarWidget)
+
+    QRect area() const;
+    int markDistance() const;
+    qint64 markX(qint64 index) const;
+    qint64 fillX() const;
+    QRectF squareAt(qint64 centerX, int side) const;
+    QString skinFile(const char *piece) const;
+    void paintBackground(QPainter *painter) const;
+    void paintMarks(QPainter *painter) const;
+    void paintMarks(QPainter *painter, const QString &file, qint64 from, qint64 to) const;
+
+    int m_count = 2;
+    int m_currentIndex = 0;
+    bool m_pressed = false;
+    QPoint m_lastPosition;
+    QString m_skinPath;
+};
