@@ -7,6 +7,9 @@
 #include <cstdio>
 #include <vector>
 
+#if defined(Q_OS_LINUX)
+#    include <time.h>
+#endif
 #if defined(__GLIBC__)
 #    include <malloc.h>
 #endif
@@ -30,13 +33,30 @@ double median(std::vector<double> values)
     return *middle;
 }
 
+// The processor time of this thread where the system tells it, so that a busy machine does not distort the
+// figures; otherwise the time of day.
+qint64 nanosecondsNow()
+{
+#if defined(Q_OS_LINUX)
+    timespec now = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return qint64(now.tv_sec) * 1000000000 + now.tv_nsec;
+#else
+    static const QElapsedTimer timer = [] {
+        QElapsedTimer started;
+        started.start();
+        return started;
+    }();
+    return timer.nsecsElapsed();
+#endif
+}
+
 double nanosecondsPerCall(const Bench::Work &work, int calls)
 {
-    QElapsedTimer timer;
-    timer.start();
+    const qint64 start = nanosecondsNow();
     for (int call = 0; call < calls; ++call)
         work();
-    return double(timer.nsecsElapsed()) / calls;
+    return double(nanosecondsNow() - start) / calls;
 }
 
 // Doubles the number of calls until one sample lasts long enough; this warms up caches as well.

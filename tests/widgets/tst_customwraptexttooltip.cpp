@@ -184,6 +184,8 @@ void tst_customWrapTextToolTip::paintsBoxAndArrow()
     label(toolTip)->hide();
     toolTip.setFixedSize(size);
     QCOMPARE(differingPixels(renderWidget(&toolTip), expectedBackground(toolTip, direction)), 0);
+    toolTip.setFixedSize(size + QSize(21, 8));
+    QCOMPARE(differingPixels(renderWidget(&toolTip), expectedBackground(toolTip, direction)), 0);
 }
 
 void tst_customWrapTextToolTip::closesAndDeletesItselfOnDeactivation()

@@ -105,8 +105,24 @@ void customWrapTextToolTip::paintEvent(QPaintEvent *event)
 {
     QWidget::paintEvent(event);
 
+    const QSize pixelSize = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    if (m_background.size() != pixelSize)
+        m_background = paintedBackground(pixelSize);
+    if (!m_background.isNull())
+        QPainter(this).drawPixmap(0, 0, m_background);
+}
+
+// Box and arrow change with the window's size only, while the text above them is painted more often.
+QPixmap customWrapTextToolTip::paintedBackground(QSize pixelSize) const
+{
+    QPixmap background(pixelSize);
+    if (background.isNull())
+        return background;
+    background.setDevicePixelRatio(devicePixelRatioF());
+    background.fill(Qt::transparent);
+
     const QColor color = backgroundColor();
-    QPainter painter(this);
+    QPainter painter(&background);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(color);
     painter.setBrush(color);
@@ -118,6 +134,7 @@ void customWrapTextToolTip::paintEvent(QPaintEvent *event)
         paintArrowBottom(painter, rect());
         break;
     }
+    return background;
 }
 
 void customWrapTextToolTip::initWindow()

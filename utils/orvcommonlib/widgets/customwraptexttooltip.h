@@ -4,6 +4,7 @@
 
 #include <QtCore/QPoint>
 #include <QtCore/QString>
+#include <QtGui/QPixmap>
 #include <QtWidgets/QDialog>
 
 class QHBoxLayout;
@@ -45,8 +46,10 @@ private:
     Q_DISABLE_COPY(customWrapTextToolTip)
 
     void initWindow();
+    QPixmap paintedBackground(QSize pixelSize) const;
     void applyWidth(QHBoxLayout *layout, int width, int rightMargin);
 
     QLabel *m_textLabel = nullptr;
     directionType m_direction = DirectionLeft;
+    QPixmap m_background;
 };
