@@ -201,7 +201,7 @@ void tst_BaseMoveDialog_x11::showsTheResizeCursorOnlyWhenResizable()
 
 void tst_BaseMoveDialog_x11::isPaintedAgainWhenShownAgain()
 {
-    const auto colourOnScreen = [this] {
+    const auto colourOnScreen = [] {
         return XPointer::grabScreen().pixelColor(at(kMiddle));
     };
     QTRY_COMPARE(colourOnScreen(), kBackground);

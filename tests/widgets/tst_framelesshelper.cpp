@@ -13,6 +13,7 @@
 #include <climits>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -935,10 +936,11 @@ void tst_FramelessHelper::forgetsADestroyedWidget()
 {
     m_helper->setRubberBandOnMove(true);
     press(kTitle);
-    const QWidget *gone = m_window.get();
-    m_window.reset();
+    QWidget *gone = m_window.release();
+    gone->deleteLater();
+    QCoreApplication::sendPostedEvents(gone, QEvent::DeferredDelete);
     QVERIFY(rubberBands().isEmpty());
-    m_helper->removeFrom(const_cast<QWidget *>(gone));
+    m_helper->removeFrom(gone);
     m_helper->setRubberBandOnMove(false);
 }
 

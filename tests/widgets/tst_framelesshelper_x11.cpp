@@ -85,7 +85,8 @@ void addPlaces()
     QTest::addColumn<QPoint>("local");
     QTest::addColumn<int>("cursor");
     QTest::addColumn<Qt::Edges>("pulled");
-    for (const Place &place : places())
+    const QVector<Place> all = places();
+    for (const Place &place : all)
         QTest::newRow(place.name) << place.local << int(place.cursor) << place.pulled;
 }
 

@@ -14,11 +14,12 @@
 #include <memory>
 #include <thread>
 #include <type_traits>
+#include <vector>
 
-static_assert(!std::is_default_constructible<OrvMaskCtrl>::value &&
-                  !std::is_destructible<OrvMaskCtrl>::value &&
-                  !std::is_constructible<OrvMaskCtrl, QWidget *>::value,
-              "Only the class itself creates and deletes its instance");
+// Only the class itself creates and deletes its instance.
+static_assert(!std::is_default_constructible<OrvMaskCtrl>::value);
+static_assert(!std::is_constructible<OrvMaskCtrl, QWidget *>::value);
+static_assert(!std::is_destructible<OrvMaskCtrl>::value);
 
 /// The instance never comes back once it was deleted, so main() runs each of these functions in a process of
 /// its own.
@@ -288,6 +289,7 @@ void tst_OrvMaskCtrl::isCreatedOnceByConcurrentCalls()
     std::atomic<int> waiting{kThreads};
     std::vector<OrvMaskCtrl *> instances(kThreads);
     std::vector<std::thread> threads;
+    threads.reserve(kThreads);
     for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([&waiting, &instance = instances[size_t(i)]] {
             --waiting;
