@@ -3,7 +3,6 @@
 
 set(package ${PROJECT_BINARY_DIR}/install-test)
 set(consumer_options
-    -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE}
     -DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER})
 if(ORV_SANITIZERS)
     list(APPEND consumer_options -DCMAKE_CXX_FLAGS=-fsanitize=${ORV_SANITIZERS})
@@ -41,10 +40,11 @@ add_test(NAME package_install COMMAND ${CMAKE_COMMAND}
     -DBUILD=${PROJECT_BINARY_DIR} -DPREFIX=${package} ${cpack} -P ${PROJECT_SOURCE_DIR}/tests/consumer/install.cmake)
 set_tests_properties(package_install PROPERTIES FIXTURES_SETUP package)
 
-orv_add_consumer_test(package_consumer consumer PROGRAM consumer)
+orv_add_consumer_test(package_consumer consumer PROGRAM consumer OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE})
 find_package(PkgConfig QUIET)
 if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
-    orv_add_consumer_test(package_pkg_config consumer PROGRAM consumer OPTIONS -DCONSUMER_WITH_PKG_CONFIG=ON)
+    orv_add_consumer_test(package_pkg_config consumer PROGRAM consumer
+        OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCONSUMER_WITH_PKG_CONFIG=ON)
 endif()
 
 # What a header says does not depend on sanitizers.

@@ -161,6 +161,11 @@ void appendImages(const QString &folder, QVector<QString> &files, bool animated,
 } // namespace
 
 orvcommonlib::orvcommonlib() = default;
+orvcommonlib::orvcommonlib(const orvcommonlib &other) = default;
+orvcommonlib::orvcommonlib(orvcommonlib &&other) noexcept = default;
+orvcommonlib &orvcommonlib::operator=(const orvcommonlib &other) = default;
+orvcommonlib &orvcommonlib::operator=(orvcommonlib &&other) noexcept = default;
+orvcommonlib::~orvcommonlib() = default;
 
 bool orvcommonlib::scaleAndClipPixmap(QPixmap &source, QSize size, int radius, QPixmap &output)
 {

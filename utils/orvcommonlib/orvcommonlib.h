@@ -21,6 +21,12 @@ class ORVCOMMONLIB_EXPORT orvcommonlib
 {
 public:
     orvcommonlib();
+    // Declared, so that the library exports them: mingw-w64 exports nothing that a compiler adds by itself.
+    orvcommonlib(const orvcommonlib &other);
+    orvcommonlib(orvcommonlib &&other) noexcept;
+    orvcommonlib &operator=(const orvcommonlib &other);
+    orvcommonlib &operator=(orvcommonlib &&other) noexcept;
+    ~orvcommonlib();
 
     /// Fills `output` with a picture of `size` (pixels) cut from the middle of `source`, its corners rounded
     /// by `radius` pixels. Returns false, with `output` untouched, only for a null source; a size that no

@@ -30,6 +30,8 @@ BaseMoveDialogWithBackImage::BaseMoveDialogWithBackImage(QString imagePath, int 
 {
 }
 
+BaseMoveDialogWithBackImage::~BaseMoveDialogWithBackImage() = default;
+
 void BaseMoveDialogWithBackImage::paintEvent(QPaintEvent *event)
 {
     Q_UNUSED(event)

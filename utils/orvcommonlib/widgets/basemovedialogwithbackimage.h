@@ -26,6 +26,7 @@ public:
     /// The same with a width for each border; `top` is also the corner radius of the white rectangle.
     BaseMoveDialogWithBackImage(QString imagePath, int left, int top, int right, int bottom, bool canMove,
                                 bool asDialog, QWidget *parent);
+    ~BaseMoveDialogWithBackImage() override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -27,6 +27,8 @@ customcombox::customcombox(QWidget *parent)
     lineEdit()->setContextMenuPolicy(Qt::NoContextMenu);
 }
 
+customcombox::~customcombox() = default;
+
 void customcombox::setVisableCount(int count)
 {
     setMaxVisibleItems(count);

@@ -18,6 +18,7 @@ class ORVCOMMONLIB_EXPORT customcombox : public QComboBox
 
 public:
     explicit customcombox(QWidget *parent);
+    ~customcombox() override;
 
     /// At most `count` rows show without scrolling. The spelling is the interface's.
     void setVisableCount(int count);

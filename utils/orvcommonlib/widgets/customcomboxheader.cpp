@@ -60,6 +60,8 @@ CustomComboxHeader::CustomComboxHeader(bool isSmallStyle, QWidget *parent)
         initUI();
 }
 
+CustomComboxHeader::~CustomComboxHeader() = default;
+
 void CustomComboxHeader::setText(QString text)
 {
     if (m_textLabel)

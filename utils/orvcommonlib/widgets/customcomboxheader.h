@@ -24,6 +24,7 @@ public:
     explicit CustomComboxHeader(QWidget *parent);
     /// The small style, of no fixed size, when `isSmallStyle`; the normal one otherwise.
     CustomComboxHeader(bool isSmallStyle, QWidget *parent);
+    ~CustomComboxHeader() override;
 
     void setText(QString text);
     /// The arrow: up, or the down arrow of the style.

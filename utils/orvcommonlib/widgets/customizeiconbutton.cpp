@@ -36,6 +36,8 @@ CustomizeIconButton::CustomizeIconButton(QSize iconSize, QString text, int spaci
     initControls(isCenter);
 }
 
+CustomizeIconButton::~CustomizeIconButton() = default;
+
 void CustomizeIconButton::setIconImage(QString normal, QString hover, QString pressed, QString disabled)
 {
     m_iconSheets = {iconSheet(normal), iconSheet(hover), iconSheet(pressed), iconSheet(disabled)};

@@ -27,6 +27,7 @@ public:
     /// `iconSize` and `spacing` (between icon and text) are in device-independent pixels. `isCenter` puts
     /// expanding room on both sides.
     CustomizeIconButton(QSize iconSize, QString text, int spacing, QWidget *parent, bool isCenter);
+    ~CustomizeIconButton() override;
 
     /// Paths of the icon's pictures in the four states.
     void setIconImage(QString normal, QString hover, QString pressed, QString disabled);

@@ -27,6 +27,8 @@ CustomKeySequenceEdit::CustomKeySequenceEdit(const QKeySequence &sequence, QWidg
     setPlaceHolderText(m_placeholder);
 }
 
+CustomKeySequenceEdit::~CustomKeySequenceEdit() = default;
+
 void CustomKeySequenceEdit::setKeySequence(const QKeySequence &sequence)
 {
     QKeySequenceEdit::setKeySequence(sequence);

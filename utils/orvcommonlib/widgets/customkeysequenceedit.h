@@ -26,6 +26,7 @@ class ORVCOMMONLIB_EXPORT CustomKeySequenceEdit : public QKeySequenceEdit
 public:
     explicit CustomKeySequenceEdit(QWidget *parent = nullptr, QString placeholder = QString());
     CustomKeySequenceEdit(const QKeySequence &sequence, QWidget *parent, QString placeholder);
+    ~CustomKeySequenceEdit() override;
 
     /// Sets the sequence; an empty one brings the constructor's placeholder back. `keySequenceChanged()` is
     /// emitted by the base, when the sequence is a different one.

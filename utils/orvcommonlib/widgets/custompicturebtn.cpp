@@ -44,6 +44,8 @@ CustomPictureBtn::CustomPictureBtn(const QImage &image, const QString &text, int
         resizeWithIconAndText();
 }
 
+CustomPictureBtn::~CustomPictureBtn() = default;
+
 void CustomPictureBtn::setFont(const QFont &font)
 {
     setFont(font, font, font, font);

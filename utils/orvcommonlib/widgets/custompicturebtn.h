@@ -34,6 +34,7 @@ public:
     /// `image` serves as normal, disabled and checked picture; `span` is the gap between picture and text.
     /// With `autoResize` and a text the button gets the fixed size of both.
     CustomPictureBtn(const QImage &image, const QString &text, int span, QWidget *parent, bool autoResize);
+    ~CustomPictureBtn() override;
 
     /// One font for all states.
     void setFont(const QFont &font);

@@ -5,6 +5,8 @@ CustomPlainTextEdit::CustomPlainTextEdit(QWidget *parent)
 {
 }
 
+CustomPlainTextEdit::~CustomPlainTextEdit() = default;
+
 void CustomPlainTextEdit::adjustViewPortMargin(int left, int top, int right, int bottom)
 {
     setViewportMargins(left, top, right, bottom);

@@ -13,6 +13,7 @@ class ORVCOMMONLIB_EXPORT CustomPlainTextEdit : public QPlainTextEdit
 
 public:
     explicit CustomPlainTextEdit(QWidget *parent = nullptr);
+    ~CustomPlainTextEdit() override;
 
     /// Sets the room, in device-independent pixels, between the frame and the text on each side. Negative
     /// margins are passed on as they are: the viewport then grows beyond the frame.

@@ -64,6 +64,8 @@ CustomToolButton::CustomToolButton(bool uncheckOnHide, QWidget *parent, SettingW
     installEventFilter(this);
 }
 
+CustomToolButton::~CustomToolButton() = default;
+
 void CustomToolButton::setClickWidget(QWidget *panel, bool takeFocus)
 {
     m_clickPanel = panel;

@@ -44,6 +44,7 @@ public:
     /// With `uncheckOnHide` the button becomes unchecked when an attached panel hides, and the click panel
     /// does not take the focus when the pointer enters it. A `direction` other than the four places no panel.
     CustomToolButton(bool uncheckOnHide, QWidget *parent, SettingWidgetDirection direction);
+    ~CustomToolButton() override;
 
     /// Attaches a panel; with `takeFocus` it gets the focus when it opens. Null detaches the panel.
     void setClickWidget(QWidget *panel, bool takeFocus);

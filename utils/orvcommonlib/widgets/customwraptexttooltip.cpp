@@ -77,6 +77,8 @@ customWrapTextToolTip::customWrapTextToolTip(directionType direction, int width,
     layout->addWidget(m_textLabel);
 }
 
+customWrapTextToolTip::~customWrapTextToolTip() = default;
+
 void customWrapTextToolTip::setText(const QString &text)
 {
     m_textLabel->setText(text);

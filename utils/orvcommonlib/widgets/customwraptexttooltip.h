@@ -30,6 +30,7 @@ public:
     /// right of the text in the form with the arrow at the bottom. A direction other than the two paints no
     /// background.
     customWrapTextToolTip(directionType direction, int width, QWidget *parent, int rightMargin);
+    ~customWrapTextToolTip() override;
 
     /// Sets the text and fits the window to it.
     void setText(const QString &text);
