@@ -19,7 +19,7 @@ QIcon swatch(const QColor &color, qreal ratio)
     painter.setBrush(color);
     painter.drawRoundedRect(QRectF(0.5, 0.5, kSwatchSize - 1, kSwatchSize - 1), kSwatchRadius, kSwatchRadius);
     painter.end();
-    return QIcon(pixmap);
+    return {pixmap};
 }
 
 } // namespace

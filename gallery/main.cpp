@@ -87,7 +87,7 @@ void setUpScaling()
 
 void setUpLooks(QApplication &application)
 {
-    QFont font = application.font();
+    QFont font = QApplication::font();
     font.setFamilies({QStringLiteral("Microsoft YaHei"), QStringLiteral("Segoe UI"),
                       QStringLiteral("PingFang SC"), QStringLiteral("Noto Sans CJK SC"),
                       QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});

@@ -218,6 +218,11 @@ QComboBox *PageBuilder::choice(const PageText &label, const QStringList &texts, 
     return box;
 }
 
+void PageBuilder::control(const PageText &label, QWidget *widget)
+{
+    addControl(label, widget);
+}
+
 QPushButton *PageBuilder::button(const PageText &text, std::function<void()> clicked)
 {
     return addButton(text, std::move(clicked), "button");

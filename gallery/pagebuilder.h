@@ -130,6 +130,8 @@ public:
     /// One of several texts; the callback gets its index.
     QComboBox *choice(const PageText &label, const QStringList &texts, int current,
                       std::function<void(int)> changed = {});
+    /// Any other widget in the place of a control.
+    void control(const PageText &label, QWidget *widget);
     QPushButton *button(const PageText &text, std::function<void()> clicked);
     /// The button that does what the page is about: at most one in a card.
     QPushButton *primaryButton(const PageText &text, std::function<void()> clicked);

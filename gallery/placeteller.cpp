@@ -52,7 +52,7 @@ void PlaceTeller::tellChanges()
 void PlaceTeller::tell(const QAbstractButton *button)
 {
     const QRect place = m_told.value(button);
-    const QString name = button->text().isEmpty() ? button->objectName() : button->text();
+    const QString name = button->objectName().isEmpty() ? button->text() : button->objectName();
     const QString line = QStringLiteral("place\t%1\t%2\t%3\t%4\t%5\t%6\n")
                              .arg(button->window()->windowTitle(), name)
                              .arg(place.x())

@@ -9,7 +9,7 @@ namespace {
 ReportLog *currentLog = nullptr;
 
 /// Platforms without windows of their own say so again and again; that is no page's doing.
-constexpr QLatin1String kPlatformNoise("This plugin does not support ");
+const char *const kPlatformNoise = "This plugin does not support ";
 
 ReportLevel levelOf(QtMsgType type)
 {
@@ -71,7 +71,7 @@ void ReportLog::append(const ReportLine &line)
 void ReportLog::handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     ReportLog *log = currentLog;
-    if (log == nullptr || text.startsWith(kPlatformNoise))
+    if (log == nullptr || text.startsWith(QLatin1String(kPlatformNoise)))
         return;
     ReportLine line;
     line.level = levelOf(type);

@@ -41,8 +41,8 @@ QVBoxLayout *fillSampleWindow(QWidget *window, const QString &title, const QStri
     return body;
 }
 
-void placeOver(QWidget *window, const QWidget *below)
+void placeOver(QWidget *shown, const QWidget *host)
 {
-    const QRect area(below->mapToGlobal(QPoint()), below->size());
-    window->move(area.center() - window->rect().center());
+    const QRect area(host->mapToGlobal(QPoint()), host->size());
+    shown->move(area.center() - shown->rect().center());
 }

@@ -10,4 +10,4 @@ class QWidget;
 QVBoxLayout *fillSampleWindow(QWidget *window, const QString &title, const QString &text);
 
 /// Places a window that is not shown yet over the middle of another one.
-void placeOver(QWidget *window, const QWidget *below);
+void placeOver(QWidget *shown, const QWidget *host);

@@ -30,6 +30,7 @@ TitleButton::TitleButton(Glyph glyph, const QString &toolTip, QWidget *parent)
 {
     setFixedSize(kButtonSize);
     setFocusPolicy(Qt::NoFocus);
+    setObjectName(toolTip.toLower());
     setToolTip(toolTip);
     setAccessibleName(toolTip);
 }
