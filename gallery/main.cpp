@@ -6,6 +6,7 @@
 #include "shots.h"
 
 #include <QtCore/QCommandLineParser>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -93,6 +94,7 @@ void setUpLooks(QApplication &application)
                       QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
     font.setPixelSize(kFontSize);
     QApplication::setFont(font);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/surface/resources/surface/gallery/logo.svg")));
     OrvResourceLoader loader;
     loader.loadThemeFile(QStringLiteral(":/gallery/theme.ini"));
     application.setStyleSheet(loader.loadQssFile(QStringLiteral(":/gallery/gallery.qss")));

@@ -9,8 +9,9 @@
 
 namespace {
 
-constexpr int kWidth = 240;
+constexpr int kWidth = 248;
 constexpr int kMargin = 12;
+constexpr int kListGap = 6; // from the list's scroll bar to the right edge
 constexpr int kSearchHeight = 32;
 constexpr int kPageRowHeight = 30;
 constexpr int kFamilyRowHeight = 34;
@@ -66,10 +67,10 @@ PageList::PageList(QWidget *parent)
     fill();
 
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(kMargin, kMargin, 0, kMargin);
+    layout->setContentsMargins(kMargin, kMargin, kListGap, kMargin);
     layout->setSpacing(4);
     auto *searchRow = new QHBoxLayout;
-    searchRow->setContentsMargins(0, 0, kMargin, 0);
+    searchRow->setContentsMargins(0, 0, kMargin - kListGap, 0);
     searchRow->addWidget(m_search);
     layout->addLayout(searchRow);
     layout->addWidget(m_list);

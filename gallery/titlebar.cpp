@@ -1,6 +1,8 @@
 #include "titlebar.h"
 #include "pagebuilder.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QIcon>
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -8,7 +10,8 @@
 namespace {
 
 constexpr int kHeight = 50;
-constexpr int kLeftMargin = 20;
+constexpr int kLeftMargin = 16;
+constexpr QSize kLogoSize(24, 24);
 constexpr int kRightMargin = 9;
 constexpr QSize kButtonSize(34, 30);
 constexpr qreal kButtonRadius = 6;
@@ -110,6 +113,8 @@ TitleBar::TitleBar(QWidget *parent)
     setGalleryRole(this, "titleBar");
     setAttribute(Qt::WA_StyledBackground);
 
+    auto *logo = new QLabel(this);
+    logo->setPixmap(QGuiApplication::windowIcon().pixmap(kLogoSize));
     auto *name = new QLabel(QStringLiteral("orvcommonlib"), this);
     setGalleryRole(name, "titleName");
     auto *what = new QLabel(QStringLiteral("gallery"), this);
@@ -120,6 +125,8 @@ TitleBar::TitleBar(QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(kLeftMargin, 0, kRightMargin, 0);
     layout->setSpacing(6);
+    layout->addWidget(logo);
+    layout->addSpacing(4);
     layout->addWidget(name);
     layout->addWidget(what);
     layout->addStretch();

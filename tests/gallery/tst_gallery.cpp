@@ -1,0 +1,164 @@
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTemporaryDir>
+#include <QtGui/QImage>
+#include <QtTest/QTest>
+
+namespace {
+
+constexpr int kTimeoutMs = 240000; // every page and dialog, under a sanitizer, on a busy machine
+constexpr int kWindowWidth = 1000;
+constexpr int kWindowHeight = 680;
+
+struct Outcome
+{
+    bool ended = false;
+    int exitCode = -1;
+    QString output;
+    QString errors;
+
+    QStringList lines() const
+    {
+        return output.split(QRegularExpression(QStringLiteral("[\r\n]+")), Qt::SkipEmptyParts);
+    }
+};
+
+Outcome runGallery(const QStringList &arguments, const QString &scale = QStringLiteral("1"))
+{
+    QProcess gallery;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), scale);
+    environment.remove(QStringLiteral("QT_SCALE_FACTOR_ROUNDING_POLICY"));
+    gallery.setProcessEnvironment(environment);
+    gallery.start(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral(GALLERY_NAME)),
+                  arguments);
+    Outcome outcome;
+    outcome.ended = gallery.waitForFinished(kTimeoutMs) && gallery.exitStatus() == QProcess::NormalExit;
+    outcome.exitCode = gallery.exitCode();
+    outcome.output = QString::fromUtf8(gallery.readAllStandardOutput());
+    outcome.errors = QString::fromUtf8(gallery.readAllStandardError());
+    return outcome;
+}
+
+QStringList pageNames()
+{
+    return runGallery({QStringLiteral("--list")}).lines();
+}
+
+bool hasSeveralColours(const QImage &image)
+{
+    const QRgb first = image.pixel(0, 0);
+    for (int y = 0; y < image.height(); y += 7) {
+        for (int x = 0; x < image.width(); x += 7) {
+            if (image.pixel(x, y) != first)
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+class tst_Gallery : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void listNamesEachPageOnce();
+    void shotsShowEachPage_data();
+    void shotsShowEachPage();
+    void shotsOfAFolderThatCannotBeMade();
+    void unknownPageIsRefused();
+    void unknownOptionIsRefused();
+    void helpNamesTheOptions();
+};
+
+void tst_Gallery::listNamesEachPageOnce()
+{
+    QStringList names = pageNames();
+    QVERIFY(!names.isEmpty());
+    QCOMPARE(names.first(), QStringLiteral("welcome"));
+    QVERIFY(names.contains(QStringLiteral("popupdlgwithmask")));
+    QCOMPARE(names.removeDuplicates(), 0);
+}
+
+void tst_Gallery::shotsShowEachPage_data()
+{
+    QTest::addColumn<QString>("scale");
+    QTest::newRow("1") << QStringLiteral("1");
+    QTest::newRow("1.5") << QStringLiteral("1.5");
+    QTest::newRow("2") << QStringLiteral("2");
+}
+
+void tst_Gallery::shotsShowEachPage()
+{
+    QFETCH(QString, scale);
+    const double ratio = scale.toDouble();
+    QTemporaryDir folder;
+    const QDir shots(folder.filePath(QStringLiteral("a/new/folder")));
+    const Outcome outcome =
+        runGallery({QStringLiteral("--shots"), shots.path(), QStringLiteral("--verbose")}, scale);
+    QVERIFY2(outcome.ended, qPrintable(outcome.errors));
+    QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.errors));
+
+    const QStringList pages = pageNames();
+    for (const QString &page : pages) {
+        const QImage picture(shots.filePath(QStringLiteral("page-%1.png").arg(page)));
+        QVERIFY2(!picture.isNull(), qPrintable(page));
+        QCOMPARE(picture.width(), qRound(kWindowWidth * ratio));
+        QVERIFY2(picture.height() >= qRound(kWindowHeight * ratio), qPrintable(page));
+        QVERIFY2(hasSeveralColours(picture), qPrintable(page));
+    }
+    const QStringList further =
+        shots.entryList({QStringLiteral("dialog-*.png"), QStringLiteral("popup-*.png")});
+    QVERIFY(further.contains(QStringLiteral("dialog-popupdlgwithmask.png")));
+    for (const QString &name : further)
+        QCOMPARE(QImage(shots.filePath(name)).size(), (QSizeF(kWindowWidth, kWindowHeight) * ratio).toSize());
+
+    // A page that warns when it is opened has a fault of its own: a missing picture, a sheet that does not
+    // parse.
+    const QStringList complaints =
+        outcome.lines().filter(QRegularExpression(QStringLiteral("^(warning|critical)\t")));
+    QCOMPARE(complaints, QStringList());
+}
+
+void tst_Gallery::shotsOfAFolderThatCannotBeMade()
+{
+    QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("file")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const Outcome outcome =
+        runGallery({QStringLiteral("--shots"), folder.filePath(QStringLiteral("file/below"))});
+    QVERIFY(outcome.ended);
+    QCOMPARE(outcome.exitCode, 1);
+    QVERIFY2(outcome.errors.contains(QStringLiteral("page-welcome.png")), qPrintable(outcome.errors));
+}
+
+void tst_Gallery::unknownPageIsRefused()
+{
+    const Outcome outcome = runGallery({QStringLiteral("--page"), QStringLiteral("nothing-of-the-kind")});
+    QVERIFY(outcome.ended);
+    QCOMPARE(outcome.exitCode, 2);
+    QVERIFY2(outcome.errors.contains(QStringLiteral("nothing-of-the-kind")), qPrintable(outcome.errors));
+}
+
+void tst_Gallery::unknownOptionIsRefused()
+{
+    const Outcome outcome = runGallery({QStringLiteral("--nonsense")});
+    QVERIFY(outcome.ended);
+    QVERIFY(outcome.exitCode != 0);
+}
+
+void tst_Gallery::helpNamesTheOptions()
+{
+    const Outcome outcome = runGallery({QStringLiteral("--help")});
+    QVERIFY(outcome.ended);
+    QCOMPARE(outcome.exitCode, 0);
+    for (const char *option : {"--shots", "--page", "--list", "--verbose", "--places"})
+        QVERIFY2(outcome.output.contains(QLatin1String(option)), option);
+}
+
+QTEST_MAIN(tst_Gallery)
+#include "tst_gallery.moc"
