@@ -1,0 +1,92 @@
+#pragma once
+
+#include "basemovedialogwithbackimage.h"
+#include "orvcommonlib_global.h"
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+class QBoxLayout;
+class QCheckBox;
+class QEventLoop;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+/// A modal tip that stays on top: a title, one paragraph or three and a warning, a checkbox such as "do not
+/// show this again", and one button.
+///
+/// It is shown with exec(), which blocks, or with show(). What the user did is told by signals. The dialog
+/// deletes itself when it is closed: connect before showing it, and do not touch it afterwards. The images
+/// under ":/surface/" and ":/resources/common_icons/" belong to the application; without them these parts
+/// stay transparent. GUI thread only. Sizes are in device-independent pixels.
+class ORVCOMMONLIB_EXPORT TipsDlgWithCheckbox : public BaseMoveDialogWithBackImage
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(TipsDlgWithCheckbox)
+
+public:
+    /// A tip of one wrapped paragraph.
+    /// @param size the size of the visible part; the border of the background image adds 20 pixels to the
+    /// width and 23
+    ///        to the height. The width is fixed, the height is kept between 210 and 648.
+    TipsDlgWithCheckbox(QWidget *parent, QSize size, QString title, QString content, QString checkboxText,
+                        QString buttonText);
+    /// A tip of three paragraphs and a warning. Any other number of `lines` than four leaves the content
+    /// empty.
+    TipsDlgWithCheckbox(QWidget *parent, QSize size, QString title, QVector<QString> lines,
+                        QString checkboxText, QString buttonText);
+    ~TipsDlgWithCheckbox() override;
+
+    /// Shows the dialog and blocks until it is hidden in any way, the application quits or the dialog is
+    /// destroyed.
+    void exec();
+    /// Ends a running exec() and closes the dialog; no signal is emitted.
+    void forceToExit();
+    /// Ticks or unticks the checkbox; no signal is emitted.
+    void setCheckboxState(bool checked);
+    void setTitle(QString title);
+    /// Sets the paragraph; a dialog with three of them ignores it.
+    void setContent(QString content);
+
+Q_SIGNALS:
+    /// The close button was pressed; emitted after the dialog has been closed.
+    void closeMsgBox();
+    /// The button was pressed; emitted after the dialog has been closed.
+    void sig_BtnClicked();
+    /// The button was pressed while the checkbox was ticked; emitted after the dialog has been closed and
+    /// before sig_BtnClicked(). Deliberately never emitted with false, nor when the box is ticked or
+    /// unticked.
+    void sig_checkboxStateChanged(bool checked);
+
+protected:
+    /// Hiding ends a running exec().
+    void setVisible(bool visible) override;
+
+private:
+    void exitEventLoop();
+
+    void initFrame(QSize size);
+    void initControls(QString title, QString content, QString checkboxText, QString buttonText);
+    void initControls(QString title, QVector<QString> lines, QString checkboxText, QString buttonText);
+    void fillTitleRow(QBoxLayout *row, const QString &title);
+    void fillContentColumn(QBoxLayout *column, const QVector<QString> &lines);
+    void addWarningRow(QBoxLayout *column, const QString &text);
+    void fillBottomRow(QBoxLayout *row, const QString &checkboxText, const QString &buttonText);
+    void setContentLblStyle(QLabel *label, QString text);
+    QString getCheckBoxStyle();
+
+    void closeButtonClicked();
+    void confirmButtonClicked();
+    void checkboxClicked(bool checked);
+
+    QVBoxLayout *m_mainLayout = nullptr;
+    QLabel *m_titleLabel = nullptr;
+    QPushButton *m_closeButton = nullptr;
+    QEventLoop *m_eventLoop = nullptr;
+    QPushButton *m_confirmButton = nullptr;
+    QCheckBox *m_checkbox = nullptr;
+    QLabel *m_contentLabel = nullptr;
+    bool m_checkboxState = false;
+};
