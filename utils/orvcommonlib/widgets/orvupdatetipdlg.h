@@ -1,0 +1,69 @@
+#pragma once
+
+#include "basemovedialogwithbackimage.h"
+#include "orvcommonlib_global.h"
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+/// Tells the user that a new version of the application exists: a title, a text, a line for a link, and two
+/// buttons.
+///
+/// It decides nothing by itself: each button emits its signal and closes the dialog. It is application-modal
+/// and shown with show(), which does not block. The dialog deletes itself when it is closed: do not touch it
+/// afterwards. All three labels deliberately start with the translated text "Update Tips", until their
+/// setters are called. The images
+/// ":/resources/common_icons/close.png" and "close_hover.png" belong to the application, as the background
+/// image does. GUI thread only. Sizes are in device-independent pixels.
+class ORVCOMMONLIB_EXPORT OrvUpdateTipDlg : public BaseMoveDialogWithBackImage
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(OrvUpdateTipDlg)
+
+public:
+    /// @param size the fixed size of the dialog; the contents are 400 pixels wide inside the border
+    /// @param backgroundImage a file name or resource path of the nine-patch background; empty: a white
+    /// rounded rectangle
+    /// @param border1,border2,border3,border4 the left, top, right and bottom borders of the image, which the
+    /// contents
+    ///        keep free
+    /// @param parent the owner; may be null
+    /// @param compactButtons buttons of 97 pixels under a text area of 66, in place of 116 and 52
+    /// @param showCancelButton false hides the white cancel button
+    OrvUpdateTipDlg(QSize size, QString backgroundImage, int border1, int border2, int border3, int border4,
+                    QWidget *parent, QString confirmText, QString cancelText, bool compactButtons,
+                    bool showCancelButton);
+    ~OrvUpdateTipDlg() override;
+
+    void setTitle(QString title);
+    /// Sets the grey text, which wraps.
+    void setContentTips(QString content);
+    /// Sets the blue line. An anchor in a rich text opens in the system's browser; no signal tells of that.
+    void setNewVersionLink(QString link);
+
+Q_SIGNALS:
+    /// The blue button was pressed. Emitted once per press, before the dialog is closed.
+    void sig_confirmBtnClicked();
+    /// The white button was pressed. Emitted once per press, before the dialog is closed.
+    void sig_cancelBtnClicked();
+    /// The close button was pressed. Emitted once per press, before the dialog is closed.
+    void sig_closeMsgBox();
+
+private:
+    QWidget *createTitleArea();
+    QWidget *createTextArea();
+    QWidget *createButtonArea(const QString &confirmText, const QString &cancelText, bool showCancelButton);
+    void tellAndClose(void (OrvUpdateTipDlg::*signal)());
+
+    QLabel *m_titleLabel = nullptr;
+    QLabel *m_contentLabel = nullptr;
+    QLabel *m_linkLabel = nullptr;
+    QPushButton *m_cancelButton = nullptr;
+    QPushButton *m_confirmButton = nullptr;
+    QVBoxLayout *m_mainLayout = nullptr;
+    bool m_compactButtons = false;
+};
