@@ -1,0 +1,366 @@
+#include "insideloop.h"
+#include "logcapture.h"
+#include "pictures.h"
+#include "popuploadingdlgwithmask.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QMovie>
+#include <QtGui/QPainter>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
+
+#include <memory>
+
+namespace {
+
+constexpr QSize kDialogSize(400, 300);
+constexpr QSize kBoxSize(96, 120);
+
+/// A dialog, and the movie that it leaves behind on purpose.
+class Loading
+{
+public:
+    explicit Loading(QSize dialogSize = kDialogSize, QSize boxSize = kBoxSize)
+        : dialog(new PopupLoadingDlgWithMask(dialogSize, boxSize, QStringLiteral("Connecting"), nullptr))
+        , movie(movieLabel()->movie())
+    {
+    }
+
+    ~Loading()
+    {
+        delete dialog;
+        delete movie;
+    }
+
+    Q_DISABLE_COPY(Loading)
+
+    QWidget *box() const { return dialog->layout()->itemAt(0)->widget(); }
+    QLabel *movieLabel() const { return qobject_cast<QLabel *>(box()->layout()->itemAt(1)->widget()); }
+    QLabel *caption() const { return qobject_cast<QLabel *>(box()->layout()->itemAt(2)->widget()); }
+
+    QPointer<PopupLoadingDlgWithMask> dialog;
+    QPointer<QMovie> movie;
+};
+
+void destroy(QObject *object)
+{
+    object->deleteLater();
+    QCoreApplication::sendPostedEvents(object, QEvent::DeferredDelete);
+}
+
+enum class Animation { Good, Missing, Broken };
+
+bool isStretch(QLayoutItem *item)
+{
+    return item->spacerItem() && item->expandingDirections().testFlag(Qt::Vertical);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Animation)
+Q_DECLARE_METATYPE(QMargins)
+
+// The resource macros work outside of namespaces only.
+static void provide(Animation animation)
+{
+    Q_CLEANUP_RESOURCE(gallery);
+    Q_CLEANUP_RESOURCE(brokenmovie);
+    if (animation == Animation::Good)
+        Q_INIT_RESOURCE(gallery);
+    else if (animation == Animation::Broken)
+        Q_INIT_RESOURCE(brokenmovie);
+}
+
+class tst_PopupLoadingDlgWithMask : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { provide(Animation::Good); }
+
+    void buildsItsWindow();
+    void centresTheBox_data();
+    void centresTheBox();
+    void clipsALargeBox();
+    void buildsTheBox();
+    void preparesTheMovie();
+
+    void movieRunsFromTheFirstShowing();
+    void movieIsStoppedWhenDestroyed();
+    void movieIsDeletedBySomebodyElse();
+    void tintsItsArea();
+    void showsTheSpinner();
+    void showsTheCaptionAlone_data();
+    void showsTheCaptionAlone();
+
+    void deletesItselfWhenClosed();
+    void destroyedWithItsParent();
+    void acceptsAbsurdSizes_data();
+    void acceptsAbsurdSizes();
+};
+
+void tst_PopupLoadingDlgWithMask::buildsItsWindow()
+{
+    const Loading loading;
+    QCOMPARE(loading.dialog->objectName(), QStringLiteral("popuploadingdlgwithmask"));
+    QCOMPARE(loading.dialog->minimumSize(), kDialogSize);
+    QCOMPARE(loading.dialog->maximumSize(), kDialogSize);
+    QCOMPARE(loading.dialog->windowType(), Qt::Tool);
+    QVERIFY(loading.dialog->windowFlags().testFlag(Qt::FramelessWindowHint));
+    QVERIFY(loading.dialog->testAttribute(Qt::WA_TranslucentBackground));
+    QVERIFY(loading.dialog->testAttribute(Qt::WA_DeleteOnClose));
+    QCOMPARE(loading.dialog->windowModality(), Qt::NonModal);
+    QCOMPARE(loading.dialog->styleSheet(), QString());
+    QVERIFY(!loading.dialog->isVisible());
+}
+
+void tst_PopupLoadingDlgWithMask::centresTheBox_data()
+{
+    QTest::addColumn<QSize>("dialogSize");
+    QTest::addColumn<QSize>("boxSize");
+    QTest::addColumn<QMargins>("margins");
+    QTest::newRow("even") << kDialogSize << kBoxSize << QMargins(152, 90, 152, 90);
+    QTest::newRow("odd") << QSize(401, 303) << kBoxSize << QMargins(152, 91, 152, 91);
+    QTest::newRow("equal") << kBoxSize << kBoxSize << QMargins(0, 0, 0, 0);
+    QTest::newRow("one to spare") << QSize(97, 121) << kBoxSize << QMargins(0, 0, 0, 0);
+}
+
+void tst_PopupLoadingDlgWithMask::centresTheBox()
+{
+    QFETCH(const QSize, dialogSize);
+    QFETCH(const QSize, boxSize);
+    QFETCH(const QMargins, margins);
+    const Loading loading(dialogSize, boxSize);
+    const auto *layout = qobject_cast<QVBoxLayout *>(loading.dialog->layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->contentsMargins(), margins);
+    QCOMPARE(layout->spacing(), 0);
+    QCOMPARE(layout->count(), 1);
+    QCOMPARE(layout->stretch(0), 0);
+    QCOMPARE(layout->itemAt(0)->alignment(), Qt::Alignment());
+    loading.dialog->show();
+    QCOMPARE(loading.box()->geometry(), QRect(QPoint(margins.left(), margins.top()), boxSize));
+}
+
+void tst_PopupLoadingDlgWithMask::clipsALargeBox()
+{
+    const Loading loading(QSize(80, 60), QSize(200, 160));
+    loading.dialog->show();
+    QCOMPARE(loading.dialog->size(), QSize(80, 60));
+    QCOMPARE(loading.box()->size(), QSize(200, 160));
+    // Qt takes negative margins for the style's own.
+    const QRect visible = loading.box()->visibleRegion().boundingRect();
+    QVERIFY(!visible.isEmpty());
+    QVERIFY(visible.width() < 200);
+    QVERIFY(visible.height() < 160);
+}
+
+void tst_PopupLoadingDlgWithMask::buildsTheBox()
+{
+    const Loading loading;
+    QWidget *box = loading.box();
+    QCOMPARE(box->metaObject(), &QWidget::staticMetaObject);
+    QCOMPARE(box->parentWidget(), loading.dialog.data());
+    QCOMPARE(box->minimumSize(), kBoxSize);
+    QCOMPARE(box->maximumSize(), kBoxSize);
+    QCOMPARE(box->styleSheet(),
+             QStringLiteral("background:#FFFFFF;border-radius:10px;border:0px solid #FFFFFF;"));
+    const auto *layout = qobject_cast<QVBoxLayout *>(box->layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->contentsMargins(), QMargins(23, 12, 23, 17));
+    QCOMPARE(layout->spacing(), 4);
+    QCOMPARE(layout->count(), 4);
+    QVERIFY(isStretch(layout->itemAt(0)));
+    QVERIFY(isStretch(layout->itemAt(3)));
+    QCOMPARE(layout->itemAt(1)->alignment(), Qt::Alignment());
+    QCOMPARE(layout->itemAt(2)->alignment(), Qt::Alignment());
+
+    QCOMPARE(loading.movieLabel()->minimumSize(), QSize(50, 50));
+    QCOMPARE(loading.movieLabel()->maximumSize(), QSize(50, 50));
+    QCOMPARE(loading.movieLabel()->parentWidget(), box);
+    QCOMPARE(loading.caption()->parentWidget(), box);
+    QCOMPARE(loading.caption()->text(), QStringLiteral("Connecting"));
+    QCOMPARE(loading.caption()->minimumHeight(), 20);
+    QCOMPARE(loading.caption()->maximumHeight(), 20);
+    QCOMPARE(loading.caption()->styleSheet(),
+             QStringLiteral("QLabel \n{ \n background: transparent;font-size: 12px;\n font-weight: Normal; \n"
+                            " color: #666666; \n text-align: center; \n}"));
+
+    loading.dialog->show();
+    const int above = loading.movieLabel()->y() - 12;
+    const int below = box->height() - 17 - loading.caption()->geometry().bottom() - 1;
+    QVERIFY(qAbs(above - below) <= 1);
+}
+
+void tst_PopupLoadingDlgWithMask::preparesTheMovie()
+{
+    const Loading loading;
+    QVERIFY(loading.movie);
+    QVERIFY(loading.movie->isValid());
+    QCOMPARE(loading.movie->fileName(), QStringLiteral(":/surface/resources/surface/live/connecting.gif"));
+    QCOMPARE(loading.movie->parent(), nullptr);
+    QCOMPARE(loading.movie->scaledSize(), QSize(50, 50));
+    QCOMPARE(loading.movie->state(), QMovie::NotRunning);
+}
+
+void tst_PopupLoadingDlgWithMask::movieRunsFromTheFirstShowing()
+{
+    const Loading loading;
+    QSignalSpy started(loading.movie.data(), &QMovie::started);
+    loading.dialog->show();
+    QCOMPARE(loading.movie->state(), QMovie::Running);
+    QCOMPARE(started.count(), 1);
+    QTRY_VERIFY(loading.movie->currentFrameNumber() >= 2);
+
+    loading.dialog->hide();
+    QCOMPARE(loading.movie->state(), QMovie::Running);
+    const int frame = loading.movie->currentFrameNumber();
+    loading.movieLabel()->clear();
+    loading.dialog->show();
+    QCOMPARE(loading.movieLabel()->movie(), loading.movie.data());
+    QCOMPARE(loading.movie->state(), QMovie::Running);
+    QCOMPARE(loading.movie->currentFrameNumber(), frame);
+    QCOMPARE(started.count(), 1);
+
+    loading.movie->stop();
+    loading.dialog->hide();
+    loading.dialog->show();
+    QCOMPARE(loading.movie->state(), QMovie::Running);
+}
+
+void tst_PopupLoadingDlgWithMask::movieIsStoppedWhenDestroyed()
+{
+    const Loading loading;
+    loading.dialog->show();
+    QCOMPARE(loading.movie->state(), QMovie::Running);
+    destroy(loading.dialog);
+    QVERIFY(!loading.dialog);
+    QVERIFY(loading.movie);
+    QCOMPARE(loading.movie->state(), QMovie::NotRunning);
+}
+
+void tst_PopupLoadingDlgWithMask::movieIsDeletedBySomebodyElse()
+{
+    const Loading loading;
+    loading.dialog->show();
+    destroy(loading.movie);
+    QVERIFY(!loading.movie);
+    loading.dialog->hide();
+    loading.dialog->show();
+    QVERIFY(!loading.movieLabel()->movie());
+}
+
+void tst_PopupLoadingDlgWithMask::tintsItsArea()
+{
+    const Loading loading;
+    QImage painted(kDialogSize, QImage::Format_ARGB32);
+    painted.fill(Qt::transparent);
+    loading.dialog->render(&painted, QPoint(), QRegion(), QWidget::RenderFlags());
+    QImage expected(kDialogSize, QImage::Format_ARGB32);
+    expected.fill(QColor(128, 128, 128, 30));
+    // One step of difference comes from the multiplication with the alpha value.
+    QVERIFY(differingPixels(painted, expected, 2) == 0);
+    QCOMPARE(painted.pixelColor(0, 0).alpha(), 30);
+
+    QImage onWhite(kDialogSize, QImage::Format_RGB32);
+    onWhite.fill(Qt::white);
+    QImage expectedOnWhite = onWhite;
+    QPainter(&expectedOnWhite).fillRect(onWhite.rect(), QColor(128, 128, 128, 30));
+    loading.dialog->render(&onWhite, QPoint(), QRegion(), QWidget::RenderFlags());
+    QCOMPARE(differingPixels(onWhite, expectedOnWhite), 0);
+    QCOMPARE(onWhite.pixelColor(kDialogSize.width() - 1, kDialogSize.height() - 1), QColor(240, 240, 240));
+}
+
+void tst_PopupLoadingDlgWithMask::showsTheSpinner()
+{
+    const Loading loading;
+    loading.dialog->show();
+    QTRY_VERIFY(!loading.movie->currentPixmap().isNull());
+    const QImage picture = renderWidget(loading.dialog);
+    QCOMPARE(picture.pixelColor(picture.rect().center() + QPoint(0, -55)), QColor(Qt::white));
+    const QImage spinner = renderWidget(loading.movieLabel());
+    QImage blank = spinner;
+    blank.fill(Qt::white);
+    QVERIFY(differingPixels(spinner, blank, 8) > 0);
+}
+
+void tst_PopupLoadingDlgWithMask::showsTheCaptionAlone_data()
+{
+    QTest::addColumn<Animation>("animation");
+    QTest::newRow("missing") << Animation::Missing;
+    QTest::newRow("broken") << Animation::Broken;
+}
+
+void tst_PopupLoadingDlgWithMask::showsTheCaptionAlone()
+{
+    QFETCH(const Animation, animation);
+    provide(animation);
+    const LogCapture log;
+    const Loading loading;
+    QVERIFY(!loading.movie->isValid() || animation == Animation::Broken);
+    for (int i = 0; i < 3; ++i) {
+        loading.dialog->show();
+        QCoreApplication::processEvents();
+        loading.dialog->hide();
+    }
+    const QStringList texts = log.texts();
+    for (const QString &text : texts)
+        QVERIFY2(text.startsWith(QLatin1String("This plugin")), qPrintable(text));
+
+    loading.dialog->show();
+    QVERIFY(loading.caption()->isVisible());
+    const QImage spinner = renderWidget(loading.movieLabel());
+    const QColor background = spinner.pixelColor(spinner.width() / 2, 2);
+    QImage blank = spinner;
+    blank.fill(background);
+    QCOMPARE(differingPixels(spinner.copy(12, 12, 26, 26), blank.copy(12, 12, 26, 26)), 0);
+}
+
+void tst_PopupLoadingDlgWithMask::deletesItselfWhenClosed()
+{
+    const Loading loading;
+    loading.dialog->show();
+    loading.dialog->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!loading.dialog);
+    QVERIFY(loading.movie);
+    QCOMPARE(loading.movie->state(), QMovie::NotRunning);
+}
+
+void tst_PopupLoadingDlgWithMask::destroyedWithItsParent()
+{
+    auto *parent = new QWidget;
+    auto *dialog = new PopupLoadingDlgWithMask(kDialogSize, kBoxSize, QString(), parent);
+    QCOMPARE(dialog->parentWidget(), parent);
+    const std::unique_ptr<QMovie> movie(dialog->findChild<QLabel *>()->movie());
+    dialog->show();
+    delete parent;
+    QCOMPARE(movie->state(), QMovie::NotRunning);
+}
+
+void tst_PopupLoadingDlgWithMask::acceptsAbsurdSizes_data()
+{
+    QTest::addColumn<QSize>("dialogSize");
+    QTest::addColumn<QSize>("boxSize");
+    QTest::newRow("nothing") << QSize(0, 0) << QSize(0, 0);
+    QTest::newRow("invalid") << QSize() << QSize();
+    QTest::newRow("negative") << QSize(-50, -50) << QSize(-9, -9);
+    QTest::newRow("huge box") << QSize(20, 20) << QSize(100000, 100000);
+}
+
+void tst_PopupLoadingDlgWithMask::acceptsAbsurdSizes()
+{
+    QFETCH(const QSize, dialogSize);
+    QFETCH(const QSize, boxSize);
+    const LogCapture qtComplains;
+    const Loading loading(dialogSize, boxSize);
+    loading.dialog->show();
+    QCoreApplication::processEvents();
+    QVERIFY(loading.dialog->isVisible());
+}
+
+QTEST_MAIN(tst_PopupLoadingDlgWithMask)
+
+#include "tst_popuploadingdlgwithmask.moc"

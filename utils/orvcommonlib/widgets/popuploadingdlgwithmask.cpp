@@ -1,0 +1,98 @@
+#include "popuploadingdlgwithmask.h"
+
+#include <QtCore/QMargins>
+#include <QtGui/QMovie>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
+
+namespace {
+
+constexpr char kBoxStyle[] = "background:#FFFFFF;border-radius:10px;border:0px solid #FFFFFF;";
+constexpr char kCaptionStyle[] =
+    "QLabel \n{ \n background: transparent;font-size: 12px;\n font-weight: Normal; \n color: #666666; \n"
+    " text-align: center; \n}";
+
+constexpr QMargins kBoxMargins(23, 12, 23, 17);
+constexpr int kBoxSpacing = 4;
+constexpr QSize kMovieSize(50, 50);
+constexpr int kCaptionHeight = 20;
+
+} // namespace
+
+PopupLoadingDlgWithMask::PopupLoadingDlgWithMask(QSize dialogSize, QSize boxSize, QString text,
+                                                 QWidget *parent)
+    : BaseMoveDialog(parent, false, true, true)
+    , m_text(text)
+{
+    setObjectName(QStringLiteral("popuploadingdlgwithmask"));
+    setFixedSize(dialogSize);
+    setWindowFlags(windowFlags() | Qt::Tool);
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    // Truncated: what is left of an odd difference goes to the right or bottom.
+    const int horizontal = (dialogSize.width() - boxSize.width()) / 2;
+    const int vertical = (dialogSize.height() - boxSize.height()) / 2;
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(horizontal, vertical, horizontal, vertical);
+    layout->setSpacing(0);
+
+    auto *box = new QWidget(this);
+    box->setFixedSize(boxSize);
+    initWidget(box);
+    layout->addWidget(box);
+}
+
+PopupLoadingDlgWithMask::~PopupLoadingDlgWithMask()
+{
+    if (m_movie && m_movie->state() != QMovie::NotRunning)
+        m_movie->stop();
+}
+
+void PopupLoadingDlgWithMask::initWidget(QWidget *box)
+{
+    box->setStyleSheet(QLatin1String(kBoxStyle));
+    auto *layout = new QVBoxLayout(box);
+    layout->setContentsMargins(kBoxMargins);
+    layout->setSpacing(kBoxSpacing);
+    layout->addStretch();
+
+    m_movieLabel = new QLabel(box);
+    m_movieLabel->setFixedSize(kMovieSize);
+    m_movie = new QMovie(QStringLiteral(":/surface/resources/surface/live/connecting.gif"), QByteArray());
+    m_movie->setScaledSize(m_movieLabel->size());
+    m_movieLabel->setMovie(m_movie);
+
+    auto *caption = new QLabel(box);
+    caption->setFixedHeight(kCaptionHeight);
+    caption->setText(m_text);
+    caption->setStyleSheet(QLatin1String(kCaptionStyle));
+
+    layout->addWidget(m_movieLabel);
+    layout->addWidget(caption);
+    layout->addStretch();
+}
+
+void PopupLoadingDlgWithMask::paintEvent(QPaintEvent *event)
+{
+    {
+        QPainter painter(this);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                               QPainter::SmoothPixmapTransform);
+        QPainterPath area;
+        area.addRoundedRect(rect(), 0, 0);
+        painter.setClipPath(area, Qt::ReplaceClip);
+        painter.fillPath(area, QBrush(QColor(128, 128, 128, 30)));
+    }
+    BaseMoveDialog::paintEvent(event);
+}
+
+void PopupLoadingDlgWithMask::showEvent(QShowEvent *event)
+{
+    if (m_movieLabel && m_movie) {
+        m_movieLabel->setMovie(m_movie);
+        m_movie->start();
+    }
+    BaseMoveDialog::showEvent(event);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "basemovedialog.h"
+#include "orvcommonlib_global.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtGui/QMovie>
+
+class QLabel;
+
+/// A busy indicator over an area: a faint grey tint with a white rounded box in its middle, which shows a
+/// spinner and one line of text.
+///
+/// It is its own mask and does not use OrvMaskCtrl. Show it over the area to cover and close it when the work
+/// is done, which deletes it. The animation ":/surface/resources/surface/live/connecting.gif" belongs to the
+/// application; where it is missing or broken, the box shows the text alone. GUI thread only. Sizes are in
+/// device-independent pixels.
+class ORVCOMMONLIB_EXPORT PopupLoadingDlgWithMask : public BaseMoveDialog
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(PopupLoadingDlgWithMask)
+
+public:
+    /// @param dialogSize the size of the area to cover
+    /// @param boxSize the size of the white box; a box larger than the dialog is clipped
+    /// @param text the caption, fixed for the life of the dialog
+    /// @param parent the owner; may be null
+    PopupLoadingDlgWithMask(QSize dialogSize, QSize boxSize, QString text, QWidget *parent);
+    /// Stops the animation. The movie itself is deliberately not deleted.
+    ~PopupLoadingDlgWithMask() override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    /// Starts the animation; it goes on while the dialog is hidden.
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void initWidget(QWidget *box);
+
+    QLabel *m_movieLabel = nullptr;
+    QPointer<QMovie> m_movie; // a client can reach it through the label
+    QString m_text;
+};
