@@ -152,7 +152,7 @@ void BaseMoveDialog::mouseReleaseEvent(QMouseEvent *event)
 void BaseMoveDialog::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QWidget::mouseDoubleClickEvent(event);
-    if (m_rectOfCanDrag && !m_rectOfCanDrag->isNull() && m_rectOfCanDrag->contains(event->pos()))
+    if (m_rectOfCanDrag && m_rectOfCanDrag->contains(event->pos()))
         Q_EMIT sig_doubleclickCanDragRect();
 }
 
