@@ -51,6 +51,7 @@ private Q_SLOTS:
     void reportsADragInsideItsRectangleOnly();
     void allowsTheNextDragAtTheRelease();
     void forgetsTheMovesBeforeAPress();
+    void countsAMoveAfterItsReport();
     void keepsReportsInsideItsRectangle_data();
     void keepsReportsInsideItsRectangle();
     void copiesAndRemovesTheRectangleOfMoves();
@@ -412,6 +413,18 @@ void tst_BaseMoveDialog::forgetsTheMovesBeforeAPress()
     MouseEvents::press(m_dialog.get(), at(kMiddle), Qt::RightButton);
     release(kMiddle);
     QCOMPARE(finished.count(), 0);
+}
+
+void tst_BaseMoveDialog::countsAMoveAfterItsReport()
+{
+    // A release inside the first report finds no move that it could finish.
+    const QSignalSpy finished(m_dialog.get(), &BaseMoveDialog::sig_windowMovefinished);
+    connect(m_dialog.get(), &BaseMoveDialog::sig_windowMoved, this, [this] { release(kMiddle); });
+    press(kMiddle);
+    moveTo(kMiddle + QPoint(1, 1));
+    QCOMPARE(finished.count(), 0);
+    release(kMiddle);
+    QCOMPARE(finished.count(), 1);
 }
 
 void tst_BaseMoveDialog::keepsReportsInsideItsRectangle_data()

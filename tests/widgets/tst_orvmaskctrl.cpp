@@ -306,21 +306,38 @@ void tst_OrvMaskCtrl::isCreatedOnceByConcurrentCalls()
     }
 }
 
-static int runEachInItsOwnProcess(const QString &program)
+static QStringList testFunctions()
 {
-    int failures = 0;
+    QStringList functions;
     const QMetaObject &tests = tst_OrvMaskCtrl::staticMetaObject;
-    for (int i = tests.methodOffset(); i < tests.methodCount(); ++i) {
-        const QString function = QString::fromLatin1(tests.method(i).name());
-        failures += QProcess::execute(program, {function}) == 0 ? 0 : 1;
+    for (int i = tests.methodOffset(); i < tests.methodCount(); ++i)
+        functions << QString::fromLatin1(tests.method(i).name());
+    return functions;
+}
+
+/// Stops at the first failure, so that a report that goes to a file is the one that matters.
+static int runEachInItsOwnProcess(const QString &program, const QStringList &arguments)
+{
+    const QStringList functions = testFunctions();
+    for (const QString &function : functions) {
+        const int result = QProcess::execute(program, arguments + QStringList{function});
+        if (result != 0)
+            return result;
     }
-    return failures;
+    return 0;
 }
 
 int main(int argc, char **argv)
 {
-    if (argc == 1)
-        return runEachInItsOwnProcess(QString::fromLocal8Bit(argv[0]));
+    QStringList arguments;
+    bool functionNamed = false;
+    for (int i = 1; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+        functionNamed = functionNamed || testFunctions().contains(arguments.constLast());
+    }
+    if (!functionNamed)
+        return runEachInItsOwnProcess(QString::fromLocal8Bit(argv[0]), arguments);
+
     const QApplication application(argc, argv);
     tst_OrvMaskCtrl tests;
     return QTest::qExec(&tests, argc, argv);

@@ -117,11 +117,11 @@ void BaseMoveDialog::mouseMoveEvent(QMouseEvent *event)
 {
     const bool dragging = m_canMove && m_isMoving && event->buttons().testFlag(Qt::LeftButton);
     if (dragging && m_dragAllowedNow) {
-        m_movedSincePress = true;
         const QPointer<BaseMoveDialog> alive(this);
         Q_EMIT sig_windowMoved(keptInRectOfCanMove(event->globalPos() - m_dragOffset));
         if (!alive)
             return;
+        m_movedSincePress = true;
     }
     QWidget::mouseMoveEvent(event);
 }
