@@ -54,6 +54,7 @@ private Q_SLOTS:
     void paintsLikeThePlainRecipe_data();
     void paintsLikeThePlainRecipe();
     void paintsEveryValueLikeThePlainRecipe();
+    void paintsTheSameInItsWindow();
     void paintsEmbeddedSkin();
     void colorEndsBeforeTheHandleOnThePositiveSideOnly();
     void grooveHeightIsNotUsed();
@@ -171,6 +172,29 @@ void tst_newhorizontalslider::paintsEveryValueLikeThePlainRecipe()
         slider.setSliderEnabled(picture.sliderEnabled);
         slider.setValueColor(picture.valueColor);
         QCOMPARE(differingPixels(painted(&slider, Qt::white), plain(slider, picture, Qt::white)), 0);
+    }
+}
+
+// Through the window's own store, at an odd place; over and over, since what is kept is made at the second
+// paint.
+void tst_newhorizontalslider::paintsTheSameInItsWindow()
+{
+    QWidget window;
+    window.resize(250, 50);
+    NewHorizontalSlider slider(kSize, kHandleSize, true, &window);
+    slider.move(13, 7);
+    SliderPicture picture = pictureOf(slider);
+    picture.bidirectional = true;
+    for (int paint = 0; paint < 30; ++paint) {
+        picture.value = paint % 10 * 11;
+        slider.setValue(picture.value);
+        QImage expected = canvas(window, window.palette().color(QPalette::Window));
+        QPainter painter(&expected);
+        painter.setClipRect(slider.geometry());
+        painter.translate(slider.pos());
+        picture.paintNew(&painter);
+        painter.end();
+        QCOMPARE(differingPixels(window.grab().toImage().convertToFormat(expected.format()), expected), 0);
     }
 }
 

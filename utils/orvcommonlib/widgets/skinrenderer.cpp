@@ -1,15 +1,19 @@
 #include "skinrenderer.h"
 
+#include "skinlayers.h"
+
 #include <QtCore/QCache>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
 #include <QtGui/QPainter>
+#include <QtGui/QTransform>
 #include <QtSvg/QSvgRenderer>
 #include <QtWidgets/QWidget>
 
 #include <memory>
+#include <tuple>
 
 namespace SkinRenderer {
 
@@ -17,6 +21,7 @@ namespace {
 
 constexpr int kKeptDocuments = 64;
 constexpr int kKeptImageBytes = 4 * 1024 * 1024;
+constexpr int kKeptLayerBytes = 1024 * 1024;
 constexpr qint64 kLargestImagePixels = 16 * 1024 * 1024;
 constexpr qreal kFarthestVisible = QWIDGETSIZE_MAX;
 
@@ -45,10 +50,45 @@ uint qHash(const ImageKey &key, uint seed)
     return 31 * seed + key.color.rgba();
 }
 
+struct LayersKey
+{
+    QString file;
+    QRectF target;
+    QTransform deviceTransform;
+};
+
+// Bit by bit: layers stand for the shapes at one place exactly.
+bool operator==(const LayersKey &left, const LayersKey &right)
+{
+    const auto numbers = [](const LayersKey &key) {
+        return std::make_tuple(key.target.x(), key.target.y(), key.target.width(), key.target.height(),
+                               key.deviceTransform.m11(), key.deviceTransform.m22(), key.deviceTransform.dx(),
+                               key.deviceTransform.dy());
+    };
+    return numbers(left) == numbers(right) && left.file == right.file;
+}
+
+uint qHash(const LayersKey &key, uint seed)
+{
+    seed = ::qHash(key.file, seed);
+    for (const double number : {key.target.x(), key.target.y(), key.target.width(), key.deviceTransform.m11(),
+                                key.deviceTransform.dx(), key.deviceTransform.dy()})
+        seed = 31 * seed + ::qHash(number);
+    return seed;
+}
+
+// Remembered without layers when it is painted for the first time.
+struct PaintedPiece
+{
+    bool isTakenApart = false;
+    SkinLayers layers;
+};
+
 struct Store
 {
     QCache<QString, Document> documents{kKeptDocuments};
     QCache<ImageKey, QImage> images{kKeptImageBytes};
+    QCache<LayersKey, PaintedPiece> pieces{kKeptLayerBytes};
 };
 
 // What is kept goes with the application object, or with the library if that is unloaded before.
@@ -145,6 +185,23 @@ int column(qreal edge, int width)
     return qRound(qBound<qreal>(0, edge, width));
 }
 
+// Takes a piece apart when it is painted at the same place for the second time: for a handle in motion it
+// would not pay.
+const SkinLayers *keptLayers(QSvgRenderer *svg, const LayersKey &key)
+{
+    QCache<LayersKey, PaintedPiece> &pieces = store().pieces;
+    const PaintedPiece *known = pieces.object(key);
+    if (!known) {
+        pieces.insert(key, new PaintedPiece, int(sizeof(PaintedPiece)));
+        return nullptr;
+    }
+    if (!known->isTakenApart) {
+        auto *piece = new PaintedPiece{true, SkinLayers(svg, key.target, key.deviceTransform)};
+        known = pieces.insert(key, piece, piece->layers.bytes()) ? piece : nullptr;
+    }
+    return known && known->layers.areComplete() ? &known->layers : nullptr;
+}
+
 } // namespace
 
 void prepare(QPainter *painter)
@@ -187,7 +244,14 @@ void paint(QPainter *painter, const QString &file, const QRectF &target)
     if (!canBeSeen)
         return;
     const Document svg = document(file);
-    if (svg && svg->isValid())
+    if (!svg || !svg->isValid())
+        return;
+    const SkinLayers *layers = nullptr;
+    if (SkinLayers::suit(*painter) && !svg->animated())
+        layers = keptLayers(svg.get(), {file, target, painter->deviceTransform()});
+    if (layers)
+        layers->paint(painter);
+    else
         svg->render(painter, target);
 }
 

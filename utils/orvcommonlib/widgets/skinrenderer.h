@@ -11,7 +11,7 @@ class QPainter;
 /// Draws the pieces of the painted sliders' skins, which are SVG files.
 ///
 /// A file is parsed when a piece of it is first asked for; what it looks like at a size in pixels, uncoloured
-/// and coloured, is rendered once and kept. Both stores are bounded and shared by all sliders. A file that
+/// and coloured, is rendered once and kept. All stores are bounded and shared by all sliders. A file that
 /// does not exist, cannot be read or is no SVG document paints nothing and logs nothing; a missing one is
 /// looked for again the next time. A file that changes after it was parsed keeps its first look.
 ///
@@ -34,9 +34,8 @@ QImage coloredImage(const QString &file, const QSize &pixels, const QRectF &part
 
 /// Paints the file into `target`, in the painter's coordinates; an empty target paints nothing.
 ///
-/// The shapes are painted, not an image of them: these pieces stand at fractions of pixels, and two
-/// translucent edges that lie upon one another give other pixels than their blend does. This costs a few
-/// microseconds a piece.
+/// The first time at a place of the canvas its shapes are painted; from the second time on, where that can be
+/// done to the last bit, the images that these left (see SkinLayers).
 void paint(QPainter *painter, const QString &file, const QRectF &target);
 
 } // namespace SkinRenderer
