@@ -112,7 +112,7 @@ void HorizontalSlider::paintEvent(QPaintEvent *)
     QPainter painter(this);
     SkinRenderer::prepare(&painter);
     const qreal ratio = devicePixelRatioF();
-    const QSize pixels = SkinRenderer::pixelSize(area.size().toSize(), ratio);
+    const QSize pixels = SkinRenderer::pixelSize(QSize(width(), m_grooveHeight), ratio);
     painter.drawImage(area,
                       SkinRenderer::coloredImage(QStringLiteral("%1/groove.svg").arg(m_skinPath), pixels,
                                                  logic.valuePart(pixels, ratio, 0), m_valueColor));
