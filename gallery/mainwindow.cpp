@@ -8,6 +8,7 @@
 #include "titlebar.h"
 
 #include <QtCore/QEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QSplitter>
@@ -70,6 +71,13 @@ void MainWindow::changeEvent(QEvent *event)
         setWidgetResizable(!isMaximized());
     }
     BaseMoveDialog::changeEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    BaseMoveDialog::closeEvent(event);
+    // A page may have opened windows that belong to no other: they end with the gallery.
+    QApplication::quit();
 }
 
 void MainWindow::resizeEvent(QResizeEvent *event)

@@ -10,7 +10,8 @@ class QAbstractButton;
 
 /// Writes to standard output where the buttons of the application's windows are, whenever one comes or moves,
 /// for whom drives the gallery from outside with a pointer:
-///     place<TAB>window title<TAB>object name of the button, or else its text<TAB>x<TAB>y<TAB>width<TAB>height
+///     place<TAB>window title<TAB>object name of the button, or else its
+///     text<TAB>x<TAB>y<TAB>width<TAB>height
 /// in screen coordinates.
 class PlaceTeller : public QObject
 {

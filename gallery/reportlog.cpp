@@ -2,11 +2,12 @@
 
 #include <QtCore/QMutexLocker>
 
+#include <atomic>
 #include <cstdio>
 
 namespace {
 
-ReportLog *currentLog = nullptr;
+std::atomic<ReportLog *> currentLog = nullptr; // lines come from any thread
 
 /// Platforms without windows of their own say so again and again; that is no page's doing.
 const char *const kPlatformNoise = "This plugin does not support ";
@@ -64,8 +65,9 @@ ReportLog::~ReportLog()
 
 void ReportLog::append(const ReportLine &line)
 {
-    if (currentLog != nullptr)
-        currentLog->collect(line);
+    ReportLog *log = currentLog;
+    if (log != nullptr)
+        log->collect(line);
 }
 
 void ReportLog::handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)

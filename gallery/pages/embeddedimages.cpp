@@ -127,7 +127,8 @@ void addImages(PageBuilder &page)
     auto *flow = new FlowLayout(kTileGap, kTileGap, wall);
     flow->setContentsMargins(0, 0, 0, 0);
     QVector<Tile *> tiles;
-    for (const QString &file : imagesOf(QString::fromLatin1(kFolder))) {
+    const QVector<QString> files = imagesOf(QString::fromLatin1(kFolder));
+    for (const QString &file : files) {
         tiles.append(new Tile(file, wall));
         flow->addWidget(withCaption(tiles.last(), wall));
     }

@@ -171,13 +171,11 @@ void addList(PageBuilder &page)
     const auto look = [query, list] {
         QVector<QString> files;
         orvcommonlib::getImageFromPath(query->folder, files, query->animated);
-        list->setPlainText(files.toList().join(QLatin1Char('\n')));
-        report(QStringLiteral("getImageFromPath: %1 files").arg(files.size()));
+        list->setPlainText(QStringList(files.cbegin(), files.cend()).join(QLatin1Char('\n')));
+        return files.size();
     };
-    QVector<QString> files;
-    orvcommonlib::getImageFromPath(query->folder, files, query->animated);
-    list->setPlainText(files.toList().join(QLatin1Char('\n')));
-    page.primaryButton("Look", look);
+    look();
+    page.primaryButton("Look", [look] { report(QStringLiteral("getImageFromPath: %1 files").arg(look())); });
 }
 
 void build(PageBuilder &page)

@@ -27,7 +27,7 @@ struct Arguments
     QMargins margins{kBorder, kBorder, kBorder, kBorder};
     QString title = QStringLiteral("Camera in use");
     QString content =
-        QStringLiteral("Another application is using the camera. Close it, and choose the camera again.");
+        QStringLiteral("Another application is using the camera. Close it first.");
     int pageCount = 3;
     bool unequal = false;
     QString note = QStringLiteral("Tip 1");
