@@ -6,6 +6,7 @@
 #include "shots.h"
 
 #include <QtCore/QCommandLineParser>
+#include <QtCore/QTime>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
@@ -133,7 +134,10 @@ int main(int argc, char **argv)
         return 2;
     }
 
-    ReportLog log(parser.isSet(verboseOption()));
+    ReportLog log;
+    log.setVerbose(parser.isSet(verboseOption()));
+    if (parser.isSet(shotsOption()))
+        log.setFrozenTime(QTime(12, 0));
     setUpLooks(application);
     MainWindow window(&log);
     if (parser.isSet(shotsOption()))

@@ -5,6 +5,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QShortcut>
 #include <QtWidgets/QVBoxLayout>
 
 namespace {
@@ -76,6 +77,12 @@ PageList::PageList(QWidget *parent)
     layout->addWidget(m_list);
 
     connect(m_search, &QLineEdit::textChanged, this, &PageList::filter);
+    connect(m_search, &QLineEdit::returnPressed, this, &PageList::chooseFirst);
+    auto *find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, m_search, [this] {
+        m_search->setFocus(Qt::ShortcutFocusReason);
+        m_search->selectAll();
+    });
     connect(m_list, &QListWidget::currentItemChanged, this, &PageList::emitChosen);
 }
 
@@ -112,6 +119,17 @@ void PageList::filter(const QString &text)
             const bool shown = item->text().contains(text, Qt::CaseInsensitive);
             item->setHidden(!shown);
             anyPageShown = anyPageShown || shown;
+        }
+    }
+}
+
+void PageList::chooseFirst()
+{
+    for (int row = 0; row < m_list->count(); ++row) {
+        const QListWidgetItem *item = m_list->item(row);
+        if (pageOf(item) != nullptr && !item->isHidden()) {
+            m_list->setCurrentRow(row);
+            return;
         }
     }
 }

@@ -23,6 +23,7 @@ Q_SIGNALS:
 private:
     void fill();
     void filter(const QString &text);
+    void chooseFirst();
     void emitChosen(QListWidgetItem *item);
 
     QLineEdit *m_search;

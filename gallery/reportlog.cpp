@@ -9,8 +9,12 @@ namespace {
 
 std::atomic<ReportLog *> currentLog = nullptr; // lines come from any thread
 
-/// Platforms without windows of their own say so again and again; that is no page's doing.
-const char *const kPlatformNoise = "This plugin does not support ";
+/// What the platform plugin says of itself and of its server; that is no page's doing.
+bool isPlatformsOwn(const QMessageLogContext &context, const QString &text)
+{
+    return QLatin1String(context.category).startsWith(QLatin1String("qt.qpa.")) ||
+           text.startsWith(QLatin1String("This plugin does not support "));
+}
 
 ReportLevel levelOf(QtMsgType type)
 {
@@ -49,9 +53,8 @@ QString levelName(ReportLevel level)
     return {};
 }
 
-ReportLog::ReportLog(bool verbose, QObject *parent)
+ReportLog::ReportLog(QObject *parent)
     : QObject(parent)
-    , m_verbose(verbose)
 {
     currentLog = this;
     m_previousHandler = qInstallMessageHandler(&ReportLog::handleMessage);
@@ -73,7 +76,7 @@ void ReportLog::append(const ReportLine &line)
 void ReportLog::handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     ReportLog *log = currentLog;
-    if (log == nullptr || text.startsWith(QLatin1String(kPlatformNoise)))
+    if (log == nullptr || isPlatformsOwn(context, text))
         return;
     ReportLine line;
     line.level = levelOf(type);
@@ -86,8 +89,9 @@ void ReportLog::handleMessage(QtMsgType type, const QMessageLogContext &context,
         log->m_previousHandler(type, context, text);
 }
 
-void ReportLog::collect(const ReportLine &line)
+void ReportLog::collect(ReportLine line)
 {
+    line.time = m_frozenTime.isValid() ? m_frozenTime : QTime::currentTime();
     if (m_verbose) {
         const QByteArray text = QStringLiteral("%1\t%2\n").arg(levelName(line.level), line.text).toUtf8();
         std::fwrite(text.constData(), 1, static_cast<size_t>(text.size()), stdout);

@@ -16,7 +16,7 @@ QString levelName(ReportLevel level);
 /// One line of the panel.
 struct ReportLine
 {
-    QTime time = QTime::currentTime();
+    QTime time; ///< set by the log
     ReportLevel level = ReportLevel::Result;
     QString text;
     QString function; ///< full signature of the call site; empty for what is no log line
@@ -31,9 +31,13 @@ class ReportLog : public QObject
     Q_OBJECT
 
 public:
-    /// `verbose`: each line is also written to standard output at once, as "level<TAB>text".
-    explicit ReportLog(bool verbose, QObject *parent = nullptr);
+    explicit ReportLog(QObject *parent = nullptr);
     ~ReportLog() override;
+
+    /// Writes each line to standard output, too, at once, as "level<TAB>text".
+    void setVerbose(bool verbose) { m_verbose = verbose; }
+    /// Gives every line this time, so that pictures of the panel are the same tomorrow.
+    void setFrozenTime(QTime time) { m_frozenTime = time; }
 
     /// May be called from any thread, also while nothing collects: the line is dropped then.
     static void append(const ReportLine &line);
@@ -44,11 +48,12 @@ Q_SIGNALS:
 
 private:
     static void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &text);
-    void collect(const ReportLine &line);
+    void collect(ReportLine line);
     void deliver();
 
     QMutex m_mutex;
     QVector<ReportLine> m_pending;
     QtMessageHandler m_previousHandler = nullptr;
-    bool m_verbose;
+    bool m_verbose = false;
+    QTime m_frozenTime; ///< invalid while time flows
 };

@@ -80,7 +80,10 @@ bool writeShots(MainWindow *window, const QString &folder)
 {
     const QDir dir(folder);
     bool everythingWritten = dir.mkpath(QStringLiteral("."));
+    // A page may be taller than any screen, where a window system would not let it be.
+    window->setAttribute(Qt::WA_DontShowOnScreen);
     window->show();
+    settle();
     const QVector<const GalleryPage *> pages = GalleryPage::all();
     for (const GalleryPage *page : pages) {
         window->clearReports();

@@ -58,8 +58,7 @@ private:
                 m_places.insert(words.at(1) + QLatin1Char('/') + words.at(2),
                                 QRect(words.at(3).toInt(), words.at(4).toInt(), words.at(5).toInt(),
                                       words.at(6).toInt()));
-            else if (!words.value(1).startsWith(
-                         QLatin1String("QXcbConnection:"))) // the server, on windows just gone
+            else
                 m_lines.append(words.join(QLatin1Char(' ')));
         }
     }
