@@ -1,0 +1,349 @@
+#include "logcapture.h"
+#include "qhotkey.h"
+#include "qhotkey_p.h"
+
+#include <QtCore/QPointer>
+#include <QtCore/QProcess>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+
+#include <cstdio>
+#include <memory>
+
+using NativeShortcut = QHotkey::NativeShortcut;
+
+namespace {
+
+const Qt::KeyboardModifiers kModifiers = Qt::ControlModifier | Qt::ShiftModifier;
+const QKeySequence kFirst(Qt::CTRL + Qt::SHIFT + Qt::Key_F9);
+const QKeySequence kSecond(Qt::CTRL + Qt::SHIFT + Qt::Key_F10);
+constexpr char kLeaveRegistered[] = "--leave-a-hotkey-registered";
+constexpr char kOutliveRegistry[] = "--let-a-hotkey-outlive-the-registry";
+constexpr char kOutliveApplication[] = "--let-a-hotkey-outlive-the-application";
+
+// Made before main(), and so destroyed after what is made in it, such as the registry.
+std::unique_ptr<QHotkey> longLived;
+QHotkey *volatile immortal = nullptr; // volatile: still reachable in the end, also to a leak checker
+
+} // namespace
+
+// QHotkey's own rules on a system where registering works.
+class tst_qhotkey_desktop : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void registersAndUnregisters();
+    void constructorsRegister();
+    void autoRegisterIsOffByDefault();
+    void firstCombinationIsRegistered();
+    void registeredHotkeyKeepsItsShortcut();
+    void registeredHotkeyChangesItsShortcut();
+    void registeredHotkeyTakesANativeShortcut();
+    void failedMappingLeavesItUnregistered();
+    void unknownKeyUnregisters();
+    void resetUnregisters();
+    void emptySequenceUnregisters();
+    void settingTheSameStateDoesNothing();
+    void propertiesRegister();
+    void nativeShortcutIsRegistered();
+    void sharersKeepTheRegistration();
+    void destructorUnregisters();
+    void slotDeletesTheHotkey_data();
+    void slotDeletesTheHotkey();
+    void slotRegistersAgain();
+    void processEnds_data();
+    void processEnds();
+};
+
+void tst_qhotkey_desktop::registersAndUnregisters()
+{
+    QHotkey hotkey(kFirst);
+    const QSignalSpy changed(&hotkey, &QHotkey::registeredChanged);
+    QVERIFY(!hotkey.isRegistered());
+    QVERIFY(hotkey.setRegistered(true));
+    QVERIFY(hotkey.isRegistered());
+    QVERIFY(hotkey.setRegistered(false));
+    QVERIFY(!hotkey.isRegistered());
+    QCOMPARE(hotkey.shortcut(), kFirst);
+    QCOMPARE(changed.count(), 3);
+    QCOMPARE(changed.at(0).at(0).toBool(), true);
+    QCOMPARE(changed.at(1).at(0).toBool(), true);
+    QCOMPARE(changed.at(2).at(0).toBool(), false);
+}
+
+void tst_qhotkey_desktop::constructorsRegister()
+{
+    const QHotkey sequence(kFirst, true);
+    QVERIFY(sequence.isRegistered());
+    const QHotkey key(Qt::Key_F10, kModifiers, true);
+    QVERIFY(key.isRegistered());
+    QCOMPARE(key.shortcut(), kSecond);
+    const QHotkey native(key.currentNativeShortcut(), true);
+    QVERIFY(native.isRegistered());
+    QVERIFY(native.shortcut().isEmpty());
+}
+
+void tst_qhotkey_desktop::autoRegisterIsOffByDefault()
+{
+    QHotkey hotkey(Qt::Key_F10, kModifiers);
+    QVERIFY(hotkey.setShortcut(kFirst));
+    QVERIFY(hotkey.setShortcut(Qt::Key_F10, kModifiers));
+    QVERIFY(hotkey.setNativeShortcut(hotkey.currentNativeShortcut()));
+    QVERIFY(!hotkey.isRegistered());
+}
+
+void tst_qhotkey_desktop::firstCombinationIsRegistered()
+{
+    const LogCapture log;
+    QHotkey hotkey;
+    QVERIFY(hotkey.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_A, Qt::CTRL + Qt::Key_B)));
+    QCOMPARE(log.count(), 1);
+    QCOMPARE(hotkey.shortcut(), QKeySequence(Qt::CTRL + Qt::Key_A));
+    QCOMPARE(hotkey.keyCode(), Qt::Key_A);
+    QCOMPARE(hotkey.modifiers(), Qt::KeyboardModifiers(Qt::ControlModifier));
+}
+
+void tst_qhotkey_desktop::registeredHotkeyKeepsItsShortcut()
+{
+    QHotkey hotkey(kFirst, true);
+    const NativeShortcut native = hotkey.currentNativeShortcut();
+    const QSignalSpy changed(&hotkey, &QHotkey::registeredChanged);
+    QVERIFY(!hotkey.setShortcut(kSecond, false));
+    QVERIFY(!hotkey.setShortcut(Qt::Key_unknown, Qt::NoModifier, false));
+    QVERIFY(!hotkey.setNativeShortcut(NativeShortcut(), false));
+    QVERIFY(hotkey.isRegistered());
+    QCOMPARE(hotkey.shortcut(), kFirst);
+    QVERIFY(hotkey.currentNativeShortcut() == native);
+    QCOMPARE(changed.count(), 0);
+}
+
+void tst_qhotkey_desktop::registeredHotkeyChangesItsShortcut()
+{
+    QHotkey hotkey(kFirst, true);
+    const NativeShortcut native = hotkey.currentNativeShortcut();
+    const QSignalSpy changed(&hotkey, &QHotkey::registeredChanged);
+    QVERIFY(hotkey.setShortcut(kSecond, true));
+    QVERIFY(hotkey.isRegistered());
+    QCOMPARE(hotkey.shortcut(), kSecond);
+    QVERIFY(hotkey.currentNativeShortcut() != native);
+    QCOMPARE(changed.count(), 3);
+    QCOMPARE(changed.at(1).at(0).toBool(), false);
+    QCOMPARE(changed.at(2).at(0).toBool(), true);
+}
+
+void tst_qhotkey_desktop::registeredHotkeyTakesANativeShortcut()
+{
+    const QHotkey other(kSecond);
+    QHotkey hotkey(kFirst, true);
+    QVERIFY(hotkey.setNativeShortcut(other.currentNativeShortcut(), true));
+    QVERIFY(hotkey.isRegistered());
+    QVERIFY(hotkey.currentNativeShortcut() == other.currentNativeShortcut());
+    QCOMPARE(hotkey.keyCode(), Qt::Key_unknown);
+
+    QVERIFY(hotkey.setNativeShortcut(NativeShortcut(), true));
+    QVERIFY(!hotkey.isRegistered());
+    QVERIFY(hotkey.currentNativeShortcut() == NativeShortcut());
+}
+
+void tst_qhotkey_desktop::failedMappingLeavesItUnregistered()
+{
+    QHotkey hotkey(kFirst, true);
+    const LogCapture log;
+    QVERIFY(!hotkey.setShortcut(Qt::Key_SysReq, Qt::ControlModifier, true));
+    QVERIFY(!hotkey.isRegistered());
+    QVERIFY(hotkey.shortcut().isEmpty());
+    QCOMPARE(log.count(), 2);
+}
+
+void tst_qhotkey_desktop::unknownKeyUnregisters()
+{
+    QHotkey hotkey(kFirst, true);
+    QVERIFY(hotkey.setShortcut(Qt::Key_unknown, Qt::NoModifier, true));
+    QVERIFY(!hotkey.isRegistered());
+    QVERIFY(!hotkey.currentNativeShortcut().isValid());
+}
+
+void tst_qhotkey_desktop::resetUnregisters()
+{
+    QHotkey hotkey(kFirst, true);
+    const QSignalSpy changed(&hotkey, &QHotkey::registeredChanged);
+    QVERIFY(hotkey.resetShortcut());
+    QVERIFY(!hotkey.isRegistered());
+    QVERIFY(hotkey.shortcut().isEmpty());
+    QVERIFY(!hotkey.currentNativeShortcut().isValid());
+    QCOMPARE(changed.count(), 2);
+}
+
+void tst_qhotkey_desktop::emptySequenceUnregisters()
+{
+    QHotkey hotkey(kFirst, true);
+    QVERIFY(hotkey.setShortcut(QKeySequence(), false)); // resetting needs no autoRegister
+    QVERIFY(!hotkey.isRegistered());
+}
+
+void tst_qhotkey_desktop::settingTheSameStateDoesNothing()
+{
+    QHotkey hotkey(kFirst, true);
+    const QSignalSpy changed(&hotkey, &QHotkey::registeredChanged);
+    QVERIFY(hotkey.setRegistered(true));
+    QCOMPARE(changed.count(), 0);
+    QVERIFY(hotkey.setRegistered(false));
+    QCOMPARE(changed.count(), 2);
+    QVERIFY(hotkey.setRegistered(false));
+    QCOMPARE(changed.count(), 2);
+}
+
+void tst_qhotkey_desktop::propertiesRegister()
+{
+    QHotkey hotkey;
+    QVERIFY(hotkey.setProperty("shortcut", QVariant::fromValue(kFirst)));
+    QCOMPARE(hotkey.property("shortcut").value<QKeySequence>(), kFirst);
+    QVERIFY(hotkey.setProperty("registered", true));
+    QVERIFY(hotkey.property("registered").toBool());
+    QVERIFY(hotkey.setProperty("registered", false));
+    QVERIFY(!hotkey.isRegistered());
+}
+
+void tst_qhotkey_desktop::nativeShortcutIsRegistered()
+{
+    const QHotkey mapped(kFirst);
+    QHotkey hotkey(mapped.currentNativeShortcut(), true);
+    QVERIFY(hotkey.isRegistered());
+    QCOMPARE(hotkey.keyCode(), Qt::Key_unknown);
+    QVERIFY(hotkey.shortcut().isEmpty());
+}
+
+void tst_qhotkey_desktop::sharersKeepTheRegistration()
+{
+    QHotkey first(kFirst, true);
+    QHotkey second(kFirst, true);
+    QVERIFY(first.isRegistered() && second.isRegistered());
+    QVERIFY(first.setRegistered(false));
+    QVERIFY(second.isRegistered());
+    QVERIFY(first.setRegistered(true));
+    QVERIFY(second.setRegistered(false));
+    QVERIFY(first.setRegistered(false));
+}
+
+void tst_qhotkey_desktop::destructorUnregisters()
+{
+    QVector<bool> values;
+    {
+        QHotkey hotkey(kFirst, true);
+        connect(&hotkey, &QHotkey::registeredChanged, this, [&](bool value) { values << value; });
+    }
+    QCOMPARE(values, QVector<bool>({true, false}));
+}
+
+void tst_qhotkey_desktop::slotDeletesTheHotkey_data()
+{
+    QTest::addColumn<int>("setter");
+    QTest::addColumn<bool>("atValue");
+    for (int setter = 0; setter < 4; ++setter) {
+        QTest::addRow("setter %d, first signal", setter) << setter << true;
+        QTest::addRow("setter %d, second signal", setter) << setter << false;
+    }
+}
+
+void tst_qhotkey_desktop::slotDeletesTheHotkey()
+{
+    QFETCH(int, setter);
+    QFETCH(bool, atValue);
+    const QPointer<QHotkey> hotkey(new QHotkey(kFirst, true));
+    connect(hotkey, &QHotkey::registeredChanged, this, [&](bool value) {
+        if (value == atValue)
+            delete hotkey;
+    });
+    if (setter == 0)
+        QVERIFY(!hotkey->setShortcut(kSecond, true));
+    else if (setter == 1)
+        QVERIFY(!hotkey->setNativeShortcut(NativeShortcut(1, 1), true));
+    else if (setter == 2)
+        QVERIFY(!hotkey->resetShortcut());
+    else
+        QVERIFY(hotkey->setRegistered(false));
+    QVERIFY(!hotkey);
+}
+
+// What a slot has registered again keeps its shortcut: a change under a registration would tear them apart.
+void tst_qhotkey_desktop::slotRegistersAgain()
+{
+    QHotkey hotkey(kFirst, true);
+    bool again = true;
+    connect(&hotkey, &QHotkey::registeredChanged, this, [&](bool value) {
+        if (!value && again) {
+            again = false;
+            QVERIFY(hotkey.setRegistered(true));
+        }
+    });
+    QVERIFY(!hotkey.setShortcut(kSecond, true));
+    QVERIFY(hotkey.isRegistered());
+    QCOMPARE(hotkey.shortcut(), kFirst);
+    QVERIFY(hotkey.setShortcut(kSecond, true));
+    QCOMPARE(hotkey.shortcut(), kSecond);
+}
+
+void tst_qhotkey_desktop::processEnds_data()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<bool>("warns");
+    QTest::newRow("hotkey left registered") << kLeaveRegistered << true;
+    QTest::newRow("hotkey outlives the registry") << kOutliveRegistry << true;
+    QTest::newRow("hotkey outlives the application") << kOutliveApplication << false;
+}
+
+void tst_qhotkey_desktop::processEnds()
+{
+    QFETCH(QString, mode);
+    QFETCH(bool, warns);
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {mode});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 0);
+    const QByteArray output = process.readAllStandardError();
+    QCOMPARE(output.contains("QHotkeyPrivate destroyed with registered shortcuts!"), warns);
+    QCOMPARE(output.count("QHotkey"), warns ? 2 : 0); // the category and the text, nothing else
+}
+
+// The child processes of processEnds(): 0 when the hotkey was registered.
+static int leaveRegistered(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    immortal = new QHotkey(kFirst, true);
+    return immortal->isRegistered() ? 0 : 1;
+}
+
+static int outliveRegistry(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    longLived = std::make_unique<QHotkey>(kFirst, true);
+    return longLived->isRegistered() ? 0 : 1;
+}
+
+static int outliveApplication(int argc, char **argv)
+{
+    auto application = std::make_unique<QApplication>(argc, argv);
+    QHotkey hotkey(kFirst, true);
+    const bool registered = hotkey.isRegistered();
+    application.reset();
+    return registered && hotkey.setRegistered(false) && !hotkey.isRegistered() ? 0 : 1;
+}
+
+int main(int argc, char **argv)
+{
+    const QByteArray mode(argc > 1 ? argv[1] : "");
+    if (mode == kLeaveRegistered)
+        return leaveRegistered(argc, argv);
+    if (mode == kOutliveRegistry)
+        return outliveRegistry(argc, argv);
+    if (mode == kOutliveApplication)
+        return outliveApplication(argc, argv);
+    QApplication application(argc, argv);
+    tst_qhotkey_desktop test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_qhotkey_desktop.moc"

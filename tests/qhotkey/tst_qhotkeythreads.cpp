@@ -1,0 +1,376 @@
+#include "fakeregistry.h"
+#include "logcapture.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEventLoop>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QThread>
+#include <QtCore/QTimer>
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <future>
+#include <memory>
+#include <vector>
+
+using NativeShortcut = QHotkey::NativeShortcut;
+
+namespace {
+
+constexpr int kThreads = 6;
+constexpr int kRounds = 150;
+constexpr std::chrono::seconds kDeadlock(60);
+const NativeShortcut kShortcut(65, 2);
+
+// Runs a function in a thread of its own; the test fails where it would wait for ever.
+class Worker
+{
+public:
+    explicit Worker(const std::function<void()> &function)
+        : m_result(std::async(std::launch::async, function))
+    {
+    }
+    bool isFinished() const { return endsWithin(std::chrono::seconds(0)); }
+    /// Waits without processing an event.
+    bool join() const { return endsWithin(kDeadlock); }
+
+private:
+    bool endsWithin(std::chrono::seconds time) const
+    {
+        return m_result.wait_for(time) == std::future_status::ready;
+    }
+
+    std::future<void> m_result;
+};
+
+void letEveryLoopEnd()
+{
+    QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
+    QCoreApplication::exec();
+}
+
+} // namespace
+
+// Several threads and one registry, which lives in the test's own.
+class tst_qhotkeythreads : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyOperationIsAnswered();
+    void signalsComeFromTheThreadThatTellsThem();
+    void pressArrivesInTheHotkeysThread();
+    void pressOfADeadHotkeyGoesNowhere();
+    void manyThreadsAtOnce();
+
+    // From here on the application's loop has ended at least once.
+    void callersInsideAreAnsweredWhenTheLoopEnds();
+    void callsFailWhenNobodyAnswers();
+    void callsAreAnsweredWhileEventsAreProcessed();
+    void callsAreAnsweredByTheNextLoop();
+    void callsFailWhenTheRegistrysThreadHasEnded();
+};
+
+void tst_qhotkeythreads::everyOperationIsAnswered()
+{
+    FakeRegistry registry;
+    registry.knowsKeys = false;
+    const LogCapture log;
+    NativeShortcut unknown(1, 1);
+    NativeShortcut known;
+    bool added = false;
+    bool addedAgain = true;
+    bool removed = false;
+    bool removedAgain = true;
+    Worker worker([&] {
+        QHotkey hotkey(kShortcut);
+        unknown = registry.nativeShortcut(Qt::Key_A, Qt::NoModifier);
+        QMetaObject::invokeMethod(
+            &registry, [&] { registry.knowsKeys = true; }, Qt::BlockingQueuedConnection);
+        known = registry.nativeShortcut(Qt::Key_A, Qt::ControlModifier);
+        added = registry.addShortcut(&hotkey);
+        addedAgain = registry.addShortcut(&hotkey);
+        removed = registry.removeShortcut(&hotkey);
+        removedAgain = registry.removeShortcut(&hotkey);
+    });
+    QTRY_VERIFY(worker.isFinished());
+    QVERIFY(!unknown.isValid());
+    QVERIFY(known == NativeShortcut(quint32(Qt::Key_A) + 1, quint32(Qt::ControlModifier) + 2));
+    QVERIFY(added);
+    QVERIFY(!addedAgain);
+    QVERIFY(removed);
+    QVERIFY(!removedAgain);
+    QCOMPARE(log.count(), 1); // of the unknown key
+}
+
+void tst_qhotkeythreads::signalsComeFromTheThreadThatTellsThem()
+{
+    FakeRegistry registry;
+    QVector<bool> values;
+    QVector<QThread *> threads;
+    QThread *caller = nullptr;
+    Worker worker([&] {
+        caller = QThread::currentThread();
+        QHotkey hotkey(kShortcut);
+        QObject::connect(
+            &hotkey, &QHotkey::registeredChanged, &hotkey,
+            [&](bool value) {
+                values << value;
+                threads << QThread::currentThread();
+            },
+            Qt::DirectConnection);
+        registry.addShortcut(&hotkey);
+        registry.removeShortcut(&hotkey);
+    });
+    QTRY_VERIFY(worker.isFinished());
+    QCOMPARE(values, QVector<bool>({true, true, false}));
+    QCOMPARE(threads, QVector<QThread *>({caller, thread(), caller}));
+}
+
+void tst_qhotkeythreads::pressArrivesInTheHotkeysThread()
+{
+    FakeRegistry registry;
+    std::atomic<bool> ready{false};
+    bool arrivedThere = false;
+    Worker worker([&] {
+        QHotkey hotkey(kShortcut);
+        QEventLoop loop;
+        QObject::connect(
+            &hotkey, &QHotkey::activated, &hotkey,
+            [&] {
+                arrivedThere =
+                    QThread::currentThread() == hotkey.thread() && hotkey.thread() != registry.thread();
+                loop.quit();
+            },
+            Qt::DirectConnection);
+        registry.addShortcut(&hotkey);
+        ready = true;
+        loop.exec();
+        registry.removeShortcut(&hotkey);
+    });
+    QTRY_VERIFY(ready);
+    registry.press(kShortcut);
+    QTRY_VERIFY(worker.isFinished());
+    QVERIFY(arrivedThere);
+}
+
+void tst_qhotkeythreads::pressOfADeadHotkeyGoesNowhere()
+{
+    FakeRegistry registry;
+    std::atomic<bool> ready{false};
+    std::atomic<bool> pressed{false};
+    int activations = 0;
+    Worker worker([&] {
+        QEventLoop loop;
+        auto hotkey = std::make_unique<QHotkey>(kShortcut);
+        QObject::connect(hotkey.get(), &QHotkey::activated, hotkey.get(), [&] { ++activations; });
+        registry.addShortcut(hotkey.get());
+        ready = true;
+        while (!pressed)
+            QThread::yieldCurrentThread();
+        registry.removeShortcut(hotkey.get());
+        hotkey.reset(); // with the presses still in this thread's queue
+        loop.processEvents();
+    });
+    QTRY_VERIFY(ready);
+    for (int press = 0; press < 100; ++press)
+        registry.press(kShortcut);
+    pressed = true;
+    QTRY_VERIFY(worker.isFinished());
+    QCOMPARE(activations, 0);
+}
+
+void tst_qhotkeythreads::manyThreadsAtOnce()
+{
+    FakeRegistry registry;
+    std::atomic<int> failures{0};
+    std::atomic<int> activations{0};
+    const auto live = [&](quint32 key) {
+        QEventLoop loop;
+        for (int round = 0; round < kRounds; ++round) {
+            QHotkey shared(kShortcut);
+            QHotkey own(NativeShortcut(key, 0));
+            QObject::connect(&shared, &QHotkey::activated, &shared, [&] { ++activations; });
+            const bool mapped = registry.nativeShortcut(Qt::Key_A, Qt::NoModifier).isValid();
+            const bool added = registry.addShortcut(&shared) && registry.addShortcut(&own);
+            loop.processEvents();
+            const bool removed = registry.removeShortcut(&own) && registry.removeShortcut(&shared);
+            if (!mapped || !added || !removed || shared.isRegistered() || own.isRegistered())
+                ++failures;
+        }
+    };
+    std::vector<std::unique_ptr<Worker>> workers;
+    workers.reserve(kThreads);
+    for (quint32 index = 0; index < kThreads; ++index)
+        workers.push_back(std::make_unique<Worker>([&live, index] { live(1000 + index); }));
+    const auto finished = [&] {
+        return std::all_of(workers.cbegin(), workers.cend(),
+                           [](const auto &worker) { return worker->isFinished(); });
+    };
+    while (!finished()) {
+        registry.press(kShortcut);
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(failures.load(), 0);
+    QVERIFY(activations > 0);
+    QCOMPARE(registry.calls.filter(QRegularExpression(QStringLiteral("^register"))).size(),
+             registry.calls.filter(QRegularExpression(QStringLiteral("^unregister"))).size());
+    QCOMPARE(registry.calls.filter(QRegularExpression(QStringLiteral("^register 100"))).size(),
+             kThreads * kRounds);
+}
+
+// The usual end of a program: the loop ends, and what comes after it waits for the threads.
+void tst_qhotkeythreads::callersInsideAreAnsweredWhenTheLoopEnds()
+{
+    FakeRegistry registry;
+    std::atomic<bool> stopped{false};
+    std::atomic<int> answered{0};
+    std::atomic<int> wrong{0};
+    std::vector<std::unique_ptr<QHotkey>> hotkeys;
+    std::vector<std::unique_ptr<Worker>> workers;
+    workers.reserve(kThreads);
+    for (quint32 index = 0; index < kThreads; ++index) {
+        hotkeys.push_back(std::make_unique<QHotkey>(NativeShortcut(index, 0)));
+        QHotkey *hotkey = hotkeys.back().get();
+        workers.push_back(std::make_unique<Worker>([&, hotkey] {
+            while (!stopped) {
+                const bool before = hotkey->isRegistered();
+                const bool done = before ? registry.removeShortcut(hotkey) : registry.addShortcut(hotkey);
+                answered += done ? 1 : 0;
+                wrong +=
+                    done == (hotkey->isRegistered() == before) ? 1 : 0; // a false answer has changed nothing
+            }
+        }));
+    }
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
+        if (answered > 100)
+            QCoreApplication::quit();
+    });
+    timer.start(0);
+    QCoreApplication::exec();
+
+    stopped = true;
+    for (const std::unique_ptr<Worker> &worker : workers)
+        QVERIFY(worker->join());
+    QCOMPARE(wrong.load(), 0);
+    for (const std::unique_ptr<QHotkey> &hotkey : hotkeys) {
+        const bool registered = hotkey->isRegistered();
+        QCOMPARE(registry.removeShortcut(hotkey.get()), registered); // flag and table agree
+    }
+}
+
+void tst_qhotkeythreads::callsFailWhenNobodyAnswers()
+{
+    FakeRegistry registry;
+    letEveryLoopEnd();
+    const LogCapture log;
+    bool added = true;
+    bool removed = true;
+    NativeShortcut native(1, 1);
+    int signalCount = 0;
+    Worker worker([&] {
+        QHotkey hotkey(kShortcut);
+        QObject::connect(&hotkey, &QHotkey::registeredChanged, &hotkey, [&] { ++signalCount; });
+        added = registry.addShortcut(&hotkey);
+        native = registry.nativeShortcut(Qt::Key_A, Qt::ControlModifier);
+        removed = registry.removeShortcut(&hotkey);
+    });
+    QVERIFY(worker.join());
+    QVERIFY(!added);
+    QVERIFY(!removed);
+    QVERIFY(!native.isValid());
+    QCOMPARE(signalCount, 0);
+    QCOMPARE(registry.calls, QStringList());
+
+    QCOMPARE(log.count(), 1);
+    const LogLine line = log.lines().constFirst();
+    QCOMPARE(line.type, QtInfoMsg);
+    QCOMPARE(line.category, QStringLiteral("default"));
+    QCOMPARE(line.text,
+             QStringLiteral("nativeShortcut--QMetaObject::invokeMethod --return false:--keycode: Qt::Key_A "
+                            "-modifiers: QFlags<Qt::KeyboardModifier>(ControlModifier) "
+                            "--contype: Qt::BlockingQueuedConnection"));
+    QVERIFY(line.function.contains(
+        QLatin1String("QHotkeyPrivate::nativeShortcut(Qt::Key, Qt::KeyboardModifiers)")));
+
+    // The registry's own thread needs no loop.
+    QHotkey hotkey(kShortcut);
+    QVERIFY(registry.addShortcut(&hotkey));
+    QVERIFY(registry.removeShortcut(&hotkey));
+}
+
+void tst_qhotkeythreads::callsAreAnsweredWhileEventsAreProcessed()
+{
+    FakeRegistry registry;
+    letEveryLoopEnd();
+    const auto use = [&] {
+        QHotkey hotkey(kShortcut);
+        return registry.addShortcut(&hotkey) &&
+               registry.nativeShortcut(Qt::Key_A, Qt::NoModifier).isValid() &&
+               registry.removeShortcut(&hotkey);
+    };
+    bool answered = true;
+    Worker unheard([&] { answered = use(); });
+    QVERIFY(unheard.join());
+    QVERIFY(!answered);
+
+    QCoreApplication::processEvents(); // the thread finds that somebody had knocked
+    std::atomic<int> successes{0};
+    std::vector<std::unique_ptr<Worker>> workers;
+    workers.reserve(kThreads);
+    for (int index = 0; index < kThreads; ++index)
+        workers.push_back(std::make_unique<Worker>([&] { successes += use(); }));
+    for (const std::unique_ptr<Worker> &worker : workers)
+        QTRY_VERIFY(worker->isFinished());
+    QCOMPARE(successes.load(), kThreads);
+}
+
+void tst_qhotkeythreads::callsAreAnsweredByTheNextLoop()
+{
+    FakeRegistry registry;
+    letEveryLoopEnd();
+    std::atomic<int> successes{0};
+    std::vector<std::unique_ptr<Worker>> workers;
+    workers.reserve(kThreads);
+    for (int index = 0; index < kThreads; ++index) {
+        workers.push_back(std::make_unique<Worker>([&] {
+            QHotkey hotkey(kShortcut);
+            successes += registry.addShortcut(&hotkey) && registry.removeShortcut(&hotkey);
+        }));
+    }
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
+        if (std::all_of(workers.cbegin(), workers.cend(),
+                        [](const auto &worker) { return worker->isFinished(); }))
+            QCoreApplication::quit();
+    });
+    timer.start(0);
+    QCoreApplication::exec();
+    QCOMPARE(successes.load(), kThreads);
+}
+
+void tst_qhotkeythreads::callsFailWhenTheRegistrysThreadHasEnded()
+{
+    QThread home;
+    QObject inside;
+    inside.moveToThread(&home);
+    std::promise<std::unique_ptr<FakeRegistry>> made;
+    connect(&home, &QThread::started, &inside, [&] { made.set_value(std::make_unique<FakeRegistry>()); });
+    home.start();
+    const std::unique_ptr<FakeRegistry> registry = made.get_future().get();
+    QHotkey hotkey(kShortcut);
+    QVERIFY(registry->addShortcut(&hotkey));
+    QVERIFY(registry->removeShortcut(&hotkey));
+
+    home.quit();
+    QVERIFY(home.wait());
+    QVERIFY(!registry->addShortcut(&hotkey));
+    QVERIFY(!hotkey.isRegistered());
+}
+
+QTEST_MAIN(tst_qhotkeythreads)
+#include "tst_qhotkeythreads.moc"
