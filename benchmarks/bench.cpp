@@ -33,30 +33,12 @@ double median(std::vector<double> values)
     return *middle;
 }
 
-// The processor time of this thread where the system tells it, so that a busy machine does not distort the
-// figures; otherwise the time of day.
-qint64 nanosecondsNow()
-{
-#if defined(Q_OS_LINUX)
-    timespec now = {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return qint64(now.tv_sec) * 1000000000 + now.tv_nsec;
-#else
-    static const QElapsedTimer timer = [] {
-        QElapsedTimer started;
-        started.start();
-        return started;
-    }();
-    return timer.nsecsElapsed();
-#endif
-}
-
 double nanosecondsPerCall(const Bench::Work &work, int calls)
 {
-    const qint64 start = nanosecondsNow();
+    const double start = Bench::processorNanoseconds();
     for (int call = 0; call < calls; ++call)
         work();
-    return double(nanosecondsNow() - start) / calls;
+    return (Bench::processorNanoseconds() - start) / calls;
 }
 
 // Doubles the number of calls until one sample lasts long enough; this warms up caches as well.
@@ -113,6 +95,22 @@ void Bench::compareValues(const char *what, const char *unit, const Measure &our
 void Bench::note(const QString &text)
 {
     print(QStringLiteral("    %1").arg(text));
+}
+
+double Bench::processorNanoseconds()
+{
+#if defined(Q_OS_LINUX)
+    timespec now = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return double(now.tv_sec) * 1e9 + double(now.tv_nsec);
+#else
+    static const QElapsedTimer timer = [] {
+        QElapsedTimer started;
+        started.start();
+        return started;
+    }();
+    return double(timer.nsecsElapsed());
+#endif
 }
 
 double Bench::heapBytes()

@@ -39,6 +39,10 @@ public:
     /// Memory that the process holds on its heap, in bytes, for compareValues(); 0 where it cannot be told.
     static double heapBytes();
 
+    /// The clock of compare(): the processor time of this thread where the system tells it, so that a busy
+    /// machine does not distort the figures, otherwise the time of day.
+    static double processorNanoseconds();
+
     /// Keeps the compiler from dropping a result that nobody reads.
     template<typename T>
     static void keep(const T &value)

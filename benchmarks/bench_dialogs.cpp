@@ -1,0 +1,180 @@
+#include "basemovedialogwithbackimage.h"
+#include "bench.h"
+#include "commonpopupdialog.h"
+#include "popuploadingdlgwithmask.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
+#include <QtGui/QMovie>
+#include <QtGui/QPainter>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+#include <memory>
+
+namespace {
+
+constexpr QSize kDialogSize(400, 240);
+constexpr int kAnimationMs = 3000;
+
+// Draws a ready pixmap: the least that a dialog with a background can do.
+class PixmapDialog : public QWidget
+{
+public:
+    explicit PixmapDialog(const QPixmap &pixmap)
+        : m_pixmap(pixmap)
+    {
+        setWindowFlags(Qt::FramelessWindowHint | Qt::Dialog);
+        setAttribute(Qt::WA_TranslucentBackground);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+        painter.drawPixmap(rect(), m_pixmap);
+    }
+
+private:
+    QPixmap m_pixmap;
+};
+
+void paint(QWidget &widget, QImage &canvas)
+{
+    widget.render(&canvas, QPoint(), QRegion(), QWidget::DrawChildren);
+}
+
+// Notes that a window has been painted.
+class PaintWatch : public QObject
+{
+public:
+    bool painted = false;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        painted = painted || event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
+// From the call to the picture on the screen, and away again.
+void showAndClose(QWidget &window)
+{
+    PaintWatch watch;
+    window.installEventFilter(&watch);
+    window.show();
+    while (!watch.painted)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    window.close();
+    QCoreApplication::processEvents();
+}
+
+void measureBackground(Bench &bench)
+{
+    const QString image = QStringLiteral(":/images/images/combox/popup_bg.png");
+    BaseMoveDialogWithBackImage ours(image, 8, false, true, nullptr);
+    ours.resize(kDialogSize);
+    QImage canvas(kDialogSize, QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
+    paint(ours, canvas);
+    PixmapDialog stock(QPixmap::fromImage(canvas));
+    stock.resize(kDialogSize);
+    bench.compare(
+        "BaseMoveDialogWithBackImage: repaint / a ready pixmap", [&] { paint(ours, canvas); },
+        [&] { paint(stock, canvas); });
+}
+
+// The same parts in a dialog of Qt's own.
+std::unique_ptr<QDialog> newStockDialog()
+{
+    auto dialog = std::make_unique<QDialog>(nullptr, Qt::FramelessWindowHint | Qt::Dialog);
+    dialog->setFixedSize(kDialogSize);
+    auto *body = new QWidget(dialog.get());
+    body->setFixedSize(kDialogSize);
+    auto *closeButton = new QPushButton(dialog.get());
+    closeButton->setFixedSize(18, 18);
+    auto *title = new QLabel(QStringLiteral("Title"), body);
+    title->setFixedSize(kDialogSize.width() - 18, 22);
+    auto *column = new QVBoxLayout(body);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setAlignment(Qt::AlignTop);
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(5, 5, 5, 5);
+    row->addSpacing(20);
+    row->addWidget(title);
+    row->addStretch();
+    row->addWidget(closeButton);
+    row->addSpacing(12);
+    column->addSpacing(5);
+    column->addLayout(row);
+    auto *line = new QWidget(body);
+    line->setFixedSize(kDialogSize.width(), 1);
+    column->addWidget(line);
+    return dialog;
+}
+
+std::unique_ptr<CommonPopupDialog> newPopupDialog()
+{
+    return std::make_unique<CommonPopupDialog>(nullptr, QStringLiteral("Title"), kDialogSize, true, true,
+                                               false, false, false);
+}
+
+void measurePopupDialog(Bench &bench)
+{
+    const std::unique_ptr<CommonPopupDialog> ours = newPopupDialog();
+    const std::unique_ptr<QDialog> stock = newStockDialog();
+    bench.compare(
+        "CommonPopupDialog: show and close / QDialog with its children", [&] { showAndClose(*ours); },
+        [&] { showAndClose(*stock); });
+    bench.compare(
+        "CommonPopupDialog: construction", [] { newPopupDialog(); }, [] { newStockDialog(); });
+}
+
+double millisecondsWhileShown(QWidget &window)
+{
+    window.show();
+    QCoreApplication::processEvents();
+    const double before = Bench::processorNanoseconds();
+    QEventLoop loop;
+    QTimer::singleShot(kAnimationMs, &loop, &QEventLoop::quit);
+    loop.exec();
+    const double spent = Bench::processorNanoseconds() - before;
+    window.hide();
+    return spent / 1e6;
+}
+
+void measureLoadingDialog(Bench &bench)
+{
+    const char what[] = "PopupLoadingDlgWithMask: three seconds shown / QLabel";
+    bench.compareValues(
+        what, "ms",
+        [] {
+            auto *dialog = new PopupLoadingDlgWithMask(QSize(400, 300), QSize(96, 120),
+                                                       QStringLiteral("Loading"), nullptr);
+            const double spent = millisecondsWhileShown(*dialog);
+            delete dialog;
+            return spent;
+        },
+        [] {
+            QMovie movie(QStringLiteral(":/surface/resources/surface/live/connecting.gif"));
+            movie.setScaledSize(QSize(50, 50));
+            QLabel label;
+            label.setFixedSize(50, 50);
+            label.setMovie(&movie);
+            movie.start();
+            return millisecondsWhileShown(label);
+        });
+}
+
+const BenchGroup group("dialogs", [](Bench &bench) {
+    measureBackground(bench);
+    measurePopupDialog(bench);
+    measureLoadingDialog(bench);
+});
+
+} // namespace
