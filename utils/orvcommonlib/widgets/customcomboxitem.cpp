@@ -202,6 +202,12 @@ void CustomComboxItem::resizeEvent(QResizeEvent *event)
     updateStyle();
 }
 
+void CustomComboxItem::hideEvent(QHideEvent *event)
+{
+    m_pressed = false; // the release of a press that the list did not outlive never comes
+    QWidget::hideEvent(event);
+}
+
 void CustomComboxItem::paintEvent(QPaintEvent *event)
 {
     paintStyleSheet(this);

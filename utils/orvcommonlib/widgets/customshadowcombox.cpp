@@ -245,29 +245,21 @@ void CustomShadowCombox::resizeEvent(QResizeEvent *event)
 bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
-    case QEvent::WindowDeactivate:
-        if (watched != m_popup)
-            break;
-        Q_FALLTHROUGH();
     case QEvent::MouseButtonPress:
-        if (isPopupOpen() && !m_closing && isOutside(QCursor::pos()))
-            closePopupAndReport();
-        break;
     case QEvent::MouseMove:
-        if (isPopupOpen()) {
-            const QPoint pos = QCursor::pos();
-            if (!m_popup->geometry().contains(pos))
-                Q_EMIT signalMouseMoveLeavePopup(pos);
-        }
-        break;
     case QEvent::KeyPress:
-        if (isPopupOpen())
-            closePopupAndReport();
+    case QEvent::WindowDeactivate:
+        if (isPopupOpen() && !m_closing && !isSecondDelivery(watched, event)) {
+            const QPointer<QObject> receiver(watched);
+            handleWhileOpen(watched, event->type());
+            // Nothing is ever consumed; but what a slot has destroyed cannot get its event any more.
+            return !receiver;
+        }
         break;
     default:
         break;
     }
-    return false;
+    return QWidget::eventFilter(watched, event);
 }
 
 void CustomShadowCombox::init()
@@ -333,6 +325,33 @@ bool CustomShadowCombox::isOutside(QPoint globalPos) const
     if (m_header && m_header->geometry().contains(pos))
         return false;
     return !rect().contains(pos) && !m_popup->geometry().contains(globalPos);
+}
+
+// The popup's own events come twice: through the filter on the application, then through that on the popup.
+bool CustomShadowCombox::isSecondDelivery(const QObject *watched, const QEvent *event)
+{
+    if (watched != m_popup)
+        return false;
+    const bool second = event == m_handledPopupEvent;
+    m_handledPopupEvent = second ? nullptr : event;
+    return second;
+}
+
+void CustomShadowCombox::handleWhileOpen(const QObject *watched, QEvent::Type type)
+{
+    if (type == QEvent::KeyPress) {
+        closePopupAndReport();
+        return;
+    }
+    if (type == QEvent::WindowDeactivate && watched != m_popup)
+        return;
+    const QPoint pos = QCursor::pos();
+    if (type == QEvent::MouseMove) {
+        if (!m_popup->geometry().contains(pos))
+            Q_EMIT signalMouseMoveLeavePopup(pos);
+    } else if (isOutside(pos)) {
+        closePopupAndReport();
+    }
 }
 
 // Hiding an active window deactivates it on the way, while it still counts as visible: that belongs to this

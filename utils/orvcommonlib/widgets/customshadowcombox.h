@@ -2,7 +2,9 @@
 
 #include "orvcommonlib_global.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QPoint>
+#include <QtCore/QPointer>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 #include <QtCore/QVector>
@@ -115,12 +117,15 @@ private:
 
     bool isPopupOpen() const;
     bool isOutside(QPoint globalPos) const;
+    bool isSecondDelivery(const QObject *watched, const QEvent *event);
+    void handleWhileOpen(const QObject *watched, QEvent::Type type);
     void closePopup();
     void closePopupAndReport();
 
-    CustomComboxHeader *m_header = nullptr;
-    ShadowPopupWidget *m_popup = nullptr;
+    QPointer<CustomComboxHeader> m_header;
+    QPointer<ShadowPopupWidget> m_popup;
     bool m_smallStyle = false;
     qint32 m_rowHeight = 0;
     bool m_closing = false;
+    const QEvent *m_handledPopupEvent = nullptr;
 };

@@ -47,6 +47,18 @@ QString scrollBarStyle()
         "0px;}");
 }
 
+// The scroll area shows and hides what contains the bar; a bar that was hidden by itself stays so until it is
+// shown by itself.
+void hideUntilNeeded(QScrollBar *bar)
+{
+    bar->setStyleSheet(scrollBarStyle());
+    bar->hide();
+    QObject::connect(bar, &QScrollBar::rangeChanged, bar, [bar](int minimum, int maximum) {
+        if (minimum < maximum)
+            bar->show();
+    });
+}
+
 } // namespace
 
 ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int left, int top, int right, int bottom,
@@ -166,38 +178,35 @@ void ShadowPopupWidget::hideEvent(QHideEvent *event)
 
 void ShadowPopupWidget::initUI()
 {
-    buildList(scrollAreaStyle(), contentStyle(), QMargins(m_left, m_top, m_right, m_bottom), kContentMargin);
+    buildList(QMargins(m_left, m_top, m_right, m_bottom), kContentMargin);
+    m_scrollArea->setStyleSheet(scrollAreaStyle());
+    m_content->setStyleSheet(contentStyle());
 }
 
 void ShadowPopupWidget::initSmallUI()
 {
-    const QString scrollAreaName = QStringLiteral("ScrollArea");
-    const QString contentName = QStringLiteral("ScrollContentWidget");
     const int m = m_smallMargin;
-    buildList(smallScrollAreaStyle().arg(scrollAreaName).arg(m), smallContentStyle().arg(contentName).arg(m),
-              QMargins(m, m, m, m), m);
-    m_scrollArea->setObjectName(scrollAreaName);
-    m_content->setObjectName(contentName);
+    buildList(QMargins(m, m, m, m), m);
+    m_scrollArea->setObjectName(QStringLiteral("ScrollArea"));
+    m_scrollArea->setStyleSheet(smallScrollAreaStyle().arg(m_scrollArea->objectName()).arg(m));
+    m_content->setObjectName(QStringLiteral("ScrollContentWidget"));
+    m_content->setStyleSheet(smallContentStyle().arg(m_content->objectName()).arg(m));
 }
 
-void ShadowPopupWidget::buildList(const QString &scrollAreaStyle, const QString &contentStyle,
-                                  const QMargins &outerMargins, int contentMargin)
+void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargin)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(outerMargins);
     layout->setSpacing(0);
 
     m_scrollArea = new QScrollArea(this);
-    m_scrollArea->setStyleSheet(scrollAreaStyle);
     m_scrollArea->setWidgetResizable(true);
     m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // Hidden until there is something to scroll. An explicit hide() on the bar would keep it hidden for good.
     m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_scrollArea->verticalScrollBar()->setStyleSheet(scrollBarStyle());
+    hideUntilNeeded(m_scrollArea->verticalScrollBar());
     m_scrollArea->installEventFilter(this);
 
     m_content = new QWidget;
-    m_content->setStyleSheet(contentStyle);
     m_contentLayout = new QVBoxLayout(m_content);
     m_contentLayout->setContentsMargins(contentMargin, contentMargin, contentMargin, contentMargin);
     m_contentLayout->setSpacing(0);

@@ -56,8 +56,7 @@ private:
 
     void initUI();
     void initSmallUI();
-    void buildList(const QString &scrollAreaStyle, const QString &contentStyle, const QMargins &outerMargins,
-                   int contentMargin);
+    void buildList(const QMargins &outerMargins, int contentMargin);
     bool hasRow(int index) const { return index >= 0 && index < count(); }
 
     int m_left;
