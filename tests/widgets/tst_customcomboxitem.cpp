@@ -12,9 +12,10 @@
 
 #include <functional>
 
-namespace {
-
 using Make = std::function<CustomComboxItem *()>;
+Q_DECLARE_METATYPE(Make)
+
+namespace {
 
 QString rowSheet(bool hovered, int radius)
 {
@@ -530,8 +531,6 @@ void tst_CustomComboxItem::destroyedByItsOwnClick()
     QTest::mouseRelease(row, Qt::LeftButton);
     QVERIFY(!row);
 }
-
-Q_DECLARE_METATYPE(Make)
 
 QTEST_MAIN(tst_CustomComboxItem)
 

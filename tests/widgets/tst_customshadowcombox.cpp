@@ -17,6 +17,9 @@
 #include <functional>
 #include <memory>
 
+using Add = std::function<void(CustomShadowCombox *)>;
+Q_DECLARE_METATYPE(Add)
+
 namespace {
 
 // The combo box with what it is made of.
@@ -318,33 +321,34 @@ void tst_CustomShadowCombox::watchesTheApplication()
 
 void tst_CustomShadowCombox::addsRows_data()
 {
-    QTest::addColumn<std::function<void(Combo *)>>("add");
+    QTest::addColumn<Add>("add");
     QTest::addColumn<int>("height");
     QTest::addColumn<int>("fontSize");
     QTest::addColumn<int>("iconSize");
     QTest::addColumn<int>("radius");
     QTest::addColumn<QSize>("badge");
-    using Add = std::function<void(Combo *)>;
     const QString text = QStringLiteral("Text");
     const QSize none;
-    QTest::newRow("text") << Add([=](Combo *combo) { combo->addItem(text); }) << 48 << 16 << 20 << 8 << none;
-    QTest::newRow("not gray") << Add([=](Combo *combo) { combo->addItem(text, false, true); }) << 48 << 16
-                              << 20 << 8 << none;
-    QTest::newRow("gray") << Add([=](Combo *combo) { combo->addItem(text, true, false); }) << 48 << 16 << 20
-                          << 8 << QSize(56, 18);
-    QTest::newRow("gray, Chinese") << Add([=](Combo *combo) { combo->addItem(text, true, true); }) << 48 << 16
-                                   << 20 << 8 << QSize(67, 18);
-    QTest::newRow("text size") << Add([=](Combo *combo) { combo->addItem(text, 13); }) << 48 << 13 << 20 << 8
-                               << none;
-    QTest::newRow("measures") << Add([=](Combo *combo) { combo->addItem(text, 36, 13, 15); }) << 36 << 13
-                              << 15 << 3 << none;
-    QTest::newRow("small") << Add([=](Combo *combo) { combo->addSmallStyleItem(text); }) << 28 << 12 << 12
-                           << 3 << none;
+    QTest::newRow("text") << Add([=](CustomShadowCombox *combo) { combo->addItem(text); }) << 48 << 16 << 20
+                          << 8 << none;
+    QTest::newRow("not gray") << Add([=](CustomShadowCombox *combo) { combo->addItem(text, false, true); })
+                              << 48 << 16 << 20 << 8 << none;
+    QTest::newRow("gray") << Add([=](CustomShadowCombox *combo) { combo->addItem(text, true, false); }) << 48
+                          << 16 << 20 << 8 << QSize(56, 18);
+    QTest::newRow("gray, Chinese") << Add([=](CustomShadowCombox *combo) {
+        combo->addItem(text, true, true);
+    }) << 48 << 16 << 20 << 8 << QSize(67, 18);
+    QTest::newRow("text size") << Add([=](CustomShadowCombox *combo) { combo->addItem(text, 13); }) << 48
+                               << 13 << 20 << 8 << none;
+    QTest::newRow("measures") << Add([=](CustomShadowCombox *combo) { combo->addItem(text, 36, 13, 15); })
+                              << 36 << 13 << 15 << 3 << none;
+    QTest::newRow("small") << Add([=](CustomShadowCombox *combo) { combo->addSmallStyleItem(text); }) << 28
+                           << 12 << 12 << 3 << none;
 }
 
 void tst_CustomShadowCombox::addsRows()
 {
-    QFETCH(std::function<void(Combo *)>, add);
+    QFETCH(Add, add);
     QFETCH(int, height);
     QFETCH(int, fontSize);
     QFETCH(int, iconSize);
@@ -987,6 +991,7 @@ void tst_CustomShadowCombox::destroyedInItsSignals()
     m_combo->addItem(QStringLiteral("a"), false, false);
     m_combo->addItem(QStringLiteral("b"), true, false);
     open();
+    const QPointer<QWidget> popup(m_combo->popup());
     const auto destroy = [this] {
         delete m_combo.data();
     };
@@ -1009,6 +1014,9 @@ void tst_CustomShadowCombox::destroyedInItsSignals()
         m_combo->hidePopup();
     }
     QTRY_VERIFY(!m_combo);
+    // The list has gone at the latest when the event has been delivered.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!popup);
 }
 
 void tst_CustomShadowCombox::clearedInItsSignals_data()
@@ -1113,8 +1121,6 @@ void tst_CustomShadowCombox::manyRows()
     m_combo->clear();
     QCOMPARE(m_combo->count(), 0);
 }
-
-Q_DECLARE_METATYPE(std::function<void(Combo *)>)
 
 QTEST_MAIN(tst_CustomShadowCombox)
 

@@ -56,10 +56,13 @@ CustomShadowCombox::CustomShadowCombox(bool isSmallStyle, int itemHeight, QWidge
 
 CustomShadowCombox::~CustomShadowCombox()
 {
-    if (m_popup) {
-        closePopup();
-        m_popup->deleteLater();
-    }
+    if (!m_popup)
+        return;
+    closePopup();
+    // While Qt delivers an event, which may be the list's own, it goes on to use the list.
+    if (m_eventDepth > 0)
+        m_popup->setParent(nullptr, m_popup->windowFlags());
+    m_popup->deleteLater();
 }
 
 void CustomShadowCombox::addItem(QString text)
@@ -251,7 +254,11 @@ bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
     case QEvent::WindowDeactivate:
         if (isPopupOpen() && !m_closing && !isSecondDelivery(watched, event)) {
             const QPointer<QObject> receiver(watched);
+            const QPointer<CustomShadowCombox> guard(this);
+            ++m_eventDepth;
             handleWhileOpen(watched, event->type());
+            if (guard)
+                --m_eventDepth;
             // Nothing is ever consumed; but what a slot has destroyed cannot get its event any more.
             return !receiver;
         }

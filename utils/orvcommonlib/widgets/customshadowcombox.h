@@ -128,4 +128,5 @@ private:
     qint32 m_rowHeight = 0;
     bool m_closing = false;
     const QEvent *m_handledPopupEvent = nullptr;
+    int m_eventDepth = 0;
 };
