@@ -8,7 +8,7 @@
 namespace {
 
 // The name that QKeySequenceEdit gives the line edit inside it.
-constexpr QLatin1String kInnerLineEditName("qt_keysequenceedit_lineedit");
+const QLatin1String kInnerLineEditName("qt_keysequenceedit_lineedit");
 
 } // namespace
 
