@@ -37,6 +37,8 @@ CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth,
     setStyleSheet(QString::fromLatin1(kStyleSheet));
 }
 
+CustomBidirectionSlider::~CustomBidirectionSlider() = default;
+
 void CustomBidirectionSlider::enableWheel(bool enable)
 {
     m_wheelEnabled = enable;

@@ -21,6 +21,7 @@ public:
     /// \param handleWidth how wide the handle is taken to be: the line ends half of it before the handle's
     /// centre \param lineColor   the colour of the line
     CustomBidirectionSlider(int lineWidth, int handleWidth, QColor lineColor, QWidget *parent);
+    ~CustomBidirectionSlider() override;
 
     /// Whether the wheel changes the value; false at first.
     void enableWheel(bool enable);

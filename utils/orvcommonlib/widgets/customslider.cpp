@@ -18,6 +18,8 @@ CustomSlider::CustomSlider(Qt::Orientation orientation, QWidget *parent)
 {
 }
 
+CustomSlider::~CustomSlider() = default;
+
 void CustomSlider::mousePressEvent(QMouseEvent *event)
 {
     QSlider::mousePressEvent(event);

@@ -15,6 +15,7 @@ class ORVCOMMONLIB_EXPORT CustomSlider : public QSlider
 public:
     explicit CustomSlider(QWidget *parent = nullptr);
     CustomSlider(Qt::Orientation orientation, QWidget *parent);
+    ~CustomSlider() override;
 
 Q_SIGNALS:
     /// A left click, whose release is less than 5 pixels away from its press, means this value: the share of

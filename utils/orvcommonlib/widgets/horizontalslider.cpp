@@ -33,6 +33,8 @@ HorizontalSlider::HorizontalSlider(QWidget *parent, bool bidirectional, bool zer
     Logic(this).setUp(QSize(kWidth, fixedHeight(zeroFlag, zeroSpacing, zeroSize.height())));
 }
 
+HorizontalSlider::~HorizontalSlider() = default;
+
 void HorizontalSlider::setRange(int min, int max)
 {
     Logic(this).setRange(min, max);

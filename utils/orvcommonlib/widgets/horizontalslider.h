@@ -36,6 +36,7 @@ public:
     /// \param zeroSize      the size of the centre mark
     explicit HorizontalSlider(QWidget *parent = nullptr, bool bidirectional = false, bool zeroFlag = false,
                               int zeroSpacing = 3, QSize zeroSize = QSize(4, 4));
+    ~HorizontalSlider() override;
 
     /// 0 to 100 at first. The value is left alone, even outside the range. With `max` equal to `min` the
     /// handle rests at the left end; with `max` below `min` the slider paints backwards and the pointer

@@ -18,6 +18,8 @@ NewHorizontalSlider::NewHorizontalSlider(QSize size, QSize handleSize, bool bidi
     Logic(this).setUp(size);
 }
 
+NewHorizontalSlider::~NewHorizontalSlider() = default;
+
 void NewHorizontalSlider::setRange(int min, int max)
 {
     Logic(this).setRange(min, max);

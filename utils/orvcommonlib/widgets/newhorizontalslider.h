@@ -35,6 +35,7 @@ public:
     /// \param handleSize    the size of the handle
     /// \param bidirectional whether the colour starts at the centre of the range
     NewHorizontalSlider(QSize size, QSize handleSize, bool bidirectional, QWidget *parent);
+    ~NewHorizontalSlider() override;
 
     /// 0 to 100 at first. The value is left alone, even outside the range. With `max` equal to `min` the
     /// handle rests at the left end; with `max` below `min` the slider paints backwards and the pointer
