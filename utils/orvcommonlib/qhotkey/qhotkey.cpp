@@ -13,6 +13,11 @@ Q_LOGGING_CATEGORY(logQHotkey, "QHotkey")
 // QHotkey::NativeShortcut
 
 QHotkey::NativeShortcut::NativeShortcut() = default;
+QHotkey::NativeShortcut::NativeShortcut(const NativeShortcut &other) = default;
+QHotkey::NativeShortcut::NativeShortcut(NativeShortcut &&other) noexcept = default;
+QHotkey::NativeShortcut &QHotkey::NativeShortcut::operator=(const NativeShortcut &other) = default;
+QHotkey::NativeShortcut &QHotkey::NativeShortcut::operator=(NativeShortcut &&other) noexcept = default;
+QHotkey::NativeShortcut::~NativeShortcut() = default;
 
 QHotkey::NativeShortcut::NativeShortcut(quint32 nativeKey, quint32 nativeModifier)
     : key(nativeKey)

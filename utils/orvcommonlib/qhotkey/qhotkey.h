@@ -45,6 +45,12 @@ public:
         NativeShortcut();
         /// A valid shortcut.
         NativeShortcut(quint32 nativeKey, quint32 nativeModifier);
+        // Declared, so that the library exports them: mingw-w64 exports nothing that a compiler adds by itself.
+        NativeShortcut(const NativeShortcut &other);
+        NativeShortcut(NativeShortcut &&other) noexcept;
+        NativeShortcut &operator=(const NativeShortcut &other);
+        NativeShortcut &operator=(NativeShortcut &&other) noexcept;
+        ~NativeShortcut();
 
         /// Whether a key and a modifier were given.
         bool isValid() const;
