@@ -3,6 +3,8 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
+#include <QtGui/QMovie>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
 #include <memory>
@@ -20,9 +22,20 @@ struct Arguments
     int seconds = 3;
 };
 
+/// The dialog leaves its animation to the client when it goes.
+void freeAnimationWith(PopupLoadingDlgWithMask *dialog)
+{
+    const auto labels = dialog->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        if (label->movie() != nullptr)
+            QObject::connect(dialog, &QObject::destroyed, label->movie(), &QObject::deleteLater);
+    }
+}
+
 PopupLoadingDlgWithMask *open(const Arguments &arguments, QWidget *mainWindow)
 {
     auto *dialog = new PopupLoadingDlgWithMask(mainWindow->size(), arguments.box, arguments.text, mainWindow);
+    freeAnimationWith(dialog);
     dialog->move(mainWindow->mapToGlobal(QPoint()));
     dialog->show();
     return dialog;
