@@ -3,6 +3,7 @@
 #include "logcapture.h"
 #include "popupdlgwithmask.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 #include <QtCore/QTimer>
 #include <QtWidgets/QLabel>
