@@ -7,6 +7,7 @@
 #include <QtCore/QRect>
 #include <QtGui/QImage>
 #include <QtTest/QTest>
+#include <QtWidgets/QWidget>
 
 namespace {
 
@@ -74,6 +75,7 @@ class tst_GalleryX11 : public QObject
 
 private Q_SLOTS:
     void maskedMessageRunsForReal();
+    void hotkeyCountsWhileAnotherWindowHasTheFocus();
     void theWindowIsDraggedAndClosed();
 };
 
@@ -119,6 +121,27 @@ void tst_GalleryX11::maskedMessageRunsForReal()
                             "info AAAAA--PopupDlgWithMask--confirm btn clicked--end\n"
                             "signal PopupDlgWithMask::closeMsgBox()\n"
                             "result exec() returned 0"));
+}
+
+void tst_GalleryX11::hotkeyCountsWhileAnotherWindowHasTheFocus()
+{
+    const QString registerButton = QStringLiteral("orvcommonlib gallery/register-first");
+    const QString activated = QStringLiteral("signal QHotkey::activated()");
+    Gallery gallery(QStringLiteral("qhotkey"));
+    QTRY_VERIFY_WITH_TIMEOUT(!gallery.place(registerButton).isNull(), kStartTimeoutMs);
+    QTest::qWait(kSettleMs);
+    XPointer::click(gallery.place(registerButton).center());
+    QTRY_VERIFY_WITH_TIMEOUT(
+        gallery.lines().contains(QStringLiteral("signal QHotkey::registeredChanged(true)")), kTimeoutMs);
+
+    QWidget another;
+    another.resize(200, 100);
+    QVERIFY(XPointer::showAndWait(&another));
+    QVERIFY(QTest::qWaitForWindowActive(&another));
+    XPointer::key(QStringLiteral("ctrl+shift+F9"));
+    QTRY_COMPARE_WITH_TIMEOUT(gallery.lines().count(activated), 1, kTimeoutMs);
+    XPointer::key(QStringLiteral("ctrl+shift+F9"));
+    QTRY_COMPARE_WITH_TIMEOUT(gallery.lines().count(activated), 2, kTimeoutMs);
 }
 
 void tst_GalleryX11::theWindowIsDraggedAndClosed()
