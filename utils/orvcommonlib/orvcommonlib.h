@@ -110,8 +110,9 @@ ORVCOMMONLIB_EXPORT QString generateMd5(QString text);
 /// Never blocks.
 ORVCOMMONLIB_EXPORT QString FileMD5(QString path, QString extraText);
 
-/// The bytes in all files under this folder, hidden ones excepted; 0 for a missing folder. A link back to a
-/// folder that contains it adds nothing.
+/// The bytes in all files under this folder, hidden ones excepted; 0 for a missing folder. Links count as
+/// what they lead to, each of them, but for a link to a folder that is just being counted, which adds
+/// nothing.
 ORVCOMMONLIB_EXPORT quint64 getDirSize(const QString &path);
 
 /// Opens the system's file manager with this file selected or, where there is no such program, the folder
