@@ -277,7 +277,7 @@ void tst_qhotkey::onlyTheFirstCombinationCounts()
     QCOMPARE(lines.at(0).category, QStringLiteral("QHotkey"));
     QCOMPARE(lines.at(0).text, QStringLiteral("Keysequences with multiple shortcuts are not allowed! "
                                               "Only the first shortcut will be used!"));
-    QVERIFY(lines.at(0).function.contains(QLatin1String("QHotkey::setShortcut(const QKeySequence&, bool)")));
+    QVERIFY(lines.at(0).function.contains(QLatin1String("QHotkey::setShortcut(")));
     QVERIFY(lines.at(0).file.endsWith(QLatin1String("qhotkey/qhotkey.cpp")));
     QVERIFY(lines.at(2).text.contains(QLatin1String("Key_SysReq")));
 }
@@ -312,16 +312,14 @@ void tst_qhotkey::unmappableKeyClearsAndWarns()
     QCOMPARE(lines.at(0).text,
              QStringLiteral("QHotkeyPrivate::nativeShortcutInvoked -- nativeKeycode return: false "
                             "--nativeModifiers return: true"));
-    QVERIFY(lines.at(0).function.contains(
-        QLatin1String("QHotkeyPrivate::nativeShortcutInvoked(Qt::Key, Qt::KeyboardModifiers)")));
+    QVERIFY(lines.at(0).function.contains(QLatin1String("QHotkeyPrivate::nativeShortcutInvoked(")));
     QCOMPARE(lines.at(1).type, QtWarningMsg);
     QCOMPARE(lines.at(1).category, QStringLiteral("QHotkey"));
     QCOMPARE(lines.at(1).text,
              QStringLiteral("Unable to map shortcut to native keys. Key: Qt::Key_SysReq Modifiers: "
                             "QFlags<Qt::KeyboardModifier>(%1)")
                  .arg(printed));
-    QVERIFY(lines.at(1).function.contains(
-        QLatin1String("QHotkey::setShortcut(Qt::Key, Qt::KeyboardModifiers, bool)")));
+    QVERIFY(lines.at(1).function.contains(QLatin1String("QHotkey::setShortcut(")));
 }
 
 void tst_qhotkey::nativeShortcutHidesQtsForm()
@@ -415,7 +413,7 @@ void tst_qhotkey::nothingRegistersWithoutASystem()
     QVERIFY2(line.text.startsWith(QLatin1String("Failed to register hotkey. Error: ")),
              qPrintable(line.text));
     QVERIFY2(line.text.contains(QLatin1String("no global hotkeys")), qPrintable(line.text));
-    QVERIFY(line.function.contains(QLatin1String("::registerShortcut(QHotkey::NativeShortcut)")));
+    QVERIFY(line.function.contains(QLatin1String("::registerShortcut(")));
 }
 
 void tst_qhotkey::mappingFailsWithoutASystem()

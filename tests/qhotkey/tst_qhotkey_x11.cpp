@@ -283,8 +283,7 @@ void tst_qhotkey_x11::heldByAnotherClientIsRefused()
     QCOMPARE(line.text,
              QStringLiteral("Failed to register hotkey. Error: another program has grabbed this key "
                             "combination"));
-    QVERIFY(line.function.contains(
-        QLatin1String("QHotkeyPrivateX11::registerShortcut(QHotkey::NativeShortcut)")));
+    QVERIFY(line.function.contains(QLatin1String("QHotkeyPrivateX11::registerShortcut(")));
 
     // Nothing is half-grabbed: all that the holder does not hold is free.
     holder.ungrab(key, locks == XCB_MOD_MASK_ANY ? locks : XCB_MOD_MASK_CONTROL | locks);

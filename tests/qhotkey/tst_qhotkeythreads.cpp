@@ -294,8 +294,7 @@ void tst_qhotkeythreads::callsFailWhenNobodyAnswers()
              QStringLiteral("nativeShortcut--QMetaObject::invokeMethod --return false:--keycode: Qt::Key_A "
                             "-modifiers: QFlags<Qt::KeyboardModifier>(ControlModifier) "
                             "--contype: Qt::BlockingQueuedConnection"));
-    QVERIFY(line.function.contains(
-        QLatin1String("QHotkeyPrivate::nativeShortcut(Qt::Key, Qt::KeyboardModifiers)")));
+    QVERIFY(line.function.contains(QLatin1String("QHotkeyPrivate::nativeShortcut(")));
 
     // The registry's own thread needs no loop.
     QHotkey hotkey(kShortcut);
