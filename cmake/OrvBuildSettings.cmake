@@ -42,6 +42,8 @@ function(orv_target_defaults target)
     else()
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
             -Wcast-align -Wshadow
+            # qCWarning(category) leaves out a variadic argument, which C++20 allows and every compiler takes.
+            $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>
             -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
             $<$<BOOL:${ORV_WARNINGS_AS_ERRORS}>:-Werror>)
     endif()

@@ -127,8 +127,8 @@ bool QHotkey::setShortcut(const QKeySequence &shortcut, bool autoRegister)
     if (shortcut.isEmpty())
         return resetShortcut();
     if (shortcut.count() > 1) {
-        qCWarning(logQHotkey, "Keysequences with multiple shortcuts are not allowed! "
-                              "Only the first shortcut will be used!");
+        qCWarning(logQHotkey) << "Keysequences with multiple shortcuts are not allowed! "
+                                 "Only the first shortcut will be used!";
     }
 
     const uint combination = static_cast<uint>(shortcut[0]);
@@ -225,7 +225,7 @@ QHotkeyPrivate::~QHotkeyPrivate()
 {
     HotkeyCallGate::of(this)->shut();
     if (!m_shortcuts.isEmpty())
-        qCWarning(logQHotkey, "QHotkeyPrivate destroyed with registered shortcuts!");
+        qCWarning(logQHotkey) << "QHotkeyPrivate destroyed with registered shortcuts!";
     if (QCoreApplication::instance() && QCoreApplication::eventDispatcher())
         QCoreApplication::eventDispatcher()->removeNativeEventFilter(this);
 }
