@@ -73,6 +73,7 @@ struct Measures
     int centerY;
 
     QPoint at(int value) const { return {half + value, centerY}; }
+    double step(int range) const { return double(travel) / range; }
 };
 
 inline QString text(const char *latin1)
@@ -88,7 +89,7 @@ void prepare(Slider *slider, const Measures &measures)
 }
 
 template<typename Slider>
-void checkSetValue(Slider *slider)
+void checkSetValue(Slider *slider, const Measures &)
 {
     Recorder<Slider> recorder(slider);
     slider->setValue(0);
@@ -108,7 +109,7 @@ void checkSetValue(Slider *slider)
 
 /// A paint that is due when the signal comes happens when events are processed in the slot.
 template<typename Slider>
-void checkUpdateComesBeforeTheSignal(Slider *slider)
+void checkUpdateComesBeforeTheSignal(Slider *slider, const Measures &)
 {
     slider->show();
     QVERIFY(QTest::qWaitForWindowExposed(slider));
@@ -274,26 +275,33 @@ void checkTwoQuickClicks(Slider *slider, const Measures &measures)
 /// Every pixel is clicked, above the slider so that the handle is never in the way; the value is the one that
 /// the loop finds.
 template<typename Slider>
-void checkEveryPixel(Slider *slider, const Measures &measures, int minimum, int maximum, double step)
+void checkEveryPixel(Slider *slider, const Measures &measures)
 {
     using namespace SliderTesting;
-    slider->setRange(minimum, maximum);
-    for (int x = -3; x < slider->width() + 3; ++x) {
-        const double position = qBound(measures.half, x, measures.half + measures.travel);
-        int expected = slider->value();
-        searchValue(position, minimum, maximum, measures.half, step, &expected);
-        painted(slider);
-        click(slider, QPoint(x, -5));
-        if (slider->value() != expected)
-            QFAIL(qPrintable(
-                QStringLiteral("%1 instead of %2 at %3").arg(slider->value()).arg(expected).arg(x)));
+    const QPair<int, int> ranges[] = {{0, 100}, {-70, -31}, {0, 1}, {-1, 2}, {-500, 4321}, {10, 0}};
+    for (const QPair<int, int> &range : ranges) {
+        const int minimum = range.first;
+        const int maximum = range.second;
+        slider->setRange(minimum, maximum);
+        for (int x = -3; x < slider->width() + 3; ++x) {
+            const double position = qBound(measures.half, x, measures.half + measures.travel);
+            int expected = slider->value();
+            searchValue(position, minimum, maximum, measures.half, measures.step(maximum - minimum),
+                        &expected);
+            painted(slider);
+            click(slider, QPoint(x, -5));
+            if (slider->value() != expected)
+                QFAIL(qPrintable(
+                    QStringLiteral("%1 instead of %2 at %3").arg(slider->value()).arg(expected).arg(x)));
+        }
     }
 }
 
 /// A value that stands at a fraction of a pixel stays at that fraction while it is dragged.
 template<typename Slider>
-void checkDragFromFractions(Slider *slider, const Measures &measures, double step)
+void checkDragFromFractions(Slider *slider, const Measures &measures)
 {
+    const double step = measures.step(97);
     using namespace SliderTesting;
     slider->setRange(0, 97);
     for (int start = 0; start <= 97; start += 7) {
@@ -415,6 +423,53 @@ void checkAbsurdRanges(Slider *slider, const Measures &measures)
     QCOMPARE(painted(slider), atMinimum);
     click(slider, measures.at(60));
     QCOMPARE(slider->value(), 10);
+}
+
+template<typename Slider>
+struct Check
+{
+    const char *name;
+    void (*run)(Slider *, const Measures &);
+};
+
+/// The checks that any prepared slider must pass, one each.
+template<typename Slider>
+const QVector<Check<Slider>> &all()
+{
+    static const QVector<Check<Slider>> checks{
+        {"set value", checkSetValue<Slider>},
+        {"update comes before the signal", checkUpdateComesBeforeTheSignal<Slider>},
+        {"drag", checkDrag<Slider>},
+        {"drag rests beyond the edges", checkDragRestsBeyondTheEdges<Slider>},
+        {"press on the handle alone", checkPressOnHandleAlone<Slider>},
+        {"groove click", checkGrooveClick<Slider>},
+        {"travel of clicks", checkTravelOfClicks<Slider>},
+        {"halfway goes up", checkHalfwayGoesUp<Slider>},
+        {"other buttons", checkOtherButtons<Slider>},
+        {"two quick clicks", checkTwoQuickClicks<Slider>},
+        {"every pixel", checkEveryPixel<Slider>},
+        {"drag from fractions", checkDragFromFractions<Slider>},
+        {"handle stays in hand", checkHandleStaysInHand<Slider>},
+        {"absurd ranges", checkAbsurdRanges<Slider>},
+    };
+    return checks;
+}
+
+template<typename Slider>
+void addRows()
+{
+    QTest::addColumn<int>("check");
+    for (int check = 0; check < all<Slider>().size(); ++check)
+        QTest::newRow(all<Slider>().at(check).name) << check;
+}
+
+/// Runs the check of the current row on a slider of its own.
+template<typename Slider>
+void runRow(Slider *slider, const Measures &measures)
+{
+    QFETCH(int, check);
+    prepare(slider, measures);
+    all<Slider>().at(check).run(slider, measures);
 }
 
 } // namespace HorizontalSliderChecks

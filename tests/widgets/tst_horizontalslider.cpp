@@ -56,24 +56,11 @@ private Q_SLOTS:
     void missingOrBrokenPiecesPaintNothing();
     void absurdMeasures();
 
-    void setValue();
-    void updateComesBeforeTheSignal();
-    void drag();
-    void dragRestsBeyondTheEdges();
-    void pressOnHandleAlone();
-    void grooveClick();
-    void travelOfClicks();
-    void halfwayGoesUp();
-    void otherButtons();
-    void twoQuickClicks();
-    void everyPixel_data();
-    void everyPixel();
-    void dragFromFractions();
-    void handleStaysInHand();
+    void behaves_data();
+    void behaves();
     void beforeTheFirstPaint();
     void protectedSteps();
     void destroyedInSlots();
-    void absurdRanges();
 };
 
 void tst_horizontalslider::startsAsDocumented()
@@ -341,104 +328,15 @@ void tst_horizontalslider::absurdMeasures()
     QCOMPARE(log.texts(), QStringList());
 }
 
-void tst_horizontalslider::setValue()
+void tst_horizontalslider::behaves_data()
 {
-    HorizontalSlider slider;
-    Checks::checkSetValue(&slider);
+    Checks::addRows<Probe>();
 }
 
-void tst_horizontalslider::updateComesBeforeTheSignal()
+void tst_horizontalslider::behaves()
 {
     Probe slider;
-    Checks::checkUpdateComesBeforeTheSignal(&slider);
-}
-
-void tst_horizontalslider::drag()
-{
-    HorizontalSlider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkDrag(&slider, kMeasures);
-}
-
-void tst_horizontalslider::dragRestsBeyondTheEdges()
-{
-    HorizontalSlider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkDragRestsBeyondTheEdges(&slider, kMeasures);
-}
-
-void tst_horizontalslider::pressOnHandleAlone()
-{
-    HorizontalSlider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkPressOnHandleAlone(&slider, kMeasures);
-}
-
-void tst_horizontalslider::grooveClick()
-{
-    HorizontalSlider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkGrooveClick(&slider, kMeasures);
-}
-
-void tst_horizontalslider::travelOfClicks()
-{
-    HorizontalSlider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkTravelOfClicks(&slider, kMeasures);
-}
-
-void tst_horizontalslider::halfwayGoesUp()
-{
-    HorizontalSlider slider;
-    Checks::checkHalfwayGoesUp(&slider, kMeasures);
-}
-
-void tst_horizontalslider::otherButtons()
-{
-    HorizontalSlider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkOtherButtons(&slider, kMeasures);
-}
-
-void tst_horizontalslider::twoQuickClicks()
-{
-    HorizontalSlider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkTwoQuickClicks(&slider, kMeasures);
-}
-
-void tst_horizontalslider::everyPixel_data()
-{
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::newRow("hundred") << 0 << 100;
-    QTest::newRow("negative") << -70 << -31;
-    QTest::newRow("one") << 0 << 1;
-    QTest::newRow("three") << -1 << 2;
-    QTest::newRow("several values a pixel") << -500 << 4321;
-    QTest::newRow("reversed") << 10 << 0;
-}
-
-void tst_horizontalslider::everyPixel()
-{
-    QFETCH(int, minimum);
-    QFETCH(int, maximum);
-    HorizontalSlider slider;
-    Checks::checkEveryPixel(&slider, kMeasures, minimum, maximum, (206.0 - 14) / (maximum - minimum));
-}
-
-void tst_horizontalslider::dragFromFractions()
-{
-    HorizontalSlider slider;
-    Checks::checkDragFromFractions(&slider, kMeasures, (206.0 - 14) / 97);
-}
-
-void tst_horizontalslider::handleStaysInHand()
-{
-    HorizontalSlider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkHandleStaysInHand(&slider, kMeasures);
+    Checks::runRow(&slider, kMeasures);
 }
 
 void tst_horizontalslider::beforeTheFirstPaint()
@@ -467,12 +365,6 @@ void tst_horizontalslider::protectedSteps()
 void tst_horizontalslider::destroyedInSlots()
 {
     Checks::checkDestroyedInSlots<HorizontalSlider>([] { return new HorizontalSlider; }, kMeasures);
-}
-
-void tst_horizontalslider::absurdRanges()
-{
-    HorizontalSlider slider;
-    Checks::checkAbsurdRanges(&slider, kMeasures);
 }
 
 QTEST_MAIN(tst_horizontalslider)

@@ -67,23 +67,10 @@ private Q_SLOTS:
     void disabledInTheMiddleOfADrag();
     void setSliderEnabledPaints();
 
-    void setValue();
-    void updateComesBeforeTheSignal();
-    void drag();
-    void dragRestsBeyondTheEdges();
-    void pressOnHandleAlone();
-    void grooveClick();
-    void travelOfClicks();
-    void halfwayGoesUp();
-    void otherButtons();
-    void twoQuickClicks();
-    void everyPixel_data();
-    void everyPixel();
-    void dragFromFractions();
-    void handleStaysInHand();
+    void behaves_data();
+    void behaves();
     void beforeTheFirstPaint();
     void destroyedInSlots();
-    void absurdRanges();
 };
 
 void tst_newhorizontalslider::startsAsDocumented()
@@ -387,104 +374,15 @@ void tst_newhorizontalslider::setSliderEnabledPaints()
     QTRY_VERIFY(slider.paints > before);
 }
 
-void tst_newhorizontalslider::setValue()
+void tst_newhorizontalslider::behaves_data()
 {
-    Slider slider;
-    Checks::checkSetValue(&slider);
+    Checks::addRows<Slider>();
 }
 
-void tst_newhorizontalslider::updateComesBeforeTheSignal()
+void tst_newhorizontalslider::behaves()
 {
     Slider slider;
-    Checks::checkUpdateComesBeforeTheSignal(&slider);
-}
-
-void tst_newhorizontalslider::drag()
-{
-    Slider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkDrag(&slider, kMeasures);
-}
-
-void tst_newhorizontalslider::dragRestsBeyondTheEdges()
-{
-    Slider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkDragRestsBeyondTheEdges(&slider, kMeasures);
-}
-
-void tst_newhorizontalslider::pressOnHandleAlone()
-{
-    Slider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkPressOnHandleAlone(&slider, kMeasures);
-}
-
-void tst_newhorizontalslider::grooveClick()
-{
-    Slider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkGrooveClick(&slider, kMeasures);
-}
-
-void tst_newhorizontalslider::travelOfClicks()
-{
-    Slider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkTravelOfClicks(&slider, kMeasures);
-}
-
-void tst_newhorizontalslider::halfwayGoesUp()
-{
-    Slider slider;
-    Checks::checkHalfwayGoesUp(&slider, kMeasures);
-}
-
-void tst_newhorizontalslider::otherButtons()
-{
-    Slider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkOtherButtons(&slider, kMeasures);
-}
-
-void tst_newhorizontalslider::twoQuickClicks()
-{
-    Slider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkTwoQuickClicks(&slider, kMeasures);
-}
-
-void tst_newhorizontalslider::everyPixel_data()
-{
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::newRow("hundred") << 0 << 100;
-    QTest::newRow("negative") << -70 << -31;
-    QTest::newRow("one") << 0 << 1;
-    QTest::newRow("three") << -1 << 2;
-    QTest::newRow("several values a pixel") << -500 << 4321;
-    QTest::newRow("reversed") << 10 << 0;
-}
-
-void tst_newhorizontalslider::everyPixel()
-{
-    QFETCH(int, minimum);
-    QFETCH(int, maximum);
-    Slider slider;
-    Checks::checkEveryPixel(&slider, kMeasures, minimum, maximum, 132.0 / (maximum - minimum));
-}
-
-void tst_newhorizontalslider::dragFromFractions()
-{
-    Slider slider;
-    Checks::checkDragFromFractions(&slider, kMeasures, 132.0 / 97);
-}
-
-void tst_newhorizontalslider::handleStaysInHand()
-{
-    Slider slider;
-    Checks::prepare(&slider, kMeasures);
-    Checks::checkHandleStaysInHand(&slider, kMeasures);
+    Checks::runRow(&slider, kMeasures);
 }
 
 void tst_newhorizontalslider::beforeTheFirstPaint()
@@ -496,12 +394,6 @@ void tst_newhorizontalslider::beforeTheFirstPaint()
 void tst_newhorizontalslider::destroyedInSlots()
 {
     Checks::checkDestroyedInSlots<NewHorizontalSlider>([] { return new Slider; }, kMeasures);
-}
-
-void tst_newhorizontalslider::absurdRanges()
-{
-    Slider slider;
-    Checks::checkAbsurdRanges(&slider, kMeasures);
 }
 
 QTEST_MAIN(tst_newhorizontalslider)
