@@ -220,7 +220,7 @@ QComboBox *PageBuilder::choice(const PageText &label, const QStringList &texts, 
 
 void PageBuilder::control(const PageText &label, QWidget *widget)
 {
-    addControl(label, widget);
+    addLabelled(label, widget, false);
 }
 
 QPushButton *PageBuilder::button(const PageText &text, std::function<void()> clicked)
@@ -280,6 +280,12 @@ QWidget *PageBuilder::captioned(QWidget *widget, const PageText &caption)
 
 void PageBuilder::addControl(const PageText &label, QWidget *control, bool wide)
 {
+    setGalleryRole(control, "control");
+    addLabelled(label, control, wide);
+}
+
+void PageBuilder::addLabelled(const PageText &label, QWidget *control, bool wide)
+{
     QGridLayout *layout = grid();
     if (wide && m_controlCount % kControlsPerRow != 0)
         ++m_controlCount;
@@ -287,7 +293,6 @@ void PageBuilder::addControl(const PageText &label, QWidget *control, bool wide)
     const int column = m_controlCount % kControlsPerRow * kCellsPerControl;
     const int span = wide ? kControlsPerRow : 1;
     m_controlCount += span;
-    setGalleryRole(control, "control");
     control->setMinimumHeight(kControlHeight);
     layout->addWidget(newLabel(label.string(), "label", m_card->parentWidget()), row, column);
     layout->addWidget(control, row, column + 1, 1, (span - 1) * kCellsPerControl + 1);

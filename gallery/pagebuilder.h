@@ -149,7 +149,9 @@ private:
     QVBoxLayout *card();
     QGridLayout *grid();
     QWidget *captioned(QWidget *widget, const PageText &caption);
+    /// Adds one of the gallery's own controls.
     void addControl(const PageText &label, QWidget *control, bool wide = false);
+    void addLabelled(const PageText &label, QWidget *control, bool wide);
     QPushButton *addButton(const PageText &text, std::function<void()> clicked, const char *role);
 
     QWidget *m_content;

@@ -53,14 +53,21 @@ QMap<QString, QStringList> namesByType(const QString &sheet)
     return names;
 }
 
-QWidget *newArea(QWidget *area)
+/// A widget that would like to be an area of some size; rules that make lines of it have their way all the
+/// same.
+template<typename Widget>
+class Area : public Widget
 {
-    area->setWindowFlags(Qt::Widget);
-    area->setAttribute(Qt::WA_StyledBackground);
-    area->setMinimumSize(kAreaSize);
-    area->setMaximumHeight(kAreaSize.height());
-    return area;
-}
+public:
+    explicit Area(QWidget *parent)
+        : Widget(parent)
+    {
+        this->setWindowFlags(Qt::Widget);
+        this->setAttribute(Qt::WA_StyledBackground);
+    }
+
+    QSize sizeHint() const override { return kAreaSize; }
+};
 
 template<typename Button>
 QWidget *newButton(const QString &name, QWidget *parent)
@@ -97,6 +104,8 @@ QWidget *newWidget(const QString &type, const QString &name, QWidget *parent)
         edit->setMinimumWidth(kFieldWidth);
         return edit;
     }
+    if (type == QLatin1String("QLabel") && name.contains(QLatin1String("Split")))
+        return new Area<QLabel>(parent);
     if (type == QLatin1String("QLabel"))
         return new QLabel(QStringLiteral("A label"), parent);
     if (type == QLatin1String("QLineEdit"))
@@ -111,10 +120,20 @@ QWidget *newWidget(const QString &type, const QString &name, QWidget *parent)
     if (type == QLatin1String("QToolButton"))
         return newButton<QToolButton>(name, parent);
     if (type == QLatin1String("QDialog"))
-        return newArea(new QDialog(parent));
+        return new Area<QDialog>(parent);
     if (type == QLatin1String("QMainWindow"))
-        return newArea(new QMainWindow(parent));
-    return newArea(new QWidget(parent));
+        return new Area<QMainWindow>(parent);
+    return new Area<QWidget>(parent);
+}
+
+/// The ground on which the style is seen best: what is white needs a dark one, the palest lines a white one.
+const char *groundFor(const QString &name)
+{
+    if (name.endsWith(QLatin1String("Back2")) || name.contains(QLatin1String("WhiteColor")))
+        return "groundDark";
+    if (name.contains(QLatin1String("Split")) || name.endsWith(QLatin1String("_GrayBorder")))
+        return "groundWhite";
+    return "groundGrey";
 }
 
 /// A widget with its named style on a ground of its own, the name below.
@@ -124,9 +143,7 @@ QWidget *newTile(const QString &type, const QString &name, QVector<QWidget *> &w
     tile->setFixedWidth(kTileWidth);
     auto *ground = new QWidget(tile);
     ground->setMinimumHeight(kGroundHeight);
-    const bool white = name.contains(QLatin1String("White")) &&
-                       name.contains(QRegularExpression(QStringLiteral("Close|Minimize|Label")));
-    setGalleryRole(ground, white ? "groundDark" : "groundGrey");
+    setGalleryRole(ground, groundFor(name));
     ground->setAttribute(Qt::WA_StyledBackground);
     QWidget *widget = newWidget(type, name, ground);
     widget->setProperty(kProperty, name);
