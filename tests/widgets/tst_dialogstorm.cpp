@@ -39,10 +39,11 @@ public:
     using CommonPopupDialog::setExecResult;
 };
 
-/// Does random things to random dialogs, from the event loop, from slots of the dialogs and while they close.
+/// Does random things to random dialogs, from the event loop, from slots of the dialogs and while they
+/// close.
 ///
-/// Each step runs in whatever loop turns just then: that of the application, or that of the dialog which was
-/// executed last. The same seed gives the same storm.
+/// Each step runs in whatever loop turns just then: that of the application, or that of the dialog which
+/// was executed last. The same seed gives the same storm.
 class Storm : public QObject
 {
 public:

@@ -13,8 +13,8 @@ class QVBoxLayout;
 /// A frameless popup with a one-line title bar (title, close button, rule) above a body that the client
 /// fills.
 ///
-/// The class sets no colours, fonts or images: the application's style sheet finds the parts by their object
-/// names "CommonPopupDialog" (body), "PopupDialogCloseButton", "Font16LightLbl" (title) and
+/// The class sets no colours, fonts or images: the application's style sheet finds the parts by their
+/// object names "CommonPopupDialog" (body), "PopupDialogCloseButton", "Font16LightLbl" (title) and
 /// "TitleBottomHLine" (rule). It is shown with show(), or with exec(), which blocks in an event loop of its
 /// own while the rest of the application goes on. The dialog never deletes itself; its parent or the client
 /// owns it. GUI thread only. Sizes are in device-independent pixels.
@@ -44,18 +44,17 @@ public:
 
     /// Shows the dialog and returns at once.
     void show();
-    /// Whether the dialog blocks input to every other window of the application, for show() and exec() alike.
+    /// Whether the dialog blocks input to every other window of the application, for show() and exec()
+    /// alike.
     void setModal(bool modal);
-    /// Shows the dialog and blocks until it is hidden in any way, exitEventLoop() is called, the application
-    /// quits or the dialog is destroyed. Logs one line before and one after the loop.
-    /// @return the result as it stands then: Closed once the close button has been pressed, NoResult before.
-    /// The result
-    ///         is deliberately not reset: after one press of the close button every later run returns Closed,
-    ///         unless a subclass sets another value.
-    /// @note An exec() inside the exec() of the same dialog takes over the recorded loop: only the innermost
-    /// one can
-    ///       then be ended through the dialog. The outer one ends when the dialog is destroyed or the
-    ///       application quits.
+    /// Shows the dialog and blocks until it is hidden in any way, exitEventLoop() is called, the
+    /// application quits or the dialog is destroyed. Logs one line before and one after the loop.
+    /// @return the result as it stands then: Closed once the close button has been pressed, NoResult
+    ///        before. The result is deliberately not reset: after one press of the close button every later
+    ///        run returns Closed, unless a subclass sets another value.
+    /// @note An exec() inside the exec() of the same dialog takes over the recorded loop: only the
+    ///        innermost one can then be ended through the dialog. The outer one ends when the dialog is
+    ///        destroyed or the application quits.
     ExecResult exec();
     /// Sets the text of the title bar; the window title stays "CommonPopupDialog".
     void setTitle(QString title);

@@ -7,9 +7,10 @@ class QWidget;
 
 /// One blocking run of a dialog's private event loop; lives on the stack of the dialog's exec().
 ///
-/// It outlives the dialog where the dialog is destroyed inside its own run, so exec() asks it before touching
-/// a member. A dialog takes part by calling end(), noteVisibility() and dialogDestroyed(); a dialog without a
-/// run pays nothing. GUI thread only. Runs nest as their stack frames do, also several of one dialog.
+/// It outlives the dialog where the dialog is destroyed inside its own run, so exec() asks it before
+/// touching a member. A dialog takes part by calling end(), noteVisibility() and dialogDestroyed(); a
+/// dialog without a run pays nothing. GUI thread only. Runs nest as their stack frames do, also several of
+/// one dialog.
 class ModalRun
 {
 public:

@@ -13,12 +13,12 @@ class QVBoxLayout;
 /// Tells the user that a new version of the application exists: a title, a text, a line for a link, and two
 /// buttons.
 ///
-/// It decides nothing by itself: each button emits its signal and closes the dialog. It is application-modal
-/// and shown with show(), which does not block. The dialog deletes itself when it is closed: do not touch it
-/// afterwards. All three labels deliberately start with the translated text "Update Tips", until their
-/// setters are called. The images
-/// ":/resources/common_icons/close.png" and "close_hover.png" belong to the application, as the background
-/// image does. GUI thread only. Sizes are in device-independent pixels.
+/// It decides nothing by itself: each button emits its signal and closes the dialog. It is
+/// application-modal and shown with show(), which does not block. The dialog deletes itself when it is
+/// closed: do not touch it afterwards. All three labels deliberately start with the translated text "Update
+/// Tips", until their setters are called. The images ":/resources/common_icons/close.png" and
+/// "close_hover.png" belong to the application, as the background image does. GUI thread only. Sizes are in
+/// device-independent pixels.
 class ORVCOMMONLIB_EXPORT OrvUpdateTipDlg : public BaseMoveDialogWithBackImage
 {
     Q_OBJECT
@@ -27,10 +27,9 @@ class ORVCOMMONLIB_EXPORT OrvUpdateTipDlg : public BaseMoveDialogWithBackImage
 public:
     /// @param size the fixed size of the dialog; the contents are 400 pixels wide inside the border
     /// @param backgroundImage a file name or resource path of the nine-patch background; empty: a white
-    /// rounded rectangle
-    /// @param border1,border2,border3,border4 the left, top, right and bottom borders of the image, which the
-    /// contents
-    ///        keep free
+    ///        rounded rectangle
+    /// @param border1,border2,border3,border4 the left, top, right and bottom borders of the image, which
+    ///        the contents keep free
     /// @param parent the owner; may be null
     /// @param compactButtons buttons of 97 pixels under a text area of 66, in place of 116 and 52
     /// @param showCancelButton false hides the white cancel button

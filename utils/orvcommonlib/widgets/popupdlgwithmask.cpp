@@ -293,8 +293,8 @@ void PopupDlgWithMask::confirmButtonClicked()
     qInfo() << "AAAAA--PopupDlgWithMask--confirm btn clicked--end";
 }
 
-/// The result is stored last: handlers that run during the close still see the old one. The loop returns only
-/// after them, so exec() reads the new one.
+/// The result is stored last: handlers that run during the close still see the old one. The loop returns
+/// only after them, so exec() reads the new one.
 void PopupDlgWithMask::closeWithResult(ExecResult result)
 {
     const QPointer<PopupDlgWithMask> alive(this);

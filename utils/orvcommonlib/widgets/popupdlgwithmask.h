@@ -44,11 +44,10 @@ public:
     /// @param backgroundImage a file name or resource path; the image is stretched over the whole dialog
     /// @param size the fixed size of the dialog, including the transparent border of the image
     /// @param marginLeft,marginTop,marginRight,marginBottom the widths of that transparent border; the
-    /// contents keep
-    ///        16 pixels more
+    ///        contents keep 16 pixels more
     /// @param useMask darken the main window while the dialog is visible
     /// @param deleteOnClose the dialog deletes itself when it is closed; do not touch it after exec() has
-    /// returned
+    ///        returned
     /// @param dialogWindow kept for the base class; the window is a tool window either way
     /// @param modal block input to every other window of the application
     /// @param parent the owner, and the window to darken where no mask exists yet
@@ -70,24 +69,23 @@ public:
 
     /// Shows the dialog, and the mask if it uses one, and blocks until it is hidden in any way, the
     /// application quits or the dialog is destroyed.
-    /// @return Confirmed or Closed after a press of that button. The result is deliberately not reset: a run
-    /// that ends
-    ///         in another way returns what the run before returned, NoResult if there was none.
+    /// @return Confirmed or Closed after a press of that button. The result is deliberately not reset: a
+    ///        run that ends in another way returns what the run before returned, NoResult if there was
+    ///        none.
     /// @note An exec() inside a run of the same dialog takes over the recorded loop: only the innermost one
-    /// can then be
-    ///       ended through the dialog. The outer one ends when the dialog is destroyed or the application
-    ///       quits.
+    ///        can then be ended through the dialog. The outer one ends when the dialog is destroyed or the
+    ///        application quits.
     ExecResult exec();
     /// Like exec(), with the top-left corner at `pos` (global), to which the dialog moves once it is shown.
     /// `pos` is only read.
     /// @note Inside a run of the same dialog it returns at once. Each loop is deliberately left to the
-    /// process when the
-    ///       run has ended; one that was ended by other means than the dialog is used again.
+    ///        process when the run has ended; one that was ended by other means than the dialog is used
+    ///        again.
     ExecResult execWithPos(QPoint &pos);
     /// Shows the mask, if the dialog uses one, and the dialog. The argument is deliberately without effect.
     virtual void show(bool);
-    /// Ends a running exec() or execWithPos(), closes the dialog and stops turning pages. The result stays as
-    /// it is.
+    /// Ends a running exec() or execWithPos(), closes the dialog and stops turning pages. The result stays
+    /// as it is.
     void forceToExit();
 
     void setTitle(QString title);
@@ -96,8 +94,8 @@ public:
     void setConfirmBtnText(QString text);
 
 Q_SIGNALS:
-    /// The close button or the confirm button was pressed; emitted once per press, after the dialog has been
-    /// closed and the result stored, before exec() returns.
+    /// The close button or the confirm button was pressed; emitted once per press, after the dialog has
+    /// been closed and the result stored, before exec() returns.
     void closeMsgBox();
 
 protected:

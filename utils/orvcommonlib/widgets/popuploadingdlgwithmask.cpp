@@ -23,9 +23,9 @@ constexpr int kCaptionHeight = 20;
 
 /// Shows the animation without having the box and the tint behind it painted anew for every frame.
 ///
-/// It lies on the plain white of the box and can fill that in by itself. It does so only where the result is
-/// the same to the pixel: away from the round corners of the box, and where its edges are edges of device
-/// pixels.
+/// It lies on the plain white of the box and can fill that in by itself. It does so only where the result
+/// is the same to the pixel: away from the round corners of the box, and where its edges are edges of
+/// device pixels.
 class AnimationLabel : public QLabel
 {
 public:

@@ -13,10 +13,10 @@ class QLabel;
 /// A busy indicator over an area: a faint grey tint with a white rounded box in its middle, which shows a
 /// spinner and one line of text.
 ///
-/// It is its own mask and does not use OrvMaskCtrl. Show it over the area to cover and close it when the work
-/// is done, which deletes it. The animation ":/surface/resources/surface/live/connecting.gif" belongs to the
-/// application; where it is missing or broken, the box shows the text alone. GUI thread only. Sizes are in
-/// device-independent pixels.
+/// It is its own mask and does not use OrvMaskCtrl. Show it over the area to cover and close it when the
+/// work is done, which deletes it. The animation ":/surface/resources/surface/live/connecting.gif" belongs
+/// to the application; where it is missing or broken, the box shows the text alone. GUI thread only. Sizes
+/// are in device-independent pixels.
 class ORVCOMMONLIB_EXPORT PopupLoadingDlgWithMask : public BaseMoveDialog
 {
     Q_OBJECT

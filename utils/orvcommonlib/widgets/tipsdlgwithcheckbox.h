@@ -29,8 +29,7 @@ class ORVCOMMONLIB_EXPORT TipsDlgWithCheckbox : public BaseMoveDialogWithBackIma
 public:
     /// A tip of one wrapped paragraph.
     /// @param size the size of the visible part; the border of the background image adds 20 pixels to the
-    /// width and 23
-    ///        to the height. The width is fixed, the height is kept between 210 and 648.
+    ///        width and 23 to the height. The width is fixed, the height is kept between 210 and 648.
     TipsDlgWithCheckbox(QWidget *parent, QSize size, QString title, QString content, QString checkboxText,
                         QString buttonText);
     /// A tip of three paragraphs and a warning. Any other number of `lines` than four leaves the content
