@@ -31,7 +31,9 @@ HotkeyCallGate::HotkeyCallGate(QObject *registry)
 HotkeyCallGate *HotkeyCallGate::of(const QObject *registry)
 {
     // The gate is the registry's only child and lives as long: reading the list of children needs no lock.
-    return registry->findChild<HotkeyCallGate *>(QString(), Qt::FindDirectChildrenOnly);
+    QObject *const gate = registry->children().constFirst();
+    Q_ASSERT(qobject_cast<HotkeyCallGate *>(gate));
+    return static_cast<HotkeyCallGate *>(gate);
 }
 
 bool HotkeyCallGate::enter()

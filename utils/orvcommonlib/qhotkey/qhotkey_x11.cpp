@@ -5,6 +5,7 @@
 
 #include <QtCore/QGlobalStatic>
 #include <QtCore/QSet>
+#include <QtCore/QVarLengthArray>
 #include <QtGui/QGuiApplication>
 #include <QtX11Extras/QX11Info>
 
@@ -29,6 +30,13 @@ struct Chord
     }
 };
 
+// A registered shortcut and the key that it stands for at the moment.
+struct Grab
+{
+    QHotkey::NativeShortcut shortcut;
+    Chord chord;
+};
+
 uint qHash(const Chord &chord, uint seed = 0)
 {
     return ::qHash((uint(chord.modifiers) << 8) | chord.keycode, seed);
@@ -40,9 +48,12 @@ Chord chordOf(QHotkey::NativeShortcut shortcut, const X11KeyboardMap &map)
     return {map.keycode(shortcut.key), static_cast<quint16>(modifiers)};
 }
 
-QSet<Chord> distinctChords(const QHash<QHotkey::NativeShortcut, Chord> &grabs)
+QSet<Chord> distinctChords(const QVector<Grab> &grabs)
 {
-    return QSet<Chord>(grabs.cbegin(), grabs.cend());
+    QSet<Chord> chords;
+    for (const Grab &grab : grabs)
+        chords.insert(grab.chord);
+    return chords;
 }
 
 // What the server said to a checked request; 0 when it agreed.
@@ -60,13 +71,10 @@ void ungrab(Chord chord, const X11KeyboardMap &map)
     xcb_connection_t *connection = QX11Info::connection();
     if (!connection || chord.keycode == 0)
         return;
-    QVector<xcb_void_cookie_t> requests;
     for (const quint16 locks : map.lockCombinations())
-        requests.append(xcb_ungrab_key_checked(connection, chord.keycode, QX11Info::appRootWindow(),
-                                               chord.modifiers | locks));
-    // Another client may grab the key as soon as this returns: the server has answered by then.
-    for (const xcb_void_cookie_t request : qAsConst(requests))
-        errorCode(connection, request);
+        xcb_ungrab_key(connection, chord.keycode, QX11Info::appRootWindow(), chord.modifiers | locks);
+    // Any answer will do: another client can grab the key as soon as this returns.
+    std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
 
 // Grabs the chord with every combination of the locks, or nothing of it; what went wrong, or an empty text.
@@ -128,9 +136,10 @@ private:
     void noteKeyboardChange();
     void updateKeyboardMap();
     void moveGrabs(const X11KeyboardMap &map);
+    int indexOf(QHotkey::NativeShortcut shortcut) const;
     bool isGrabbed(Chord chord) const;
 
-    QHash<QHotkey::NativeShortcut, Chord> m_grabs;
+    QVector<Grab> m_grabs; // few, and read at every key press
     X11KeyboardMap m_map;
     bool m_mapIsCurrent = false;
     int m_keyboardExtensionEvent = -1;
@@ -190,17 +199,19 @@ bool QHotkeyPrivateX11::registerShortcut(QHotkey::NativeShortcut shortcut)
         qCWarning(logQHotkey) << "Failed to register hotkey. Error:" << error.constData();
         return false;
     }
-    m_grabs.insert(shortcut, chord);
+    if (indexOf(shortcut) < 0)
+        m_grabs.append({shortcut, chord});
     return true;
 }
 
 bool QHotkeyPrivateX11::unregisterShortcut(QHotkey::NativeShortcut shortcut)
 {
-    if (!m_grabs.contains(shortcut)) {
+    const int index = indexOf(shortcut);
+    if (index < 0) {
         qCWarning(logQHotkey) << "Failed to unregister hotkey. Error: it is not registered";
         return false;
     }
-    const Chord chord = m_grabs.take(shortcut);
+    const Chord chord = m_grabs.takeAt(index).chord;
     if (!isGrabbed(chord))
         ungrab(chord, m_map);
     return true;
@@ -209,7 +220,8 @@ bool QHotkeyPrivateX11::unregisterShortcut(QHotkey::NativeShortcut shortcut)
 bool QHotkeyPrivateX11::nativeEventFilter(const QByteArray &eventType, void *message, long *result)
 {
     Q_UNUSED(result)
-    if (eventType != "xcb_generic_event_t")
+    static const QByteArray xcbEvent = QByteArrayLiteral("xcb_generic_event_t");
+    if (eventType != xcbEvent)
         return false;
     const auto *event = static_cast<xcb_generic_event_t *>(message);
     if (event->response_type == XCB_KEY_PRESS) // with another bit set it was made up by another client
@@ -222,8 +234,12 @@ bool QHotkeyPrivateX11::nativeEventFilter(const QByteArray &eventType, void *mes
 void QHotkeyPrivateX11::pressKey(const xcb_key_press_event_t *event)
 {
     const quint32 modifiers = event->state & kModifierBits & ~quint32(m_map.locks());
-    const QList<QHotkey::NativeShortcut> pressed =
-        m_grabs.keys({event->detail, static_cast<quint16>(modifiers)});
+    const Chord chord{event->detail, static_cast<quint16>(modifiers)};
+    QVarLengthArray<QHotkey::NativeShortcut, 4> pressed;
+    for (const Grab &grab : qAsConst(m_grabs)) {
+        if (grab.chord == chord)
+            pressed.append(grab.shortcut);
+    }
     for (const QHotkey::NativeShortcut &shortcut : pressed)
         activateShortcut(shortcut);
 }
@@ -261,9 +277,9 @@ void QHotkeyPrivateX11::updateKeyboardMap()
 // What means the same key in both maps stays grabbed without a break.
 void QHotkeyPrivateX11::moveGrabs(const X11KeyboardMap &map)
 {
-    QHash<QHotkey::NativeShortcut, Chord> moved = m_grabs;
-    for (auto entry = moved.begin(); entry != moved.end(); ++entry)
-        entry.value() = chordOf(entry.key(), map);
+    QVector<Grab> moved = m_grabs;
+    for (Grab &grab : moved)
+        grab.chord = chordOf(grab.shortcut, map);
     const QSet<Chord> before = distinctChords(m_grabs);
     const QSet<Chord> after = distinctChords(moved);
     const QSet<Chord> kept = map.locks() == m_map.locks() ? before & after : QSet<Chord>();
@@ -278,13 +294,22 @@ void QHotkeyPrivateX11::moveGrabs(const X11KeyboardMap &map)
             continue;
         qCWarning(logQHotkey) << "Failed to register hotkey in the new keyboard layout. Error:"
                               << error.constData();
-        std::replace(moved.begin(), moved.end(), chord, Chord());
+        for (Grab &grab : moved)
+            grab.chord = grab.chord == chord ? Chord() : grab.chord;
     }
     m_map = map;
     m_grabs = moved;
 }
 
+int QHotkeyPrivateX11::indexOf(QHotkey::NativeShortcut shortcut) const
+{
+    const auto found = std::find_if(m_grabs.cbegin(), m_grabs.cend(),
+                                    [&](const Grab &grab) { return grab.shortcut == shortcut; });
+    return found == m_grabs.cend() ? -1 : static_cast<int>(found - m_grabs.cbegin());
+}
+
 bool QHotkeyPrivateX11::isGrabbed(Chord chord) const
 {
-    return chord.keycode != 0 && std::find(m_grabs.cbegin(), m_grabs.cend(), chord) != m_grabs.cend();
+    return chord.keycode != 0 && std::any_of(m_grabs.cbegin(), m_grabs.cend(),
+                                             [&](const Grab &grab) { return grab.chord == chord; });
 }
