@@ -201,6 +201,7 @@ private Q_SLOTS:
     void noSize();
     void absurdBorders_data();
     void absurdBorders();
+    void wideTargetsKeepTheirSize();
     void leavesItsSourceAlone();
     void logsNothing();
 
@@ -321,6 +322,11 @@ void tst_ninepatch::equalsTheRecipe()
             source.hasAlphaChannel() ? QStringLiteral("translucent, ") : QStringLiteral("opaque, ");
         compare(saved(source, "PNG"), recipe, description);
         compare(QPixmap::fromImage(source), recipe, description);
+        // A name that gives the picture a device pixel ratio of its own.
+        const QString large = m_folder.filePath(QStringLiteral("%1@2x.png").arg(++m_files));
+        QVERIFY(source.save(large, "PNG"));
+        QCOMPARE(QImage(large).devicePixelRatio(), 2.0);
+        compare(large, recipe, description + QStringLiteral("@2x, "));
     }
 }
 
@@ -533,6 +539,12 @@ void tst_ninepatch::absurdBorders()
     QCOMPARE(
         totalcommon::NinePatch(pixmap, recipe.left, recipe.top, recipe.right, recipe.bottom, 70, 60).size(),
         QSize(70, 60));
+}
+
+void tst_ninepatch::wideTargetsKeepTheirSize()
+{
+    QString path = saved(gradientImage(32, 32), "PNG");
+    QCOMPARE(totalcommon::NinePatch(path, 8, 8, 8, 8, 20000000, 1).size(), QSize(20000000, 1));
 }
 
 void tst_ninepatch::leavesItsSourceAlone()

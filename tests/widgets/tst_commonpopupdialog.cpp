@@ -226,6 +226,14 @@ void tst_CommonPopupDialog::changesModality()
         dialog->exitEventLoop();
     });
     dialog->exec();
+
+    dialog->hide();
+    dialog->show();
+    QCOMPARE(QApplication::activeModalWidget(), dialog.get());
+    dialog->hide();
+    dialog->setModal(false);
+    dialog->show();
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void tst_CommonPopupDialog::setsTheTitle()

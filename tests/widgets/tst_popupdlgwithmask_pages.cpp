@@ -132,6 +132,8 @@ void tst_PopupDlgWithMaskPages::copiesThePages()
     const PopupDlgWithMask dialog(QString(), kSize, 0, 0, 0, 0, QString(), images, titles, contents,
                                   QString(), QString(), false, false, false, false, nullptr);
     QCOMPARE(images, before);
+    QCOMPARE(titles, QVector<QString>({QStringLiteral("A"), QStringLiteral("B")}));
+    QCOMPARE(contents, QVector<QString>({QStringLiteral("1"), QStringLiteral("2")}));
     QCOMPARE(stackOf(&dialog)->count(), 2);
 }
 
@@ -199,14 +201,18 @@ void tst_PopupDlgWithMaskPages::timerFollowsVisibility()
 
     dialog->show(true);
     QVERIFY(timer->isActive());
-    const auto restarts = [&] {
-        const int before = timer->remainingTime();
-        dialog->show(true);
-        return timer->remainingTime() > before;
-    };
-    bool restarted = false;
-    QTRY_VERIFY(restarted = restarted || restarts());
-    QVERIFY(timer->isActive());
+    for (const bool hideFirst : {false, true}) {
+        const auto restarts = [&] {
+            const int before = timer->remainingTime();
+            if (hideFirst)
+                dialog->hide();
+            dialog->show(true);
+            return timer->remainingTime() > before;
+        };
+        bool restarted = false;
+        QTRY_VERIFY(restarted = restarted || restarts());
+        QVERIFY(timer->isActive());
+    }
 
     const QList<Action> waysToHide{[](PopupDlgWithMask *shown) { shown->hide(); },
                                    [](PopupDlgWithMask *shown) { shown->close(); },

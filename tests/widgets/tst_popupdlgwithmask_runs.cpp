@@ -11,6 +11,23 @@ using namespace MaskedDialogs;
 
 Q_DECLARE_METATYPE(Action)
 
+namespace {
+
+/// Notes what the blocking calls ask of the virtual show(), and whether the mask was there before.
+class ShowSpy : public PopupDlgWithMask
+{
+public:
+    using PopupDlgWithMask::PopupDlgWithMask;
+    void show(bool argument) override
+    {
+        notes << qMakePair(argument, OrvMaskCtrl::getInstance(nullptr)->getMaskWidget()->isVisible());
+        PopupDlgWithMask::show(argument);
+    }
+    QVector<QPair<bool, bool>> notes;
+};
+
+} // namespace
+
 /// The blocking calls of PopupDlgWithMask and the many ways in which they end.
 class tst_PopupDlgWithMaskRuns : public QObject
 {
@@ -18,6 +35,7 @@ class tst_PopupDlgWithMaskRuns : public QObject
 
 private Q_SLOTS:
     void initTestCase();
+    void maskThenTheVirtualShow();
     void buttonsEndExec_data();
     void buttonsEndExec();
     void ignoredCloseStillEndsExec();
@@ -45,9 +63,28 @@ private:
 
 void tst_PopupDlgWithMaskRuns::initTestCase()
 {
+    // A dialog that was never shown and goes with its window does not make the mask in that window's name.
+    auto *brief = new QWidget;
+    new PopupDlgWithMask(QString(), QSize(400, 200), 0, 0, 0, 0, QString(), QString(), QString(), QString(),
+                         true, false, true, false, brief);
+    delete brief;
+
     m_window.resize(800, 600);
     m_window.show();
     OrvMaskCtrl::getInstance(&m_window);
+    QCOMPARE(OrvMaskCtrl::getInstance(nullptr)->getMaskWidget()->parentWidget(), &m_window);
+}
+
+void tst_PopupDlgWithMaskRuns::maskThenTheVirtualShow()
+{
+    ShowSpy dialog(QString(), QSize(400, 200), 0, 0, 0, 0, QString(), QString(), QString(), QString(), true,
+                   false, true, false, &m_window);
+    InsideLoop::run([&] { dialog.hide(); });
+    dialog.exec();
+    QPoint pos(5, 5);
+    InsideLoop::run([&] { dialog.hide(); });
+    dialog.execWithPos(pos);
+    QCOMPARE(dialog.notes, (QVector<QPair<bool, bool>>{{true, true}, {true, true}}));
 }
 
 void tst_PopupDlgWithMaskRuns::buttonsEndExec_data()

@@ -10,7 +10,7 @@ namespace totalcommon {
 
 namespace {
 
-/// Borders and sizes are brought into this range, far beyond any picture, so that sums of them cannot
+/// Borders are brought into this range, far beyond any picture, so that sums of them cannot
 /// overflow.
 constexpr int kMeasureLimit = 1 << 24;
 
@@ -75,9 +75,9 @@ bool isDrawn(const Piece &piece)
 
 void drawPiece(QPainter &painter, const QImage &source, Piece piece)
 {
-    if (!piece.stretched && !piece.cut.isEmpty()) {
+    if (!piece.stretched && !piece.cut.isEmpty() && source.devicePixelRatio() == 1.0) {
         // A corner may be far larger than the source and the canvas; what cannot be seen is not worth its
-        // memory.
+        // memory. (A picture named name@2x is drawn smaller than its pixels: there they do not correspond.)
         const QRect whole(piece.place, piece.cut.size());
         const QRect seen = whole & painter.viewport();
         if (seen.isEmpty())
@@ -243,7 +243,7 @@ QImage withRowsRepeated(const QImage &low, QImage::Format format, const Border &
 
 QImage NinePatch(QString &fileName, int left, int top, int right, int bottom, int width, int height)
 {
-    const QSize size(sane(width), sane(height));
+    const QSize size(width, height);
     if (!isPictureSize(size))
         return QImage();
     const Border border{sane(left), sane(top), sane(right), sane(bottom)};
@@ -257,7 +257,7 @@ QImage NinePatch(QString &fileName, int left, int top, int right, int bottom, in
 
 QPixmap NinePatch(QPixmap &pixmap, int left, int top, int right, int bottom, int width, int height)
 {
-    const QSize size(sane(width), sane(height));
+    const QSize size(width, height);
     if (!isPictureSize(size))
         return QPixmap();
     const Border border{sane(left), sane(top), sane(right), sane(bottom)};

@@ -270,12 +270,17 @@ OrvMaskCtrl *PopupDlgWithMask::mask() const
 
 void PopupDlgWithMask::requestMask()
 {
+    m_maskRequested = true;
     if (OrvMaskCtrl *control = mask())
         control->showMasking(this);
 }
 
 void PopupDlgWithMask::releaseMask()
 {
+    // The controller is made for the window that first asks for it: not for one that may be going just now,
+    // in the name of a dialog that never asked.
+    if (!m_maskRequested)
+        return;
     if (OrvMaskCtrl *control = mask())
         control->hideMasking(this);
 }

@@ -147,4 +147,5 @@ private:
     QStackedWidget *m_pageStack = nullptr;
     QTimer *m_pageTimer = nullptr;
     int m_pageCount = 0;
+    bool m_maskRequested = false;
 };
