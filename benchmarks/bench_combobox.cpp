@@ -1,0 +1,229 @@
+#include "bench.h"
+#include "customshadowcombox.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QWindow>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLayout>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QStyledItemDelegate>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr int kRows = 1000;
+constexpr int kMoves = 2000;
+constexpr int kRounds = 9;
+constexpr QSize kSize(260, 48);
+
+// The look of our list, by style sheet.
+QString stockStyle()
+{
+    return QStringLiteral("QComboBox{background:#FFFFFF;border:none;color:#1F1F22;font-size:16px;}"
+                          "QListView{background:#FFFFFF;border:none;border-radius:4px;outline:none;"
+                          "color:#333333;font-size:16px;}"
+                          "QListView::item{height:48px;border-radius:8px;background-color:#FFFFFF;}"
+                          "QListView::item:hover{background-color:#F4F4F4;color:#333333;}"
+                          "QListView::item:selected{color:#4B66EB;background-color:#FFFFFF;}");
+}
+
+class OurCombo : public CustomShadowCombox
+{
+public:
+    OurCombo()
+        : CustomShadowCombox(nullptr)
+    {
+        resize(kSize);
+    }
+    void fill(int rows)
+    {
+        for (int row = 0; row < rows; ++row)
+            addItem(QStringLiteral("Camera %1").arg(row), 16);
+    }
+    void openList() { showPopup(); }
+    void closeList() { hidePopup(); }
+    QWidget *list() const { return findChild<QScrollArea *>()->window(); }
+};
+
+class StockCombo : public QComboBox
+{
+public:
+    StockCombo()
+    {
+        auto *view = new QListView(this);
+        setView(view);
+        setItemDelegate(new QStyledItemDelegate(this));
+        setStyleSheet(stockStyle());
+        setMaxVisibleItems(10);
+        resize(kSize);
+    }
+    void fill(int rows)
+    {
+        for (int row = 0; row < rows; ++row)
+            addItem(QStringLiteral("Camera %1").arg(row));
+    }
+    void openList() { showPopup(); }
+    void closeList() { hidePopup(); }
+    QWidget *list() const { return view()->window(); }
+};
+
+void settle()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+// Nanoseconds of one mouse move that a window hands to a widget, beside so many combo boxes.
+template<typename Combo>
+double mouseMove(int combos)
+{
+    std::vector<std::unique_ptr<Combo>> boxes;
+    for (int box = 0; box < combos; ++box) {
+        boxes.push_back(std::make_unique<Combo>());
+        boxes.back()->fill(3);
+    }
+    QWidget window;
+    window.setMouseTracking(true);
+    window.resize(200, 200);
+    window.show();
+    settle();
+    std::vector<double> rounds;
+    for (int round = 0; round < kRounds; ++round) {
+        const double start = Bench::processorNanoseconds();
+        for (int move = 0; move < kMoves; ++move) {
+            const QPointF pos(move % 150, 20);
+            QMouseEvent event(QEvent::MouseMove, pos, pos, pos, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(window.windowHandle(), &event);
+        }
+        rounds.push_back((Bench::processorNanoseconds() - start) / kMoves);
+    }
+    return median(rounds);
+}
+
+template<typename Combo>
+double fillTime()
+{
+    std::vector<double> rounds;
+    for (int round = 0; round < kRounds; ++round) {
+        Combo combo;
+        const double start = Bench::processorNanoseconds();
+        combo.fill(kRows);
+        rounds.push_back((Bench::processorNanoseconds() - start) / 1e6);
+    }
+    return median(rounds);
+}
+
+// Opening until the list is painted.
+template<typename Combo>
+double openTime(bool first, int rowCount)
+{
+    std::vector<double> rounds;
+    for (int round = 0; round < kRounds; ++round) {
+        Combo combo;
+        combo.fill(rowCount);
+        combo.show();
+        settle();
+        if (!first) {
+            combo.openList();
+            settle();
+            combo.closeList();
+            settle();
+        }
+        const double start = Bench::processorNanoseconds();
+        combo.openList();
+        settle();
+        rounds.push_back((Bench::processorNanoseconds() - start) / 1e6);
+        combo.closeList();
+        settle();
+    }
+    return median(rounds);
+}
+
+template<typename Combo>
+double heapOfRows()
+{
+    Combo combo;
+    const double before = Bench::heapBytes();
+    combo.fill(kRows);
+    return (Bench::heapBytes() - before) / 1024.0;
+}
+
+template<typename Combo>
+Bench::Work nextRow(Combo &combo, bool paint)
+{
+    return [&combo, paint, row = 0]() mutable {
+        row = (row + 1) % 5;
+        combo.setCurrentIndex(row);
+        if (paint)
+            settle();
+    };
+}
+
+void measureFilter(Bench &bench)
+{
+    for (const int combos : {0, 1, 50, 200}) {
+        bench.compareValues(
+            qPrintable(QStringLiteral("mouse move beside %1 combo boxes / QComboBox").arg(combos)), "ns",
+            [combos] { return mouseMove<OurCombo>(combos); },
+            [combos] { return mouseMove<StockCombo>(combos); });
+    }
+    bench.note(QStringLiteral("one move is two events: one for the window, one for the widget"));
+}
+
+void measureLists(Bench &bench)
+{
+    bench.compareValues("filling 1 000 rows", "ms", fillTime<OurCombo>, fillTime<StockCombo>);
+    bench.compareValues("heap of 1 000 rows", "KiB", heapOfRows<OurCombo>, heapOfRows<StockCombo>);
+    for (const int rows : {5, kRows}) {
+        bench.compareValues(
+            qPrintable(QStringLiteral("first opening, %1 rows, until painted").arg(rows)), "ms",
+            [rows] { return openTime<OurCombo>(true, rows); },
+            [rows] { return openTime<StockCombo>(true, rows); });
+        bench.compareValues(
+            qPrintable(QStringLiteral("opening again, %1 rows, until painted").arg(rows)), "ms",
+            [rows] { return openTime<OurCombo>(false, rows); },
+            [rows] { return openTime<StockCombo>(false, rows); });
+    }
+}
+
+void measureCurrentRow(Bench &bench)
+{
+    OurCombo ours;
+    StockCombo stock;
+    ours.fill(kRows);
+    stock.fill(kRows);
+    ours.show();
+    stock.show();
+    settle();
+    bench.compare("changing the current row, never opened", nextRow(ours, false), nextRow(stock, false));
+    ours.openList();
+    settle();
+    ours.closeList();
+    stock.openList();
+    settle();
+    stock.closeList();
+    settle();
+    bench.compare("changing the current row, opened before", nextRow(ours, false), nextRow(stock, false));
+    bench.compare("the same, painted", nextRow(ours, true), nextRow(stock, true));
+    bench.note(QStringLiteral("ours writes two log lines each time, which here go nowhere"));
+}
+
+const BenchGroup group("combobox", [](Bench &bench) {
+    measureFilter(bench);
+    measureLists(bench);
+    measureCurrentRow(bench);
+});
+
+} // namespace
