@@ -72,6 +72,28 @@ QString withoutBlanks(QString text)
     return text.remove(blanks);
 }
 
+// Counts the events of one type that reach some widgets.
+class EventCounter : public QObject
+{
+public:
+    EventCounter(QEvent::Type type, const QList<QWidget *> &widgets)
+        : m_type(type)
+    {
+        for (QWidget *widget : widgets)
+            widget->installEventFilter(this);
+    }
+    int count = 0;
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == m_type ? 1 : 0;
+        return false;
+    }
+
+private:
+    QEvent::Type m_type;
+};
+
 void compareSheet(const QString &sheet, const QStringList &rules)
 {
     QString rest = withoutBlanks(sheet);
@@ -107,7 +129,12 @@ private Q_SLOTS:
     void scrollsWhatDoesNotFit();
     void scrollBarAppearsForRowsAddedWhileOpen();
     void scrollBarAppearsForRowsOfOtherHeights();
+    void rowsAreShownWhenTheyComeIntoView();
+    void lowRowsFillTheView();
+    void rowsInViewAreShownWhenOpenedAgain();
     void longTextsFollowTheWidth();
+    void rowsAreNotPolishedBeforeTheyAreSeen();
+    void looksOfARowLeaveTheOthersWhereTheyAre();
 
     void numbersAndRelaysItsRows();
     void selectsOneRow();
@@ -386,6 +413,70 @@ void tst_ShadowPopupWidget::scrollBarAppearsForRowsOfOtherHeights()
     QTRY_COMPARE(list.bar()->maximum(), 8 + 2 * 60 - (8 + 2 * 28));
 }
 
+void tst_ShadowPopupWidget::rowsAreShownWhenTheyComeIntoView()
+{
+    const QString text = QStringLiteral("A camera with a name that is far too long for the list");
+    List list;
+    list.add(100);
+    for (int row = 0; row < 100; ++row)
+        list.addItem(new CustomComboxItem(text, list.rowParent()));
+    QVector<bool> states(200, false);
+    states[151] = true;
+    list.setItemGrayState(states);
+    list.setCurrentIndex(150);
+    QVERIFY(list.showAndWait());
+    QCoreApplication::processEvents();
+    QVERIFY(list.row(0)->isVisible() && list.row(9)->isVisible());
+    QVERIFY(!list.row(150)->isVisible());
+    QCOMPARE(list.row(150)->height(), 48); // it keeps its place
+    QCOMPARE(list.row(150)->y(), 4 + 150 * 48);
+
+    list.bar()->setValue(150 * 48);
+    for (int row = 150; row < 160; ++row)
+        QVERIFY(list.row(row)->isVisible());
+    QVERIFY(!list.row(148)->isVisible() && !list.row(161)->isVisible());
+    QVERIFY(list.row(0)->isVisible()); // what was seen once stays
+    QCoreApplication::processEvents();
+    QVERIFY(isChecked(list.row(150)));
+    QVERIFY(isGray(list.row(151)));
+    QVERIFY(list.row(150)->findChildren<QLabel *>().at(1)->isVisible());
+    const auto *label = list.row(152)->findChild<QLabel *>();
+    QVERIFY(label->text().endsWith(QChar(0x2026)));
+    QCOMPARE(label->text(), QFontMetrics(label->font()).elidedText(text, Qt::ElideRight, label->width()));
+    QCOMPARE(label->font().pixelSize(), 16);
+    QCOMPARE(label->palette().color(QPalette::WindowText), QColor(0x33, 0x33, 0x33));
+}
+
+void tst_ShadowPopupWidget::lowRowsFillTheView()
+{
+    // Ten rows of 48 have room for seventeen of 28.
+    List list;
+    for (int row = 0; row < 17; ++row)
+        list.addItem(new CustomComboxItem(true, QString::number(row), list.rowParent()));
+    QVERIFY(list.showAndWait());
+    for (int row = 0; row < 17; ++row)
+        QTRY_VERIFY(list.row(row)->isVisible());
+    QVERIFY(!list.bar()->isVisible());
+    list.clear();
+    for (int row = 0; row < 16; ++row) // while it is open
+        list.addItem(new CustomComboxItem(true, QString::number(row), list.rowParent()));
+    for (int row = 0; row < 16; ++row)
+        QTRY_VERIFY(list.row(row)->isVisible());
+}
+
+void tst_ShadowPopupWidget::rowsInViewAreShownWhenOpenedAgain()
+{
+    List list;
+    list.add(200);
+    QVERIFY(list.showAndWait());
+    QTRY_VERIFY(list.bar()->maximum() > 0);
+    list.hide();
+    list.bar()->setValue(100 * 48);
+    QVERIFY(!list.row(101)->isVisible());
+    list.show();
+    QTRY_VERIFY(list.row(101)->isVisible() && list.row(108)->isVisible());
+}
+
 void tst_ShadowPopupWidget::longTextsFollowTheWidth()
 {
     const QString text = QStringLiteral("A camera with a name that is far too long for the list");
@@ -399,6 +490,49 @@ void tst_ShadowPopupWidget::longTextsFollowTheWidth()
         QCOMPARE(label->text(), QFontMetrics(label->font()).elidedText(text, Qt::ElideRight, label->width()));
     }
     QCOMPARE(label->text(), text);
+}
+
+void tst_ShadowPopupWidget::rowsAreNotPolishedBeforeTheyAreSeen()
+{
+    // Polishing is what parses style sheets: a list of thousands must not pay for rows that nobody sees.
+    QWidget owner;
+    List list(&owner);
+    for (int row = 0; row < 40; ++row)
+        list.addItem(new CustomComboxItem(QString::number(row), list.rowParent()));
+    QList<QWidget *> seen = list.row(0)->findChildren<QWidget *>() << list.row(0);
+    QList<QWidget *> unseen = list.row(30)->findChildren<QWidget *>() << list.row(30);
+    const EventCounter seenPolished(QEvent::Polish, seen);
+    const EventCounter unseenPolished(QEvent::Polish, unseen);
+    owner.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&owner));
+    QCoreApplication::processEvents();
+    QCOMPARE(seenPolished.count, 0);
+    QVERIFY(list.showAndWait());
+    QCoreApplication::processEvents();
+    QVERIFY(seenPolished.count > 0);
+    QCOMPARE(unseenPolished.count, 0);
+    list.setCurrentIndex(2);
+    list.bar()->setValue(list.bar()->maximum());
+    QVERIFY(unseenPolished.count > 0);
+}
+
+void tst_ShadowPopupWidget::looksOfARowLeaveTheOthersWhereTheyAre()
+{
+    List list;
+    list.add(20);
+    QVERIFY(list.showAndWait());
+    QTRY_COMPARE(list.row(0)->width(), 268 - 16);
+    QCoreApplication::processEvents();
+    const EventCounter layouts(QEvent::LayoutRequest, {list.content()});
+    list.row(0)->setHovered(true);
+    list.row(1)->setGrayState(true);
+    list.setCurrentIndex(2);
+    list.setCurrentIndex(0);
+    for (int turn = 0; turn < 3; ++turn)
+        QCoreApplication::processEvents();
+    QCOMPARE(layouts.count, 0);
+    list.add(1);
+    QTRY_VERIFY(layouts.count > 0);
 }
 
 void tst_ShadowPopupWidget::numbersAndRelaysItsRows()

@@ -68,6 +68,14 @@ QString chineseBadgeStyle()
     return QStringLiteral("QLabel{border-image:url(:/images/images/combox/novip_zh.png);}");
 }
 
+// Nothing in a row expands, and that is known without asking its labels (see CustomComboxItem::sizeHint()).
+class RowLayout : public QHBoxLayout
+{
+public:
+    using QHBoxLayout::QHBoxLayout;
+    Qt::Orientations expandingDirections() const override { return {}; }
+};
+
 void applySheet(QWidget *widget, const QString &sheet)
 {
     if (widget->styleSheet() != sheet)
@@ -129,20 +137,20 @@ CustomComboxItem::CustomComboxItem(QString text, int fontSize, QWidget *parent)
 
 void CustomComboxItem::setChecked(bool checked)
 {
-    m_checked = checked;
-    updateStyle();
+    if (std::exchange(m_checked, checked) != checked)
+        updateStyle();
 }
 
 void CustomComboxItem::setGrayState(bool gray)
 {
-    m_gray = gray;
-    updateStyle();
+    if (std::exchange(m_gray, gray) != gray)
+        updateStyle();
 }
 
 void CustomComboxItem::setHovered(bool hovered)
 {
-    m_hovered = hovered;
-    updateStyle();
+    if (std::exchange(m_hovered, hovered) != hovered)
+        updateStyle();
 }
 
 void CustomComboxItem::setData(const QVariant &data)
@@ -155,11 +163,40 @@ void CustomComboxItem::setIndex(int index)
     m_index = index;
 }
 
+// In a list the row's width is the list's, and its height is fixed: the labels, which would have to load
+// their fonts and style sheets for an answer, are not asked for thousands of rows of which ten are seen.
+QSize CustomComboxItem::sizeHint() const
+{
+    return isWindow() ? QWidget::sizeHint() : QSize(0, m_itemHeight);
+}
+
+QSize CustomComboxItem::minimumSizeHint() const
+{
+    return isWindow() ? QWidget::minimumSizeHint() : QSize(0, m_itemHeight);
+}
+
+bool CustomComboxItem::hasHeightForWidth() const
+{
+    return false;
+}
+
+bool CustomComboxItem::event(QEvent *event)
+{
+    return isPolishedTooSoon(event) || QWidget::event(event);
+}
+
 bool CustomComboxItem::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_textLabel && event->type() == QEvent::Resize)
         elideText();
-    return QWidget::eventFilter(watched, event);
+    return isPolishedTooSoon(event) || QWidget::eventFilter(watched, event);
+}
+
+// Every widget asks to be polished with the next turn of the event loop, shown or not. A row can wait until
+// it is shown: only then are its style sheets parsed.
+bool CustomComboxItem::isPolishedTooSoon(const QEvent *event) const
+{
+    return event->type() == QEvent::PolishRequest && !isVisible();
 }
 
 void CustomComboxItem::mousePressEvent(QMouseEvent *event)
@@ -214,13 +251,15 @@ void CustomComboxItem::paintEvent(QPaintEvent *event)
     QWidget::paintEvent(event);
 }
 
+// The labels get their style sheets last, when they stand in the row and it in its list: Qt parses the sheets
+// of a widget as soon as it asks for any measure of its style, which it does while widgets are put together.
 void CustomComboxItem::initUI()
 {
     setCursor(Qt::PointingHandCursor);
     setFixedHeight(m_itemHeight);
     setObjectName(QStringLiteral("CustomComboxItem"));
 
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = new RowLayout(this);
     layout->setContentsMargins(8, 0, 6, 0);
     layout->setSpacing(0);
 
@@ -232,26 +271,24 @@ void CustomComboxItem::initUI()
 
     layout->addItem(new QSpacerItem(6, 6, QSizePolicy::Fixed, QSizePolicy::Fixed));
 
-    m_checkLabel = new QLabel(this);
-    m_checkLabel->setFixedSize(m_iconSize, m_iconSize);
-    m_checkLabel->setStyleSheet(checkMarkStyle());
-    m_checkLabel->hide();
+    m_checkLabel = newImageLabel(QSize(m_iconSize, m_iconSize));
     layout->addWidget(m_checkLabel);
-
     if (m_gray) {
-        m_badgeLabel = newBadge();
+        m_badgeLabel = newImageLabel(m_chinese ? kChineseBadgeSize : kBadgeSize);
         layout->addWidget(m_badgeLabel);
+        m_badgeLabel->setStyleSheet(m_chinese ? chineseBadgeStyle() : badgeStyle());
     }
+    m_checkLabel->setStyleSheet(checkMarkStyle());
     updateStyle();
 }
 
-QLabel *CustomComboxItem::newBadge()
+QLabel *CustomComboxItem::newImageLabel(QSize size)
 {
-    auto *badge = new QLabel(this);
-    badge->setFixedSize(m_chinese ? kChineseBadgeSize : kBadgeSize);
-    badge->setStyleSheet(m_chinese ? chineseBadgeStyle() : badgeStyle());
-    badge->hide();
-    return badge;
+    auto *label = new QLabel(this);
+    label->setFixedSize(size);
+    label->installEventFilter(this);
+    label->hide();
+    return label;
 }
 
 void CustomComboxItem::updateStyle()
@@ -273,8 +310,13 @@ void CustomComboxItem::updateLabels()
 
 void CustomComboxItem::elideText()
 {
-    const QFontMetrics metrics(m_textLabel->font());
-    m_textLabel->setText(metrics.elidedText(m_text, Qt::ElideRight, m_textLabel->width()));
+    const QFont &font = m_textLabel->font();
+    const int width = m_textLabel->width();
+    if (m_elidedWidth == width && m_elidedFont == font)
+        return;
+    m_elidedWidth = width;
+    m_elidedFont = font;
+    m_textLabel->setText(QFontMetrics(font).elidedText(m_text, Qt::ElideRight, width));
 }
 
 QString CustomComboxItem::rowStyle() const

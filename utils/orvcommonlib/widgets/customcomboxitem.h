@@ -3,6 +3,7 @@
 #include <QtCore/QPoint>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
+#include <QtGui/QFont>
 #include <QtWidgets/QWidget>
 
 class QLabel;
@@ -35,6 +36,10 @@ public:
     /// The row's position in its list, -1 at first.
     void setIndex(int index);
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override;
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
@@ -42,6 +47,7 @@ Q_SIGNALS:
     void signalClickGrayItem(int index);
 
 protected:
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void enterEvent(QEvent *event) override;
@@ -54,7 +60,8 @@ private:
     Q_DISABLE_COPY(CustomComboxItem)
 
     void initUI();
-    QLabel *newBadge();
+    bool isPolishedTooSoon(const QEvent *event) const;
+    QLabel *newImageLabel(QSize size);
     void updateStyle();
     void updateLabels();
     void elideText();
@@ -78,4 +85,6 @@ private:
     int m_itemHeight;
     int m_fontSize;
     int m_iconSize;
+    QFont m_elidedFont; // with which, and for which width, the label's text was elided
+    int m_elidedWidth = -1;
 };

@@ -70,7 +70,7 @@ void CustomShadowCombox::addItem(QString text)
     if (!m_popup)
         return;
     qInfo() << "--- begin new CustomComboxItem ---,text =" << text;
-    auto *row = new CustomComboxItem(text, nullptr);
+    auto *row = new CustomComboxItem(text, m_popup->rowParent());
     qInfo() << "--- new CustomComboxItem success ---";
     qInfo() << "--- begin add item to the ShadowPopupWidget ---";
     m_popup->addItem(row);
@@ -80,26 +80,26 @@ void CustomShadowCombox::addItem(QString text)
 void CustomShadowCombox::addItem(QString text, bool isGray, bool isChinese)
 {
     if (m_popup)
-        m_popup->addItem(new CustomComboxItem(std::move(text), nullptr, isGray, isChinese));
+        m_popup->addItem(new CustomComboxItem(std::move(text), m_popup->rowParent(), isGray, isChinese));
 }
 
 void CustomShadowCombox::addItem(QString text, int fontSize)
 {
     if (m_popup)
-        m_popup->addItem(new CustomComboxItem(std::move(text), fontSize, nullptr));
+        m_popup->addItem(new CustomComboxItem(std::move(text), fontSize, m_popup->rowParent()));
 }
 
 void CustomShadowCombox::addItem(QString text, int itemHeight, int fontSize, int iconSize)
 {
     if (m_popup)
-        m_popup->addItem(
-            new CustomComboxItem(true, std::move(text), itemHeight, fontSize, iconSize, nullptr));
+        m_popup->addItem(new CustomComboxItem(true, std::move(text), itemHeight, fontSize, iconSize,
+                                              m_popup->rowParent()));
 }
 
 void CustomShadowCombox::addSmallStyleItem(QString text)
 {
     if (m_popup)
-        m_popup->addItem(new CustomComboxItem(true, std::move(text), nullptr));
+        m_popup->addItem(new CustomComboxItem(true, std::move(text), m_popup->rowParent()));
 }
 
 void CustomShadowCombox::clear()

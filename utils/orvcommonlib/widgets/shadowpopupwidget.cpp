@@ -6,6 +6,7 @@
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -59,6 +60,14 @@ void hideUntilNeeded(QScrollBar *bar)
     });
 }
 
+void hideKeepingItsPlace(QWidget *row)
+{
+    QSizePolicy policy = row->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    row->setSizePolicy(policy);
+    row->hide();
+}
+
 } // namespace
 
 ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int left, int top, int right, int bottom,
@@ -96,9 +105,13 @@ void ShadowPopupWidget::addItem(CustomComboxItem *row)
     row->setIndex(count());
     connect(row, &CustomComboxItem::signalClickItem, this, &ShadowPopupWidget::currentIndexChanged);
     connect(row, &CustomComboxItem::signalClickGrayItem, this, &ShadowPopupWidget::currentGrayIndexChanged);
+    if (count() > m_maxVisibleRows)
+        hideKeepingItsPlace(row);
     m_contentLayout->addWidget(row);
     m_rows.append(row);
+    fixWidth(row);
     updateHeight();
+    showRowsInViewSoon();
 }
 
 void ShadowPopupWidget::clear()
@@ -159,11 +172,19 @@ void ShadowPopupWidget::updateHeight()
     setFixedHeight(listHeight + m_top + m_bottom);
 }
 
+void ShadowPopupWidget::showEvent(QShowEvent *event)
+{
+    BaseMoveDialogWithBackImage::showEvent(event);
+    showRowsInViewSoon();
+}
+
 void ShadowPopupWidget::resizeEvent(QResizeEvent *event)
 {
     if (m_scrollArea && m_content) {
         m_scrollArea->setFixedWidth(width() - m_left - m_right);
         m_content->setFixedWidth(m_scrollArea->width());
+        for (int row = 0; row < count(); ++row)
+            fixWidth(m_rows.at(row));
     }
     BaseMoveDialogWithBackImage::resizeEvent(event);
 }
@@ -172,8 +193,36 @@ void ShadowPopupWidget::hideEvent(QHideEvent *event)
 {
     BaseMoveDialogWithBackImage::hideEvent(event);
     // The pointer is gone without a leave event: no row stays highlighted for the next opening.
-    for (CustomComboxItem *row : qAsConst(m_rows))
-        row->setHovered(false);
+    for (int row = 0; row < count(); ++row)
+        m_rows.at(row)->setHovered(false);
+}
+
+// All rows are laid out anew whenever one of them changes its looks, unless that one's size is fixed.
+void ShadowPopupWidget::fixWidth(CustomComboxItem *row) const
+{
+    const QMargins margins = m_contentLayout->contentsMargins();
+    row->setFixedWidth(qMax(0, m_content->width() - margins.left() - margins.right()));
+}
+
+// Rows that nobody has scrolled to yet stay hidden: showing a row makes Qt parse its style sheets.
+void ShadowPopupWidget::showRowsInView()
+{
+    if (!isVisible())
+        return;
+    const QRect view = m_scrollArea->viewport()->rect().translated(-m_content->pos());
+    const auto isAbove = [](const CustomComboxItem *row, int y) {
+        return row->geometry().bottom() < y;
+    };
+    const auto first = std::lower_bound(m_rows.cbegin(), m_rows.cend(), view.top(), isAbove);
+    for (int row = int(first - m_rows.cbegin()); row < count() && m_rows.at(row)->y() <= view.bottom(); ++row)
+        m_rows.at(row)->show();
+}
+
+// Soon: when the rows have been laid out.
+void ShadowPopupWidget::showRowsInViewSoon()
+{
+    if (count() > m_maxVisibleRows && isVisible())
+        QMetaObject::invokeMethod(this, &ShadowPopupWidget::showRowsInView, Qt::QueuedConnection);
 }
 
 void ShadowPopupWidget::initUI()
@@ -181,6 +230,7 @@ void ShadowPopupWidget::initUI()
     buildList(QMargins(m_left, m_top, m_right, m_bottom), kContentMargin);
     m_scrollArea->setStyleSheet(scrollAreaStyle());
     m_content->setStyleSheet(contentStyle());
+    polishBeforeRows();
 }
 
 void ShadowPopupWidget::initSmallUI()
@@ -191,6 +241,7 @@ void ShadowPopupWidget::initSmallUI()
     m_scrollArea->setStyleSheet(smallScrollAreaStyle().arg(m_scrollArea->objectName()).arg(m));
     m_content->setObjectName(QStringLiteral("ScrollContentWidget"));
     m_content->setStyleSheet(smallContentStyle().arg(m_content->objectName()).arg(m));
+    polishBeforeRows();
 }
 
 void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargin)
@@ -205,6 +256,8 @@ void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargi
     m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     hideUntilNeeded(m_scrollArea->verticalScrollBar());
     m_scrollArea->installEventFilter(this);
+    connect(m_scrollArea->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &ShadowPopupWidget::showRowsInView);
 
     m_content = new QWidget;
     m_contentLayout = new QVBoxLayout(m_content);
@@ -213,4 +266,12 @@ void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargi
 
     m_scrollArea->setWidget(m_content);
     layout->addWidget(m_scrollArea);
+}
+
+// A widget that is shown polishes all that stands in it, the rows of a closed list included, and stops only
+// at what has been polished already: polished before it has rows, the list spares each row that is never
+// seen.
+void ShadowPopupWidget::polishBeforeRows()
+{
+    ensurePolished();
 }

@@ -23,6 +23,9 @@ public:
     /// The small look, with rows of `rowHeight`.
     ShadowPopupWidget(QString backgroundImage, int margin, int rowHeight, QWidget *parent);
 
+    /// The parent that rows are best constructed with: a row that is moved there afterwards has its style
+    /// sheets parsed on the way.
+    QWidget *rowParent() const { return m_content; }
     /// Appends the row, which then belongs to the list.
     void addItem(CustomComboxItem *row);
     /// Deletes all rows. The current index is deliberately kept.
@@ -48,6 +51,7 @@ Q_SIGNALS:
     void currentGrayIndexChanged(int index);
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 
@@ -57,6 +61,10 @@ private:
     void initUI();
     void initSmallUI();
     void buildList(const QMargins &outerMargins, int contentMargin);
+    void polishBeforeRows();
+    void fixWidth(CustomComboxItem *row) const;
+    void showRowsInView();
+    void showRowsInViewSoon();
     bool hasRow(int index) const { return index >= 0 && index < count(); }
 
     int m_left;
