@@ -404,7 +404,7 @@ void tst_utilities::digestOfWhatCannotBeRead()
 void tst_utilities::digestOfUnreadableFile()
 {
     const QString name = file(QStringLiteral("secret"), "abc");
-    QVERIFY(QFile::setPermissions(name, QFile::Permissions()));
+    QFile::setPermissions(name, QFile::Permissions());
     // Some users and file systems can read it nevertheless.
     const bool isReadable = QFile(name).open(QIODevice::ReadOnly);
     const LogCapture log;

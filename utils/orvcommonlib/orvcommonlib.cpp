@@ -211,6 +211,9 @@ bool orvcommonlib::scaleAndClipPixmap2(QPixmap &source, QSizeF size, double radi
 
 void orvcommonlib::getImageFromPath(const QString &folder, QVector<QString> &files, bool animated)
 {
+    // QDirIterator takes no name for an empty folder on some systems and for the root of the drive on others.
+    if (folder.isEmpty())
+        return;
     QStringList enclosing;
     appendImages(folder, files, animated, enclosing);
 }
