@@ -13,13 +13,13 @@
 ///
 /// A blocking queued call waits for the receiver's event loop, for ever when that loop has ended. The gate,
 /// which lives in the registry's thread as a child of the registry, counts the callers and knows when the
-/// loop ends:
-/// - Until then everybody is let in, and waits as long as the registry's thread is busy.
-/// - At the end those who are inside are served before the loop's thread goes on.
-/// - From then on a caller knocks first (an event that asks the thread for an answer). If the thread still
-/// processes
-///   events it lets the caller in and stays until the caller was served. If no answer comes in time the
-///   caller is turned away, and so is everybody after it, at once, until the thread processes events again.
+/// loop ends.
+///
+/// Until then everybody is let in, and waits as long as the registry's thread is busy. At the end those who
+/// are inside are served before that thread goes on. From then on a caller knocks first, with an event that
+/// asks the thread for an answer. A thread that still processes events lets the caller in and stays until it
+/// was served. If no answer comes in time the caller is turned away, and so is, at once, everybody after it,
+/// until the thread processes events again.
 class HotkeyCallGate : public QObject
 {
     Q_OBJECT

@@ -10,21 +10,21 @@
 class QHotkeyPrivate;
 
 /// The category "QHotkey", in which everything about global hotkeys warns.
-ORVCOMMONLIB_EXPORT Q_DECLARE_LOGGING_CATEGORY(logQHotkey)
+ORVCOMMONLIB_EXPORT const QLoggingCategory &logQHotkey();
 
-    /// A keyboard shortcut of the whole desktop: it fires while any program has the focus.
-    ///
-    /// A hotkey holds one shortcut in two forms, Qt's (a key and modifiers) and the system's (a
-    /// NativeShortcut), and is either registered with the system or not. Several hotkeys may share one
-    /// shortcut: all of them fire. Nothing throws and nothing is shown to the user: a failure is a false
-    /// result and a warning in the category logQHotkey.
-    ///
-    /// Threads: a hotkey may live in any thread and is used from that thread. The registry behind all hotkeys
-    /// lives in the thread that used a hotkey first, which should be the GUI thread; calls from other threads
-    /// wait until that thread's event loop has answered them. Once that loop has ended they fail after a
-    /// short wait instead of waiting for ever. A QCoreApplication must exist before the first hotkey is set
-    /// up, and no hotkey may be used after the static objects of the library are gone.
-    class ORVCOMMONLIB_EXPORT QHotkey : public QObject
+/// A keyboard shortcut of the whole desktop: it fires while any program has the focus.
+///
+/// A hotkey holds one shortcut in two forms, Qt's (a key and modifiers) and the system's (a
+/// NativeShortcut), and is either registered with the system or not. Several hotkeys may share one
+/// shortcut: all of them fire. Nothing throws and nothing is shown to the user: a failure is a false
+/// result and a warning in the category logQHotkey.
+///
+/// Threads: a hotkey may live in any thread and is used from that thread. The registry behind all hotkeys
+/// lives in the thread that used a hotkey first, which should be the GUI thread; calls from other threads
+/// wait until that thread's event loop has answered them. Once that loop has ended they fail after a
+/// short wait instead of waiting for ever. A QCoreApplication must exist before the first hotkey is set
+/// up, and no hotkey may be used after the static objects of the library are gone.
+class ORVCOMMONLIB_EXPORT QHotkey : public QObject
 {
     Q_OBJECT
     /// Whether the system knows the hotkey.
@@ -45,7 +45,8 @@ public:
         NativeShortcut();
         /// A valid shortcut.
         NativeShortcut(quint32 nativeKey, quint32 nativeModifier);
-        // Declared, so that the library exports them: mingw-w64 exports nothing that a compiler adds by itself.
+        // Declared, so that the library exports them: mingw-w64 exports nothing that a compiler adds by
+        // itself.
         NativeShortcut(const NativeShortcut &other);
         NativeShortcut(NativeShortcut &&other) noexcept;
         NativeShortcut &operator=(const NativeShortcut &other);
@@ -97,7 +98,8 @@ public Q_SLOTS:
     /// A registered hotkey is never silently unregistered: without `autoRegister` it stays as it is and the
     /// result is false; with it, it is unregistered first, and the result is false when that fails.
     /// `Qt::Key_unknown` clears the shortcut. A key that the system does not know clears the shortcut too,
-    /// warns, and returns false.
+    /// warns, and returns false. (With one bare `Qt::KeyboardModifier` and nothing after it the call is
+    /// ambiguous in C++: write `Qt::KeyboardModifiers`, or say `false`.)
     bool setShortcut(Qt::Key keyCode, Qt::KeyboardModifiers modifiers, bool autoRegister = false);
     /// Unregisters where needed and clears the shortcut. False, and nothing changed, when unregistering
     /// fails.
