@@ -10,7 +10,11 @@ class tst_CustomShadowComboxClosing : public Fixture
 
 private Q_SLOTS:
     void init() { makeWindow(); }
-    void cleanup() { deleteWindow(); }
+    void cleanup()
+    {
+        m_other.hide();
+        deleteWindow();
+    }
 
     void choosingAnotherRow();
     void choosingTheCurrentRow();
@@ -39,8 +43,16 @@ private Q_SLOTS:
     void destroyedWhileOpen();
     void destroyedInItsSignals_data();
     void destroyedInItsSignals();
+    void windowDestroyedInItsSignals_data();
+    void windowDestroyedInItsSignals();
+    void widgetDestroyedByAPressOnIt();
     void clearedInItsSignals_data();
     void clearedInItsSignals();
+
+private:
+    void provoke(const QString &by);
+
+    QWidget m_other;
 };
 
 void tst_CustomShadowComboxClosing::choosingAnotherRow()
@@ -420,10 +432,37 @@ void tst_CustomShadowComboxClosing::destroyedWhileOpen()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+// Makes the combo box emit one of its signals from an event that goes all the way through Qt.
+void tst_CustomShadowComboxClosing::provoke(const QString &by)
+{
+    const QPoint outside(250, 20);
+    if (by == QLatin1String("row")) {
+        m_combo->clickRow(0);
+    } else if (by == QLatin1String("gray row")) {
+        m_combo->clickRow(1);
+    } else if (by == QLatin1String("outside press")) {
+        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, outside);
+    } else if (by == QLatin1String("key")) {
+        QTest::keyPress(m_combo->popup()->windowHandle(), Qt::Key_A);
+    } else if (by == QLatin1String("deactivation")) {
+        sendDeactivate(m_combo->popup());
+    } else if (by == QLatin1String("another window")) {
+        QVERIFY(QTest::qWaitForWindowActive(m_combo->popup()));
+        m_other.show();
+        m_other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&m_other));
+    } else if (by == QLatin1String("move")) {
+        QTest::mouseMove(m_window->windowHandle(), outside);
+    } else {
+        m_combo->hidePopup();
+    }
+}
+
 void tst_CustomShadowComboxClosing::destroyedInItsSignals_data()
 {
     QTest::addColumn<QString>("by");
-    for (const char *by : {"row", "gray row", "outside press", "key", "deactivation", "move", "hidePopup"})
+    for (const char *by :
+         {"row", "gray row", "outside press", "key", "deactivation", "another window", "move", "hidePopup"})
         QTest::newRow(by) << QString::fromLatin1(by);
 }
 
@@ -441,24 +480,44 @@ void tst_CustomShadowComboxClosing::destroyedInItsSignals()
     connect(m_combo, &Combo::currentGrayIndexChanged, this, destroy);
     connect(m_combo, &Combo::signalPopWidHideWhenClickOtherPos, this, destroy);
     connect(m_combo, &Combo::signalMouseMoveLeavePopup, this, destroy);
-    const QPoint outside(250, 20);
-    if (by.endsWith(QLatin1String("row"))) {
-        m_combo->clickRow(by.startsWith(QLatin1String("gray")) ? 1 : 0);
-    } else if (by == QLatin1String("outside press")) {
-        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, outside);
-    } else if (by == QLatin1String("key")) {
-        QTest::keyPress(m_combo->popup()->windowHandle(), Qt::Key_A);
-    } else if (by == QLatin1String("deactivation")) {
-        sendDeactivate(m_combo->popup());
-    } else if (by == QLatin1String("move")) {
-        QTest::mouseMove(m_window->windowHandle(), outside);
-    } else {
-        m_combo->hidePopup();
-    }
+    provoke(by);
     QTRY_VERIFY(!m_combo);
     // The list has gone at the latest when the event has been delivered.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!popup);
+}
+
+void tst_CustomShadowComboxClosing::windowDestroyedInItsSignals_data()
+{
+    destroyedInItsSignals_data();
+}
+
+void tst_CustomShadowComboxClosing::windowDestroyedInItsSignals()
+{
+    // The window may be what the event was for.
+    QFETCH(QString, by);
+    m_combo->addItem(QStringLiteral("a"), false, false);
+    m_combo->addItem(QStringLiteral("b"), true, false);
+    open();
+    const auto destroy = [this] {
+        deleteWindow();
+    };
+    connect(m_combo, &Combo::currentIndexChanged, this, destroy);
+    connect(m_combo, &Combo::currentGrayIndexChanged, this, destroy);
+    connect(m_combo, &Combo::signalPopWidHideWhenClickOtherPos, this, destroy);
+    connect(m_combo, &Combo::signalMouseMoveLeavePopup, this, destroy);
+    provoke(by);
+    QTRY_VERIFY(!m_combo);
+}
+
+void tst_CustomShadowComboxClosing::widgetDestroyedByAPressOnIt()
+{
+    // Whoever delivers the event would go on to use the widget.
+    const QPointer<QWidget> target(new QWidget(m_window.get()));
+    open();
+    connect(m_combo, &Combo::signalPopWidHideWhenClickOtherPos, this, [target] { delete target.data(); });
+    QTest::mousePress(target, Qt::LeftButton);
+    QVERIFY(!target);
 }
 
 void tst_CustomShadowComboxClosing::clearedInItsSignals_data()
@@ -476,20 +535,7 @@ void tst_CustomShadowComboxClosing::clearedInItsSignals()
         connect(m_combo, signal, m_combo, &Combo::clear);
     connect(m_combo, &Combo::signalPopWidHideWhenClickOtherPos, m_combo, &Combo::clear);
     connect(m_combo, &Combo::signalMouseMoveLeavePopup, m_combo, &Combo::clear);
-    const QPoint outside(250, 20);
-    if (by.endsWith(QLatin1String("row"))) {
-        m_combo->clickRow(by.startsWith(QLatin1String("gray")) ? 1 : 0);
-    } else if (by == QLatin1String("outside press")) {
-        QTest::mousePress(m_window->windowHandle(), Qt::LeftButton, Qt::NoModifier, outside);
-    } else if (by == QLatin1String("key")) {
-        QTest::keyPress(m_combo->popup()->windowHandle(), Qt::Key_A);
-    } else if (by == QLatin1String("deactivation")) {
-        sendDeactivate(m_combo->popup());
-    } else if (by == QLatin1String("move")) {
-        QTest::mouseMove(m_window->windowHandle(), outside);
-    } else {
-        m_combo->hidePopup();
-    }
+    provoke(by);
     QTRY_COMPARE(m_combo->count(), 0);
     m_combo->add(2);
     QCOMPARE(m_combo->count(), 2);
