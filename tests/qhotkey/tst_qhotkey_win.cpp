@@ -128,7 +128,6 @@ private Q_SLOTS:
     void otherKeysAreUnmappable();
     void mapsModifiers_data();
     void mapsModifiers();
-    void identifierFormulasAgree();
     void registersUnderItsIdentifier_data();
     void registersUnderItsIdentifier();
 
@@ -297,17 +296,6 @@ void tst_qhotkey_win::mapsModifiers()
     QFETCH(quint32, native);
     const QHotkey hotkey(Qt::Key_F4, Qt::KeyboardModifiers(modifiers));
     QVERIFY(hotkey.currentNativeShortcut() == NativeShortcut(0x73, native));
-}
-
-void tst_qhotkey_win::identifierFormulasAgree()
-{
-    for (quint32 key = 0; key < 0x2000; key += 7) {
-        for (quint32 modifier = 0; modifier < 0x40; ++modifier) {
-            const NativeShortcut shortcut(key, modifier);
-            QCOMPARE(registeredIdentifier(shortcut), unregisteredIdentifier(shortcut));
-            QVERIFY(registeredIdentifier(shortcut) >= 0x7000 && registeredIdentifier(shortcut) <= 0x7FFF);
-        }
-    }
 }
 
 void tst_qhotkey_win::registersUnderItsIdentifier_data()

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void setters();
     void leftPressOnTheLineEditOpensTheList();
     void pressIsTurnedIntoOneOnTheArrow();
+    void leftPressAndReleaseArePassedOn();
     void guardKeepsTheListClosed();
     void openingStartsTheGuard();
     void otherButtonsAreConsumed_data();
@@ -134,6 +135,18 @@ void tst_customcombox::pressIsTurnedIntoOneOnTheArrow()
     QTest::mousePress(m_combo->lineEdit(), Qt::LeftButton, Qt::NoModifier, QPoint(3, 3));
     QVERIFY(!m_combo->presses.isEmpty());
     QCOMPARE(m_combo->presses.first(), QPoint(arrow.x() + arrow.width() / 2, arrow.y() + arrow.height() / 2));
+}
+
+void tst_customcombox::leftPressAndReleaseArePassedOn()
+{
+    QLineEdit *edit = m_combo->lineEdit();
+    const QPoint globalPos = edit->mapToGlobal(QPoint(3, 3));
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(3, 3), globalPos, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QVERIFY(!m_combo->eventFilter(edit, &press));
+    QCOMPARE(press.pos(), m_combo->presses.first()); // moved to the arrow
+    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(3, 3), globalPos, Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QVERIFY(!m_combo->eventFilter(edit, &release));
 }
 
 void tst_customcombox::guardKeepsTheListClosed()

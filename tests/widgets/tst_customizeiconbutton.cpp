@@ -70,6 +70,7 @@ private Q_SLOTS:
     void sheetsFollowTheState();
     void emptySheetsLeaveTheLookAlone();
     void anUnchangedSheetIsNotAppliedAgain();
+    void settersApplyAnUnchangedSheet();
     void clickIsAPressAndItsRelease();
     void draggingIsNoClick();
     void otherButtonsDoNothing();
@@ -213,6 +214,17 @@ void tst_CustomizeIconButton::anUnchangedSheetIsNotAppliedAgain()
     QCOMPARE(counter.count, 0);
     m_button->setOveralStyle(sheet("accessibleName", Hover), same, same, same);
     QVERIFY(counter.count > 0);
+}
+
+void tst_CustomizeIconButton::settersApplyAnUnchangedSheet()
+{
+    // What the sheet selects on may have changed since.
+    const QString sheetOfProperty = QStringLiteral("QWidget[current=true]{background:#123456;}");
+    m_button->setOveralStyle(sheetOfProperty, QString(), QString(), QString());
+    QVERIFY(renderWidget(m_button).pixelColor(1, 1) != QColor(0x12, 0x34, 0x56));
+    m_button->setProperty("current", true);
+    m_button->setOveralStyle(sheetOfProperty, QString(), QString(), QString());
+    QCOMPARE(renderWidget(m_button).pixelColor(1, 1), QColor(0x12, 0x34, 0x56));
 }
 
 void tst_CustomizeIconButton::clickIsAPressAndItsRelease()

@@ -1,5 +1,6 @@
 #include "customkeysequenceedit.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -45,6 +46,8 @@ private Q_SLOTS:
     void findsTheLineEditByItsNewName();
     void doesNothingForALineEditThatItCannotFind();
     void takesTheContextMenu();
+    void destroyedInItsOwnSignal_data();
+    void destroyedInItsOwnSignal();
 };
 
 void tst_CustomKeySequenceEdit::startsWithThePlaceholder()
@@ -251,6 +254,32 @@ void tst_CustomKeySequenceEdit::takesTheContextMenu()
     QCOMPARE(innerLineEdit(edit)->contextMenuPolicy(), Qt::NoContextMenu);
     edit.setNoContextMenu(false);
     QCOMPARE(innerLineEdit(edit)->contextMenuPolicy(), Qt::NoContextMenu);
+}
+
+void tst_CustomKeySequenceEdit::destroyedInItsOwnSignal_data()
+{
+    QTest::addColumn<QKeySequence>("sequence");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("whenFinished");
+    QTest::newRow("backspace") << QKeySequence(Qt::Key_F1) << int(Qt::Key_Backspace) << false;
+    QTest::newRow("first chord") << QKeySequence() << int(Qt::Key_A) << false;
+    QTest::newRow("another chord") << QKeySequence(Qt::Key_B) << int(Qt::Key_A) << false;
+    QTest::newRow("finished") << QKeySequence() << int(Qt::Key_A) << true;
+}
+
+void tst_CustomKeySequenceEdit::destroyedInItsOwnSignal()
+{
+    QFETCH(QKeySequence, sequence);
+    QFETCH(int, key);
+    QFETCH(bool, whenFinished);
+    QPointer<CustomKeySequenceEdit> edit(new CustomKeySequenceEdit(sequence, nullptr, kPlaceholder));
+    const auto destroy = [&] { delete edit; };
+    if (whenFinished)
+        connect(edit, &QKeySequenceEdit::editingFinished, this, destroy);
+    else
+        connect(edit, &QKeySequenceEdit::keySequenceChanged, this, destroy);
+    press(*edit, key);
+    QVERIFY(!edit);
 }
 
 QTEST_MAIN(tst_CustomKeySequenceEdit)

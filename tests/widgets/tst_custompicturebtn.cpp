@@ -68,10 +68,13 @@ class tst_CustomPictureBtn : public QObject
 private Q_SLOTS:
     void centresPictureGapAndTextAsOneGroup();
     void keepsTheRectanglesAfterTheFirstPaint();
+    void keepsTheTextRectangleAfterTheFirstPaint();
     void placesTheTextBesideAGivenPicture();
     void drawsNoPictureWhenOnlyTheTextIsPlaced();
     void pictureByState_data();
     void pictureByState();
+    void disabledWithoutADisabledPicture();
+    void invalidRectangleShowsNoPicture();
     void textColorByState_data();
     void textColorByState();
     void fontByState();
@@ -120,6 +123,24 @@ void tst_CustomPictureBtn::keepsTheRectanglesAfterTheFirstPaint()
     QCOMPARE(differingPixels(renderWidget(&button),
                              expected(button, {image, QRect(1, 2, 20, 20), {}, {}, {}, {}})),
              0);
+}
+
+void tst_CustomPictureBtn::keepsTheTextRectangleAfterTheFirstPaint()
+{
+    const QImage image = gradientImage(20, 20);
+    const QFont font = pixelFont(14);
+    const QString text = QStringLiteral("Kept");
+    CustomPictureBtn button(image, text, 8, nullptr, false);
+    emptyBase(button);
+    button.setFont(font);
+    button.resize(100, 30);
+    renderWidget(&button);
+    const int textWidth = QFontMetricsF(font).boundingRect(QRectF(), kAlignment, text).toRect().width();
+    const int left = (100 - (28 + textWidth)) / 2;
+    button.resize(200, 60);
+    button.setSpan(50);
+    const Drawing drawing = {image, QRect(left, 5, 20, 20), text, QRect(left + 28, 0, textWidth, 30), kDefaultColor, font};
+    QCOMPARE(differingPixels(renderWidget(&button), expected(button, drawing)), 0);
 }
 
 void tst_CustomPictureBtn::placesTheTextBesideAGivenPicture()
@@ -206,6 +227,34 @@ void tst_CustomPictureBtn::pictureByState()
     QCoreApplication::sendEvent(&button, &leave);
     if (hovered && ownPictures && enabled && !checked)
         QCOMPARE(renderWidget(&button).pixelColor(10, 10), QColor(Qt::black));
+}
+
+void tst_CustomPictureBtn::disabledWithoutADisabledPicture()
+{
+    QImage none;
+    QImage hover = filled(QSize(20, 20), Qt::blue);
+    CustomPictureBtn button(filled(QSize(20, 20), Qt::black), QString(), 0, nullptr, false);
+    emptyBase(button);
+    button.resize(20, 20);
+    button.setDisabledIcon(none);
+    button.setHoverIcon(hover);
+    button.setEnabled(false);
+    QEvent enter(QEvent::Enter);
+    QCoreApplication::sendEvent(&button, &enter);
+    QCOMPARE(renderWidget(&button).pixelColor(10, 10), QColor(Qt::blue));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&button, &leave);
+    QCOMPARE(renderWidget(&button).pixelColor(10, 10), QColor(Qt::black));
+}
+
+void tst_CustomPictureBtn::invalidRectangleShowsNoPicture()
+{
+    CustomPictureBtn button(filled(QSize(20, 20), Qt::black), QString(), 0, nullptr, false);
+    emptyBase(button);
+    button.resize(60, 30);
+    button.setCustomText(QString(), QRect(0, 0, 60, 30));
+    button.adjustIconRect(QRect(10, 10, -5, -5));
+    QCOMPARE(differingPixels(renderWidget(&button), expected(button, {})), 0);
 }
 
 void tst_CustomPictureBtn::textColorByState_data()
@@ -331,6 +380,16 @@ void tst_CustomPictureBtn::fixesTheSizeOfPictureAndText()
     const int width = 37 + qCeil(QFontMetricsF(font).boundingRect(text).width());
     QCOMPARE(button.minimumSize(), QSize(width, height));
     QCOMPARE(button.maximumSize(), QSize(width, height));
+
+    // The font of the state counts.
+    button.setFont(font, font, pixelFont(50), pixelFont(60));
+    button.setEnabled(false);
+    button.resizeWithIconAndText();
+    QCOMPARE(button.height(), 60);
+    button.setCheckable(true);
+    button.setChecked(true);
+    button.resizeWithIconAndText();
+    QCOMPARE(button.height(), 50);
 }
 
 void tst_CustomPictureBtn::autoResizeNeedsAText()

@@ -78,7 +78,7 @@ void tst_customslider::tellsTheValueUnderAClick_data()
     QTest::newRow("single value") << Qt::Horizontal << 7 << 7 << 100 << 60 << 7;
     QTest::newRow("all of int, centre") << Qt::Horizontal << kLowest << kHighest << 100 << 50 << 0;
     QTest::newRow("all of int, right") << Qt::Horizontal << kLowest << kHighest << 100 << 100 << kHighest;
-    QTest::newRow("no width, right") << Qt::Horizontal << 3 << 9 << 0 << 4 << 3;
+    QTest::newRow("no width, right") << Qt::Horizontal << 3 << 9 << 0 << 4 << 9;
     QTest::newRow("no width") << Qt::Horizontal << 3 << 9 << 0 << 0 << 3;
 }
 

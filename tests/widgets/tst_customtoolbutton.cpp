@@ -43,6 +43,7 @@ public:
 protected:
     void showEvent(QShowEvent *) override { order << QStringLiteral("show at %1,%2").arg(x()).arg(y()); }
     void resizeEvent(QResizeEvent *) override { order << QStringLiteral("resize"); }
+    void focusOutEvent(QFocusEvent *) override { order << QStringLiteral("focus out"); }
 };
 
 void sendPlain(QObject *object, QEvent::Type type)
@@ -121,6 +122,10 @@ private Q_SLOTS:
 
     void destroyedPanelsAreForgotten();
     void panelDestroyedWhileItOpens();
+    void panelDestroyedWhileItLosesTheFocus();
+    void buttonDestroyedWhileThePanelLosesTheFocus();
+    void otherPanelsTakeTheFocusOnEntry_data();
+    void otherPanelsTakeTheFocusOnEntry();
     void buttonDestroyedWhileAPanelOpens();
     void nullPanels();
 
@@ -669,19 +674,79 @@ void tst_CustomToolButton::destroyedPanelsAreForgotten()
 
 void tst_CustomToolButton::panelDestroyedWhileItOpens()
 {
-    class SuicidalPanel : public Panel
+    // Raising a panel ends with the news of it, which a filter may take for its end.
+    class RaiseKiller : public QObject
     {
     public:
-        using Panel::Panel;
-
-    protected:
-        void showEvent(QShowEvent *) override { deleteLater(); }
+        bool eventFilter(QObject *watched, QEvent *event) override
+        {
+            if (event->type() != QEvent::ZOrderChange)
+                return false;
+            delete watched;
+            return true;
+        }
     };
-    QPointer<Panel> brief(new SuicidalPanel(m_window));
-    newButton(false)->setClickWidget(brief, true);
+    new QWidget(m_window); // above the panel, so that raising it changes something
+    newButton(false)->setClickWidget(panel(), true);
+    RaiseKiller killer;
+    panel()->installEventFilter(&killer);
     sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
-    QTRY_VERIFY(!brief);
+    QVERIFY(!panel());
     sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
+}
+
+void tst_CustomToolButton::panelDestroyedWhileItLosesTheFocus()
+{
+    newButton(true)->setClickWidget(panel(), true);
+    m_button->setChecked(true);
+    panel()->show();
+    connect(m_button, &QToolButton::toggled, this, [this] { delete m_panel; });
+    sendPlain(panel(), QEvent::FocusOut);
+    QVERIFY(!panel());
+}
+
+void tst_CustomToolButton::buttonDestroyedWhileThePanelLosesTheFocus()
+{
+    newButton(true)->setClickWidget(panel(), true);
+    m_button->setChecked(true);
+    panel()->show();
+    connect(m_button, &QToolButton::toggled, this, [this] { delete m_button; });
+    panel()->order.clear();
+    QFocusEvent event(QEvent::FocusOut);
+    QCoreApplication::sendEvent(panel(), &event);
+    QVERIFY(!m_button);
+    QCOMPARE(panel()->order, QStringList{QStringLiteral("focus out")}); // the event is the panel's all the same
+}
+
+void tst_CustomToolButton::otherPanelsTakeTheFocusOnEntry_data()
+{
+    QTest::addColumn<bool>("hover");
+    QTest::addColumn<bool>("takeFocus");
+    QTest::addColumn<bool>("uncheckOnHide");
+    for (const bool hover : {false, true}) {
+        for (const bool takeFocus : {false, true}) {
+            for (const bool uncheckOnHide : {false, true})
+                QTest::addRow("%s%s%s", hover ? "hover" : "right click", takeFocus ? ", takes the focus" : "",
+                              uncheckOnHide ? ", unchecks" : "")
+                    << hover << takeFocus << uncheckOnHide;
+        }
+    }
+}
+
+void tst_CustomToolButton::otherPanelsTakeTheFocusOnEntry()
+{
+    QFETCH(bool, hover);
+    QFETCH(bool, takeFocus);
+    QFETCH(bool, uncheckOnHide);
+    newButton(uncheckOnHide);
+    if (hover)
+        m_button->setHoverWidget(panel(), takeFocus);
+    else
+        m_button->setRightClickWidget(panel(), takeFocus);
+    panel()->show();
+    m_button->setFocus();
+    sendPlain(panel(), QEvent::Enter);
+    QCOMPARE(m_window->focusWidget() == panel(), takeFocus);
 }
 
 void tst_CustomToolButton::buttonDestroyedWhileAPanelOpens()

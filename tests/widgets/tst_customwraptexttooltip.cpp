@@ -64,6 +64,7 @@ private Q_SLOTS:
     void oneLineForm();
     void wrappingForm_data();
     void wrappingForm();
+    void unknownDirectionSetsNeitherMarginsNorWidth();
     void setTextFitsTheWindow();
     void paintsBoxAndArrow_data();
     void paintsBoxAndArrow();
@@ -145,6 +146,16 @@ void tst_customWrapTextToolTip::wrappingForm()
     QCOMPARE(label(toolTip)->alignment(), Qt::AlignLeft | Qt::AlignTop);
     QCOMPARE(label(toolTip)->sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred));
     QCOMPARE(toolTip.layout()->itemAt(0)->alignment(), Qt::Alignment());
+}
+
+void tst_customWrapTextToolTip::unknownDirectionSetsNeitherMarginsNorWidth()
+{
+    const customWrapTextToolTip toolTip(Direction(7), 180, nullptr, 33);
+    QWidget plain;
+    const QHBoxLayout plainLayout(&plain);
+    QCOMPARE(toolTip.layout()->contentsMargins(), plainLayout.contentsMargins());
+    QCOMPARE(toolTip.maximumWidth(), QWIDGETSIZE_MAX);
+    QCOMPARE(label(toolTip)->maximumWidth(), 180);
 }
 
 void tst_customWrapTextToolTip::setTextFitsTheWindow()

@@ -135,7 +135,7 @@ bool hasShapeOf(const QPixmap &source, QSizeF size)
 void appendImages(const QString &folder, QVector<QString> &files, bool animated, QStringList &enclosing)
 {
     const QString canonicalPath = QDir(folder).canonicalPath();
-    if (enclosing.contains(canonicalPath))
+    if (!canonicalPath.isEmpty() && enclosing.contains(canonicalPath))
         return;
     enclosing.append(canonicalPath);
     QDirIterator entries(folder, QDir::Dirs | QDir::Files | QDir::NoDotAndDotDot);
@@ -274,10 +274,13 @@ quint64 sizeBelow(const QString &path, QHash<QString, quint64> &known)
 {
     const QDir folder(path);
     const QString canonicalPath = folder.canonicalPath();
+    // A path too long to be resolved is no link back to anywhere.
+    const bool resolved = !canonicalPath.isEmpty();
     const auto counted = known.constFind(canonicalPath);
-    if (counted != known.constEnd())
+    if (resolved && counted != known.constEnd())
         return *counted;
-    known.insert(canonicalPath, 0);
+    if (resolved)
+        known.insert(canonicalPath, 0);
 
     quint64 size = 0;
     const QFileInfoList files = folder.entryInfoList(QDir::Files, QDir::Unsorted);
@@ -286,7 +289,8 @@ quint64 sizeBelow(const QString &path, QHash<QString, quint64> &known)
     const QStringList names = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (const QString &name : names)
         size += sizeBelow(path + QDir::separator() + name, known);
-    known.insert(canonicalPath, size);
+    if (resolved)
+        known.insert(canonicalPath, size);
     return size;
 }
 

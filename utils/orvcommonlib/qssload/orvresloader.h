@@ -21,8 +21,8 @@ class QRegularExpression;
 /// image (`icon@2x.png`) too. A reference to a missing name, or to an empty value, becomes nothing; the info
 /// line <name> "not exist" tells.
 ///
-/// Values that multiply each other without end (a name that stands twice in its own value, say) are left as
-/// they are.
+/// A text that would grow by more than 16 MiB is left as it is: values that multiply each other (a name that
+/// stands twice in its own value, say) would otherwise do so without end.
 ///
 /// Loaders can be copied; each is used in one thread. The time to load grows with the sizes of theme and
 /// sheet, not with their product.

@@ -17,10 +17,10 @@ QString iconSheet(const QString &imagePath)
     return QStringLiteral("QLabel{background:transparent; border:none; image:url(%1);}").arg(imagePath);
 }
 
-// An empty sheet leaves the look alone; a sheet that is in force already needs no second parsing.
-void applySheet(QWidget *widget, const QString &sheet)
+// An empty sheet leaves the look alone.
+void applySheet(QWidget *widget, const QString &sheet, bool onlyIfChanged)
 {
-    if (widget && !sheet.isEmpty() && widget->styleSheet() != sheet)
+    if (widget && !sheet.isEmpty() && !(onlyIfChanged && widget->styleSheet() == sheet))
         widget->setStyleSheet(sheet);
 }
 
@@ -66,7 +66,7 @@ void CustomizeIconButton::enterEvent(QEvent *event)
 {
     if (m_enabled) {
         m_hovered = true;
-        updateUI();
+        updateState();
     }
     QWidget::enterEvent(event);
 }
@@ -75,7 +75,7 @@ void CustomizeIconButton::leaveEvent(QEvent *event)
 {
     if (m_enabled) {
         m_hovered = false;
-        updateUI();
+        updateState();
     }
     QWidget::leaveEvent(event);
 }
@@ -85,7 +85,7 @@ void CustomizeIconButton::mousePressEvent(QMouseEvent *event)
     if (m_enabled && event->button() == Qt::LeftButton) {
         m_pressed = true;
         m_pressPos = event->pos();
-        updateUI();
+        updateState();
     }
     QWidget::mousePressEvent(event);
 }
@@ -94,7 +94,7 @@ void CustomizeIconButton::mouseReleaseEvent(QMouseEvent *event)
 {
     if (m_enabled && event->button() == Qt::LeftButton) {
         const bool wasPressed = std::exchange(m_pressed, false);
-        updateUI();
+        updateState();
         if (wasPressed && isClick(m_pressPos, event->pos())) {
             const QPointer<CustomizeIconButton> guard(this);
             Q_EMIT clicked();
@@ -139,10 +139,22 @@ void CustomizeIconButton::initControls(bool isCenter)
 
 void CustomizeIconButton::updateUI()
 {
+    applySheets(false);
+}
+
+// Between states a sheet that is in force already needs no second parsing. A setter applies it all the same: what the
+// sheet selects on may have changed.
+void CustomizeIconButton::updateState()
+{
+    applySheets(true);
+}
+
+void CustomizeIconButton::applySheets(bool onlyIfChanged)
+{
     const State now = state();
-    applySheet(this, m_overallSheets[now]);
-    applySheet(m_iconLabel, m_iconSheets[now]);
-    applySheet(m_textLabel, m_textSheets[now]);
+    applySheet(this, m_overallSheets[now], onlyIfChanged);
+    applySheet(m_iconLabel, m_iconSheets[now], onlyIfChanged);
+    applySheet(m_textLabel, m_textSheets[now], onlyIfChanged);
     update();
 }
 

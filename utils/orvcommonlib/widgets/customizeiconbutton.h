@@ -58,6 +58,8 @@ private:
 
     void initControls(bool isCenter);
     void updateUI();
+    void updateState();
+    void applySheets(bool onlyIfChanged);
     State state() const;
 
     QLabel *m_iconLabel = nullptr;

@@ -1,5 +1,6 @@
 #include "customkeysequenceedit.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
 
@@ -31,8 +32,11 @@ CustomKeySequenceEdit::~CustomKeySequenceEdit() = default;
 
 void CustomKeySequenceEdit::setKeySequence(const QKeySequence &sequence)
 {
+    // The sequence may be part of what a slot destroys: it is read before anything is emitted.
+    const bool empty = sequence.isEmpty();
+    const QPointer<CustomKeySequenceEdit> guard(this);
     QKeySequenceEdit::setKeySequence(sequence);
-    if (sequence.isEmpty())
+    if (guard && empty)
         setPlaceHolderText(m_placeholder);
 }
 
@@ -66,19 +70,24 @@ void CustomKeySequenceEdit::setNoContextMenu(bool noMenu)
 
 void CustomKeySequenceEdit::clear()
 {
+    const QPointer<CustomKeySequenceEdit> guard(this);
     QKeySequenceEdit::clear();
-    setPlaceHolderText(m_placeholder);
+    if (guard)
+        setPlaceHolderText(m_placeholder);
 }
 
 void CustomKeySequenceEdit::keyPressEvent(QKeyEvent *event)
 {
+    const QPointer<CustomKeySequenceEdit> guard(this);
     if (event->key() == Qt::Key_Backspace) {
         clear();
     } else {
         QKeySequenceEdit::keyPressEvent(event);
-        keepFirstChord();
+        if (guard)
+            keepFirstChord();
     }
-    Q_EMIT editingFinished();
+    if (guard)
+        Q_EMIT editingFinished();
 }
 
 QLineEdit *CustomKeySequenceEdit::innerLineEdit() const
@@ -95,6 +104,8 @@ void CustomKeySequenceEdit::keepFirstChord()
     // well. Clients have stored what this yields, so it stays.
     const QString chord = keySequence().toString(QKeySequence::PortableText).split(QLatin1Char(',')).first();
     const QKeySequence sequence = QKeySequence::fromString(chord, QKeySequence::PortableText);
+    const QPointer<CustomKeySequenceEdit> guard(this);
     setKeySequence(sequence);
-    Q_EMIT keySequenceChanged(sequence);
+    if (guard)
+        Q_EMIT keySequenceChanged(sequence);
 }

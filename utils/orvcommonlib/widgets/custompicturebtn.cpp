@@ -153,7 +153,7 @@ void CustomPictureBtn::paintEvent(QPaintEvent *event)
     painter.setFont(font);
     layOut(font);
 
-    if (!m_normalImage.isNull() && !m_iconRect.isNull())
+    if (!m_normalImage.isNull() && m_iconRect.isValid())
         painter.drawImage(m_iconRect, stateImage());
     if (!m_text.isEmpty() && !m_textRect.isNull()) {
         painter.setPen(stateTextColor());

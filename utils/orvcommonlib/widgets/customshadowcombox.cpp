@@ -365,6 +365,8 @@ void CustomShadowCombox::handleWhileOpen(const QObject *watched, QEvent::Type ty
 // closing and is not reported once more.
 void CustomShadowCombox::closePopup()
 {
+    if (!m_popup)
+        return;
     const QPointer<CustomShadowCombox> guard(this);
     m_closing = true;
     m_popup->hide();

@@ -42,8 +42,10 @@ void CustomSlider::mouseReleaseEvent(QMouseEvent *event)
 
 int CustomSlider::clickedValue() const
 {
-    // A slider without width has but one place to click.
-    const double share = width() > 0 ? double(m_releasePosition.x()) / width() : 0;
+    // A slider without width ends where it begins: everything right of it lies past its end.
+    if (width() <= 0)
+        return m_releasePosition.x() > 0 ? maximum() : minimum();
+    const double share = double(m_releasePosition.x()) / width();
     const double value = share * (double(maximum()) - minimum()) + minimum();
     if (value > maximum())
         return maximum();

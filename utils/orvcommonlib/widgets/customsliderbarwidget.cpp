@@ -26,6 +26,8 @@ constexpr qint64 kMostVisibleLayers = 256;
 
 // From a press on any bar to the next release on any bar.
 bool dragInProgress = false;
+// The bar of that press: when it is destroyed, nobody will see the release.
+const CustomSliderBarWidget *pressedBar = nullptr;
 
 } // namespace
 
@@ -44,8 +46,10 @@ CustomSliderBarWidget::CustomSliderBarWidget(QWidget *parent)
 
 CustomSliderBarWidget::~CustomSliderBarWidget()
 {
-    if (m_pressed)
+    if (pressedBar == this) {
         dragInProgress = false;
+        pressedBar = nullptr;
+    }
 }
 
 void CustomSliderBarWidget::setCount(int count)
@@ -79,11 +83,13 @@ bool CustomSliderBarWidget::event(QEvent *event)
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         dragInProgress = true;
+        pressedBar = this;
         m_pressed = true;
         updateState(static_cast<QMouseEvent *>(event)->pos());
         break;
     case QEvent::MouseButtonRelease:
         dragInProgress = false;
+        pressedBar = nullptr;
         m_pressed = false;
         update();
         Q_EMIT selectFinish(m_currentIndex);

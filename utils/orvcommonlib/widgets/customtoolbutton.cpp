@@ -104,8 +104,9 @@ void CustomToolButton::setSettingWidgetOffset(int offset)
 
 void CustomToolButton::adjustWidgetPosition()
 {
+    const QPointer<CustomToolButton> guard(this);
     for (const QPointer<QWidget> &panel : {m_rightClickPanel, m_clickPanel, m_hoverPanel}) {
-        if (panel)
+        if (guard && panel)
             adjustWidget(panel);
     }
 }
@@ -132,12 +133,15 @@ bool CustomToolButton::event(QEvent *event)
 
 bool CustomToolButton::eventFilter(QObject *watched, QEvent *event)
 {
-    // A handler of the application may destroy the button while a panel opens or hides; the event ends there
-    // then.
+    // A handler of the application may destroy the button or the panel while a panel opens or hides. Nothing is ever
+    // consumed; but what is gone cannot get its event any more.
+    const QPointer<QObject> receiver(watched);
     const QPointer<CustomToolButton> guard(this);
     if (processClickWidget(watched, event) && guard && processRightClickWidget(watched, event) && guard)
         processHoverWidget(watched, event);
-    return guard ? QObject::eventFilter(watched, event) : true;
+    if (!guard || !receiver)
+        return !receiver;
+    return QObject::eventFilter(watched, event);
 }
 
 bool CustomToolButton::processClickWidget(QObject *watched, QEvent *event)

@@ -108,7 +108,7 @@ void customWrapTextToolTip::paintEvent(QPaintEvent *event)
     QWidget::paintEvent(event);
 
     const QSize pixelSize = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    if (m_background.size() != pixelSize)
+    if (m_background.size() != pixelSize || m_background.devicePixelRatioF() != devicePixelRatioF())
         m_background = paintedBackground(pixelSize);
     if (!m_background.isNull())
         QPainter(this).drawPixmap(0, 0, m_background);

@@ -85,10 +85,9 @@ bool HorizontalSliderLogic<Slider>::press(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return false;
     m_slider->m_lastPosition = event->pos();
-    if (handleRect().contains(event->pos()))
-        m_slider->m_pressedOnHandle = true;
-    else
-        m_slider->m_pressedOnGroove = true;
+    const bool onHandle = handleRect().contains(event->pos());
+    m_slider->m_pressedOnHandle = m_slider->m_pressedOnHandle || onHandle;
+    m_slider->m_pressedOnGroove = !onHandle;
     event->accept();
     return true;
 }

@@ -61,7 +61,8 @@ public:
 
     /// Whether the slider takes presses and wears its colours; true at first. This is not
     /// QWidget::setEnabled(): while it is false the slider leaves presses and releases to QWidget, and so to
-    /// its parent. A drag that it interrupts rests until the slider is enabled again.
+    /// its parent. A drag in progress goes on following the pointer; its release is not seen, so that
+    /// it ends with the first release after the slider is enabled again.
     void setSliderEnabled(bool enabled);
 
 Q_SIGNALS:
