@@ -141,7 +141,8 @@ void tst_customcombox::leftPressAndReleaseArePassedOn()
 {
     QLineEdit *edit = m_combo->lineEdit();
     const QPoint globalPos = edit->mapToGlobal(QPoint(3, 3));
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(3, 3), globalPos, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(3, 3), globalPos, Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
     QVERIFY(!m_combo->eventFilter(edit, &press));
     QCOMPARE(press.pos(), m_combo->presses.first()); // moved to the arrow
     QMouseEvent release(QEvent::MouseButtonRelease, QPointF(3, 3), globalPos, Qt::LeftButton, Qt::NoButton,

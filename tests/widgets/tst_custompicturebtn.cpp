@@ -139,7 +139,8 @@ void tst_CustomPictureBtn::keepsTheTextRectangleAfterTheFirstPaint()
     const int left = (100 - (28 + textWidth)) / 2;
     button.resize(200, 60);
     button.setSpan(50);
-    const Drawing drawing = {image, QRect(left, 5, 20, 20), text, QRect(left + 28, 0, textWidth, 30), kDefaultColor, font};
+    const Drawing drawing = {
+        image, QRect(left, 5, 20, 20), text, QRect(left + 28, 0, textWidth, 30), kDefaultColor, font};
     QCOMPARE(differingPixels(renderWidget(&button), expected(button, drawing)), 0);
 }
 

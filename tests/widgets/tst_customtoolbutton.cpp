@@ -66,6 +66,27 @@ void sendHover(QWidget *widget, QEvent::Type type)
     QCoreApplication::sendEvent(widget, &event);
 }
 
+// Destroys a button when something happens to what it watches.
+class ButtonKiller : public QObject
+{
+public:
+    ButtonKiller(QPointer<ClockedButton> victim, QEvent::Type type)
+        : m_victim(victim)
+        , m_type(type)
+    {
+    }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == m_type)
+            delete m_victim;
+        return false;
+    }
+
+private:
+    QPointer<ClockedButton> m_victim;
+    QEvent::Type m_type;
+};
+
 const QRect kButtonRect(200, 150, 31, 25);
 
 } // namespace
@@ -710,12 +731,14 @@ void tst_CustomToolButton::buttonDestroyedWhileThePanelLosesTheFocus()
     newButton(true)->setClickWidget(panel(), true);
     m_button->setChecked(true);
     panel()->show();
-    connect(m_button, &QToolButton::toggled, this, [this] { delete m_button; });
+    ButtonKiller killer(m_button, QEvent::Hide);
+    panel()->installEventFilter(&killer);
     panel()->order.clear();
     QFocusEvent event(QEvent::FocusOut);
     QCoreApplication::sendEvent(panel(), &event);
     QVERIFY(!m_button);
-    QCOMPARE(panel()->order, QStringList{QStringLiteral("focus out")}); // the event is the panel's all the same
+    QCOMPARE(panel()->order,
+             QStringList{QStringLiteral("focus out")}); // the event is the panel's all the same
 }
 
 void tst_CustomToolButton::otherPanelsTakeTheFocusOnEntry_data()
@@ -751,26 +774,9 @@ void tst_CustomToolButton::otherPanelsTakeTheFocusOnEntry()
 
 void tst_CustomToolButton::buttonDestroyedWhileAPanelOpens()
 {
-    class ButtonKiller : public QObject
-    {
-    public:
-        explicit ButtonKiller(QPointer<ClockedButton> victim)
-            : m_victim(victim)
-        {
-        }
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            if (event->type() == QEvent::Show)
-                delete m_victim;
-            return false;
-        }
-
-    private:
-        QPointer<ClockedButton> m_victim;
-    };
     newButton(false)->setClickWidget(panel(), true);
     m_button->setRightClickWidget(panel(), true);
-    ButtonKiller killer(m_button);
+    ButtonKiller killer(m_button, QEvent::Show);
     panel()->installEventFilter(&killer);
     QTest::mouseRelease(m_button, Qt::RightButton);
     QVERIFY(!m_button);

@@ -142,8 +142,8 @@ void CustomizeIconButton::updateUI()
     applySheets(false);
 }
 
-// Between states a sheet that is in force already needs no second parsing. A setter applies it all the same: what the
-// sheet selects on may have changed.
+// Between states a sheet that is in force already needs no second parsing. A setter applies it all the same:
+// what the sheet selects on may have changed.
 void CustomizeIconButton::updateState()
 {
     applySheets(true);

@@ -133,8 +133,8 @@ bool CustomToolButton::event(QEvent *event)
 
 bool CustomToolButton::eventFilter(QObject *watched, QEvent *event)
 {
-    // A handler of the application may destroy the button or the panel while a panel opens or hides. Nothing is ever
-    // consumed; but what is gone cannot get its event any more.
+    // A handler of the application may destroy the button or the panel while a panel opens or hides. Nothing
+    // is ever consumed; but what is gone cannot get its event any more.
     const QPointer<QObject> receiver(watched);
     const QPointer<CustomToolButton> guard(this);
     if (processClickWidget(watched, event) && guard && processRightClickWidget(watched, event) && guard)
