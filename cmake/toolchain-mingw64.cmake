@@ -25,5 +25,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-set(CMAKE_CROSSCOMPILING_EMULATOR 
-    "${CMAKE_CURRENT_LIST_DIR}/../tools/run-under-wine;${ORV_WINDOWS_QT};${CMAKE_BINARY_DIR}/wine")
+# Programs of the target run under Wine, each on an X server of its own: two that share one take the focus and the
+# pointer from each other. No window on Windows is larger than the screen, and the gallery's are large at a ratio of 2.
+set(ORV_TOOLS ${CMAKE_CURRENT_LIST_DIR}/../tools)
+set(CMAKE_CROSSCOMPILING_EMULATOR
+    "${ORV_TOOLS}/with-server;--size;2400x1600;${ORV_TOOLS}/run-under-wine;${ORV_WINDOWS_QT};${CMAKE_BINARY_DIR}/wine")
