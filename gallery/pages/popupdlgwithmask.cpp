@@ -26,8 +26,7 @@ struct Arguments
     QSize size = kMessageSize;
     QMargins margins{kBorder, kBorder, kBorder, kBorder};
     QString title = QStringLiteral("Camera in use");
-    QString content =
-        QStringLiteral("Another application is using the camera. Close it first.");
+    QString content = QStringLiteral("Another application is using the camera. Close it first.");
     int pageCount = 3;
     bool unequal = false;
     QString note = QStringLiteral("Tip 1");

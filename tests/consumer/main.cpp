@@ -56,7 +56,8 @@ static void checkResources()
 
 static void checkHelpers()
 {
-    CHECK(totalcommon::generateMd5(QStringLiteral("abc")) == QLatin1String("900150983cd24fb0d6963f7d28e17f72"));
+    CHECK(totalcommon::generateMd5(QStringLiteral("abc")) ==
+          QLatin1String("900150983cd24fb0d6963f7d28e17f72"));
     orvcommonlib first;
     const orvcommonlib second = first;
     first = second;
@@ -86,8 +87,9 @@ static void checkMaskedMessage()
     QWidget window;
     window.resize(800, 600);
     window.show();
-    PopupDlgWithMask dialog(QString(), QSize(400, 300), 8, 8, 8, 8, QStringLiteral("title"), QStringLiteral("content"),
-                            QStringLiteral("note"), QStringLiteral("confirm"), true, false, false, false, &window);
+    PopupDlgWithMask dialog(QString(), QSize(400, 300), 8, 8, 8, 8, QStringLiteral("title"),
+                            QStringLiteral("content"), QStringLiteral("note"), QStringLiteral("confirm"),
+                            true, false, false, false, &window);
     int closings = 0;
     QObject::connect(&dialog, &PopupDlgWithMask::closeMsgBox, &dialog, [&closings] { ++closings; });
     QTimer::singleShot(0, &dialog, [&dialog] {

@@ -1,146 +1,39 @@
-#include "customtoolbutton.h"
+#include "customtoolbuttontest.h"
 #include "logcapture.h"
 
-#include <QtCore/QPointer>
 #include <QtCore/QTimer>
-#include <QtGui/QCursor>
-#include <QtGui/QMouseEvent>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
-#include <QtWidgets/QAction>
-#include <QtWidgets/QLabel>
 
-namespace {
-
-// A button whose clock the test turns.
-class ClockedButton : public CustomToolButton
-{
-public:
-    using CustomToolButton::CustomToolButton;
-    qint64 now = 1000000;
-
-protected:
-    qint64 currentMSecs() const override { return now; }
-};
-
-// A panel of a fixed size that it takes only when asked for it, and that notes what happens to it in which
-// order.
-class Panel : public QWidget
-{
-public:
-    explicit Panel(QWidget *parent, Qt::WindowFlags flags = Qt::WindowFlags())
-        : QWidget(parent, flags)
-    {
-        setFocusPolicy(Qt::StrongFocus);
-        resize(60, 40);
-        hide();
-    }
-    QSize sizeHint() const override { return hint; }
-
-    QSize hint = QSize(60, 40);
-    QStringList order;
-
-protected:
-    void showEvent(QShowEvent *) override { order << QStringLiteral("show at %1,%2").arg(x()).arg(y()); }
-    void resizeEvent(QResizeEvent *) override { order << QStringLiteral("resize"); }
-    void focusOutEvent(QFocusEvent *) override { order << QStringLiteral("focus out"); }
-};
-
-void sendPlain(QObject *object, QEvent::Type type)
-{
-    QEvent event(type);
-    QCoreApplication::sendEvent(object, &event);
-}
-
-void sendMouse(QWidget *widget, QEvent::Type type, Qt::MouseButton button)
-{
-    const QPoint pos = widget->rect().center();
-    QMouseEvent event(type, pos, widget->mapToGlobal(pos), button,
-                      type == QEvent::MouseButtonRelease ? Qt::NoButton : button, Qt::NoModifier);
-    QCoreApplication::sendEvent(widget, &event);
-}
-
-void sendHover(QWidget *widget, QEvent::Type type)
-{
-    QHoverEvent event(type, QPointF(1, 1), QPointF(-1, -1));
-    QCoreApplication::sendEvent(widget, &event);
-}
-
-// Destroys a button when something happens to what it watches.
-class ButtonKiller : public QObject
-{
-public:
-    ButtonKiller(QPointer<ClockedButton> victim, QEvent::Type type)
-        : m_victim(victim)
-        , m_type(type)
-    {
-    }
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == m_type)
-            delete m_victim;
-        return false;
-    }
-
-private:
-    QPointer<ClockedButton> m_victim;
-    QEvent::Type m_type;
-};
-
-const QRect kButtonRect(200, 150, 31, 25);
-
-} // namespace
-
-class tst_CustomToolButton : public QObject
+class tst_CustomToolButton : public CustomToolButtonTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
-
     void directionsHaveTheirNumbers();
     void buildsItsStyleSheetFromFourPictures();
     void checkedButtonIgnoresShortcuts();
-
     void clickOpensTheClickPanel_data();
     void clickOpensTheClickPanel();
     void clickNeverClosesThePanel();
-    void panelIsShownBeforeItGetsItsSize();
     void focusOutClosesTheClickPanel_data();
     void focusOutClosesTheClickPanel();
     void focusOutWithThePointerOnTheButtonKeepsThePanel();
     void clickPanelTakesTheFocusOnEntry_data();
     void clickPanelTakesTheFocusOnEntry();
-
     void rightClickOpensAtOnce();
     void longPressOpensOnRelease_data();
     void longPressOpensOnRelease();
     void secondReleaseOfADoubleClickIsNoLongPress();
     void pressTimeIsForgottenAtTheRelease();
-
     void hoverOpensAndLeavingClosesLater();
     void travellingToTheHoverPanelKeepsItOpen();
     void eachHoverPanelGetsATimerOfItsOwn();
-
     void hidingUnchecks_data();
     void hidingUnchecks();
-
     void disabledButtonOpensNothing();
     void panelsAreWatchedWhileTheButtonIsDisabled();
     void eventsAreNeverConsumed();
-
-    void placesThePanel_data();
-    void placesThePanel();
-    void placesATopLevelPanelInGlobalCoordinates();
-    void unknownDirectionPlacesNothing();
-    void topStaysInsideTheWindow_data();
-    void topStaysInsideTheWindow();
-    void topNarrowsAPanelLeftOfItsParent();
-    void placesAgainOnDemandAndOnEachShowing();
-    void logsEachPlacing_data();
-    void logsEachPlacing();
-
     void destroyedPanelsAreForgotten();
     void panelDestroyedWhileItOpens();
     void panelDestroyedWhileItLosesTheFocus();
@@ -149,39 +42,7 @@ private Q_SLOTS:
     void otherPanelsTakeTheFocusOnEntry();
     void buttonDestroyedWhileAPanelOpens();
     void nullPanels();
-
-private:
-    Panel *panel() const { return m_panel; }
-    ClockedButton *newButton(bool uncheckOnHide, SettingWidgetDirection direction = Bottom);
-
-    QWidget *m_window = nullptr;
-    QPointer<Panel> m_panel;
-    QPointer<ClockedButton> m_button;
 };
-
-void tst_CustomToolButton::init()
-{
-    m_window = new QWidget;
-    m_window->setGeometry(100, 80, 500, 400);
-    m_panel = new Panel(m_window);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window));
-    QCursor::setPos(m_window->mapToGlobal(QPoint(490, 390)));
-}
-
-void tst_CustomToolButton::cleanup()
-{
-    delete m_window;
-}
-
-ClockedButton *tst_CustomToolButton::newButton(bool uncheckOnHide, SettingWidgetDirection direction)
-{
-    m_button = new ClockedButton(uncheckOnHide, m_window, direction);
-    m_button->setGeometry(kButtonRect);
-    m_button->setCheckable(true);
-    m_button->show();
-    return m_button;
-}
 
 void tst_CustomToolButton::directionsHaveTheirNumbers()
 {
@@ -260,24 +121,6 @@ void tst_CustomToolButton::clickNeverClosesThePanel()
         QTest::mouseClick(m_button, Qt::LeftButton);
         QVERIFY(panel()->isVisible());
     }
-}
-
-void tst_CustomToolButton::panelIsShownBeforeItGetsItsSize()
-{
-    // It is placed with the size that it has; the size that it wants comes afterwards and does not place it
-    // again.
-    newButton(false)->setClickWidget(panel(), false);
-    panel()->hint = QSize(90, 70);
-    panel()->order.clear();
-    sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
-    const QPoint center = kButtonRect.topLeft() + QRect(QPoint(), kButtonRect.size()).center();
-    QRect placed(0, 0, 60, 40);
-    placed.moveCenter(QPoint(center.x(), int(center.y() + (25 + 40) / 2.0 + 6)));
-    QCOMPARE(panel()->pos(), placed.topLeft());
-    QCOMPARE(panel()->size(), QSize(90, 70));
-    QCOMPARE(panel()->order.first(), QStringLiteral("resize")); // the size it had, delivered on showing
-    QCOMPARE(panel()->order.at(1), QStringLiteral("show at %1,%2").arg(placed.x()).arg(placed.y()));
-    QCOMPARE(panel()->order.last(), QStringLiteral("resize"));
 }
 
 void tst_CustomToolButton::focusOutClosesTheClickPanel_data()
@@ -513,166 +356,6 @@ void tst_CustomToolButton::eventsAreNeverConsumed()
     QVERIFY(panel()->order.join(QLatin1Char(' ')).contains(QStringLiteral("show")));
 }
 
-void tst_CustomToolButton::placesThePanel_data()
-{
-    QTest::addColumn<int>("direction");
-    QTest::addColumn<QSize>("panelSize");
-    QTest::addColumn<QPoint>("topLeft");
-    // The button's centre is at (215, 162): the centre of a QRect of 31 x 25 is (15, 12).
-    const auto topLeftOf = [](QPoint center, QSize size) {
-        QRect rect(QPoint(), size);
-        rect.moveCenter(center);
-        return rect.topLeft();
-    };
-    const QSize even(60, 40);
-    const QSize odd(61, 41);
-    QTest::newRow("bottom") << 0 << even
-                            << topLeftOf(QPoint(215, 162 + 32 + 9), even); // 162 + 32.5 + 9, truncated
-    QTest::newRow("bottom, odd") << 0 << odd << topLeftOf(QPoint(215, 162 + 33 + 9), odd);
-    QTest::newRow("left") << 1 << even << topLeftOf(QPoint(155, 162), even);     // 215 - 45.5 - 14 = 155.5
-    QTest::newRow("left, odd") << 1 << odd << topLeftOf(QPoint(155, 162), odd);  // 215 - 46 - 14
-    QTest::newRow("right") << 3 << even << topLeftOf(QPoint(246, 162), even);    // 215 + 45.5 - 14 = 246.5
-    QTest::newRow("right, odd") << 3 << odd << topLeftOf(QPoint(247, 162), odd); // 215 + 46 - 14
-    QTest::newRow("top") << 2 << even << QPoint(185, 150 - 40 - 25);
-    QTest::newRow("top, odd") << 2 << odd << QPoint(184, 150 - 41 - 25); // 215 - 30.5, truncated
-}
-
-void tst_CustomToolButton::placesThePanel()
-{
-    QFETCH(int, direction);
-    QFETCH(QSize, panelSize);
-    QFETCH(QPoint, topLeft);
-    newButton(false, SettingWidgetDirection(direction))->setClickWidget(panel(), false);
-    m_button->setSettingWidgetOffset(9);
-    panel()->resize(panelSize);
-    panel()->show();
-    QCOMPARE(panel()->geometry(), QRect(topLeft, panelSize));
-}
-
-void tst_CustomToolButton::placesATopLevelPanelInGlobalCoordinates()
-{
-    Panel topLevel(nullptr, Qt::Tool | Qt::FramelessWindowHint);
-    newButton(false, Bottom)->setClickWidget(&topLevel, false);
-    topLevel.show();
-    const QPoint center = m_button->mapToGlobal(m_button->rect().center());
-    QRect expected(0, 0, 60, 40);
-    expected.moveCenter(QPoint(center.x(), int(center.y() + (25 + 40) / 2.0 + 6)));
-    QCOMPARE(topLevel.geometry(), expected);
-
-    // Above, a panel without a parent is not kept inside anything.
-    delete m_button;
-    topLevel.hide();
-    newButton(false, Top)->setClickWidget(&topLevel, false);
-    m_button->move(2, 2);
-    topLevel.show();
-    const QPoint topCenter = m_button->mapToGlobal(QPoint(15, 0));
-    QCOMPARE(topLevel.pos(), QPoint(topCenter.x() - 30, topCenter.y() - 40 - 25));
-}
-
-void tst_CustomToolButton::unknownDirectionPlacesNothing()
-{
-    LogCapture log;
-    newButton(false, SettingWidgetDirection(17))->setClickWidget(panel(), false);
-    panel()->move(7, 8);
-    panel()->show();
-    QCOMPARE(panel()->pos(), QPoint(7, 8));
-    QCOMPARE(log.count(), 0);
-}
-
-void tst_CustomToolButton::topStaysInsideTheWindow_data()
-{
-    QTest::addColumn<int>("buttonX");
-    QTest::addColumn<int>("panelX");
-    // The window is 500 wide. The right edge of a moved panel lies on x = 486, its left edge then on 486
-    // - 59.
-    QTest::newRow("inside") << 200 << 185;
-    QTest::newRow("right edge just inside") << 456 << 441; // top-right at 500
-    QTest::newRow("right edge outside") << 457 << 427;
-    QTest::newRow("far right") << 469 << 427;
-    QTest::newRow("left edge just inside") << 15 << 0;
-    QTest::newRow("left edge outside") << 14 << 14;
-    QTest::newRow("far left") << 0 << 14;
-}
-
-void tst_CustomToolButton::topStaysInsideTheWindow()
-{
-    QFETCH(int, buttonX);
-    QFETCH(int, panelX);
-    newButton(false, Top)->setClickWidget(panel(), false);
-    m_button->move(buttonX, 150);
-    panel()->show();
-    QCOMPARE(panel()->geometry(), QRect(panelX, 150 - 40 - 25, 60, 40));
-}
-
-void tst_CustomToolButton::topNarrowsAPanelLeftOfItsParent()
-{
-    // The parent of the panel starts at x = 100 of the window: a panel over a button left of it is inside the
-    // window but left of its parent. Its left edge goes to 14 and its right edge stays.
-    QWidget area(m_window);
-    area.setGeometry(100, 0, 300, 300);
-    area.show();
-    auto *inner = new Panel(&area);
-    newButton(false, Top)->setClickWidget(inner, false);
-    m_button->move(90, 150);
-    inner->show();
-    const int left = 90 + 15 - 30 - 100;
-    QCOMPARE(inner->geometry(), QRect(QPoint(14, 85), QPoint(left + 59, 85 + 39)));
-}
-
-void tst_CustomToolButton::placesAgainOnDemandAndOnEachShowing()
-{
-    Panel rightPanel(m_window);
-    Panel hoverPanel(m_window);
-    newButton(false)->setClickWidget(panel(), false);
-    m_button->setRightClickWidget(&rightPanel, false);
-    m_button->setHoverWidget(&hoverPanel, false);
-    for (Panel *each : {panel(), &rightPanel, &hoverPanel})
-        each->show();
-    const QPoint before = panel()->pos();
-    m_button->move(m_button->pos() + QPoint(10, 20));
-    QCOMPARE(panel()->pos(), before);
-    m_button->adjustWidgetPosition();
-    for (Panel *each : {panel(), &rightPanel, &hoverPanel})
-        QCOMPARE(each->pos(), before + QPoint(10, 20));
-
-    panel()->hide();
-    m_button->move(m_button->pos() - QPoint(10, 20));
-    panel()->show();
-    QCOMPARE(panel()->pos(), before);
-}
-
-void tst_CustomToolButton::logsEachPlacing_data()
-{
-    QTest::addColumn<int>("direction");
-    QTest::addColumn<QStringList>("texts");
-    QTest::newRow("bottom") << 0 << QStringList{QStringLiteral("QRect(438,181 60x40)")};
-    QTest::newRow("left") << 1 << QStringList{QStringLiteral("QRect(378,143 60x40)")};
-    QTest::newRow("right") << 3 << QStringList{QStringLiteral("QRect(469,143 60x40)")};
-    QTest::newRow("top") << 2
-                         << QStringList{QStringLiteral("QRect(437,85 60x40)"),
-                                        QStringLiteral("QRect(437,85 60x40)")};
-    QTest::newRow("top, clamped") << 102
-                                  << QStringList{QStringLiteral("QRect(447,85 60x40)"),
-                                                 QStringLiteral("QRect(427,85 60x40)")};
-}
-
-void tst_CustomToolButton::logsEachPlacing()
-{
-    QFETCH(int, direction);
-    QFETCH(QStringList, texts);
-    newButton(false, SettingWidgetDirection(direction % 100))->setClickWidget(panel(), false);
-    m_button->move(direction >= 100 ? 462 : 452, 150);
-    LogCapture log;
-    m_button->adjustWidgetPosition();
-    QCOMPARE(log.texts(), texts);
-    for (const LogLine &line : log.lines()) {
-        QCOMPARE(line.type, QtInfoMsg);
-        QVERIFY(line.function.contains(QStringLiteral("CustomToolButton::adjustWidget(")));
-        QVERIFY(line.file.endsWith(QStringLiteral("customtoolbutton.cpp")));
-        QVERIFY(line.line > 0);
-    }
-}
-
 void tst_CustomToolButton::destroyedPanelsAreForgotten()
 {
     Panel *rightPanel = new Panel(m_window);
@@ -796,4 +479,5 @@ void tst_CustomToolButton::nullPanels()
 
 QTEST_MAIN(tst_CustomToolButton)
 
+#include "moc_customtoolbuttontest.cpp"
 #include "tst_customtoolbutton.moc"
