@@ -245,7 +245,7 @@ QImage NinePatch(QString &fileName, int left, int top, int right, int bottom, in
 {
     const QSize size(width, height);
     if (!isPictureSize(size))
-        return QImage();
+        return {};
     const Border border{sane(left), sane(top), sane(right), sane(bottom)};
     const QImage source(fileName);
     const bool isLow = isEnoughToRepeatRows(source, border, size);
@@ -259,7 +259,7 @@ QPixmap NinePatch(QPixmap &pixmap, int left, int top, int right, int bottom, int
 {
     const QSize size(width, height);
     if (!isPictureSize(size))
-        return QPixmap();
+        return {};
     const Border border{sane(left), sane(top), sane(right), sane(bottom)};
     const QImage source = pixmap.toImage();
     // Pieces of a pixmap that was made without converting its image are converted when they are cut.

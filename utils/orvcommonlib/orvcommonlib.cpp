@@ -46,7 +46,7 @@ bool isPictureSize(qint64 width, qint64 height)
 QImage transparentCanvas(QSize size)
 {
     if (!isPictureSize(size.width(), size.height()))
-        return QImage();
+        return {};
     QImage canvas(size, QImage::Format_RGBA8888);
     canvas.fill(Qt::transparent);
     return canvas;
@@ -70,7 +70,7 @@ QPixmap roundedPixmap(const QPixmap &picture, QSize size, double radius)
 {
     QImage canvas = transparentCanvas(size);
     if (canvas.isNull())
-        return QPixmap();
+        return {};
     const QRect rect(QPoint(0, 0), size);
     QPainter painter(&canvas);
     setHints(painter);
@@ -89,7 +89,7 @@ QPixmap middleOf(const QPixmap &source, QSize target)
     const qint64 width = wide ? sourceWidth * target.height() / sourceHeight : target.width();
     const qint64 height = wide ? target.height() : sourceHeight * target.width() / sourceWidth;
     if (!isPictureSize(width, height))
-        return QPixmap();
+        return {};
 
     QImage canvas = transparentCanvas(QSize(int(width), int(height)));
     QPainter painter(&canvas);
@@ -110,14 +110,14 @@ QPixmap coveringPixmap(const QPixmap &source, QSizeF size)
     const qint64 width = wide ? sourceWidth * target.height() / sourceHeight : target.width();
     const qint64 height = wide ? target.height() : sourceHeight * target.width() / sourceWidth;
     if (!isPictureSize(width, height))
-        return QPixmap();
+        return {};
 
     const QPixmap scaled =
         source.scaled(int(width), int(height), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     if (wide && size.width() != double(width))
-        return scaled.copy(QRect(QPoint(int((width - size.width()) / 2.0), 0), target));
+        return scaled.copy(QRect(QPoint(int((double(width) - size.width()) / 2.0), 0), target));
     if (!wide && size.height() != double(height))
-        return scaled.copy(QRect(QPoint(0, int((height - size.height()) / 2.0)), target));
+        return scaled.copy(QRect(QPoint(0, int((double(height) - size.height()) / 2.0)), target));
     return scaled;
 }
 
@@ -161,10 +161,10 @@ void appendImages(const QString &folder, QVector<QString> &files, bool animated,
 } // namespace
 
 orvcommonlib::orvcommonlib() = default;
-orvcommonlib::orvcommonlib(const orvcommonlib &other) = default;
-orvcommonlib::orvcommonlib(orvcommonlib &&other) noexcept = default;
-orvcommonlib &orvcommonlib::operator=(const orvcommonlib &other) = default;
-orvcommonlib &orvcommonlib::operator=(orvcommonlib &&other) noexcept = default;
+orvcommonlib::orvcommonlib(const orvcommonlib &) = default;
+orvcommonlib::orvcommonlib(orvcommonlib &&) noexcept = default;
+orvcommonlib &orvcommonlib::operator=(const orvcommonlib &) = default;
+orvcommonlib &orvcommonlib::operator=(orvcommonlib &&) noexcept = default;
 orvcommonlib::~orvcommonlib() = default;
 
 bool orvcommonlib::scaleAndClipPixmap(QPixmap &source, QSize size, int radius, QPixmap &output)
@@ -363,7 +363,7 @@ QString generateMd5(QString text)
 {
     if (text.isEmpty()) {
         qInfo() << "str info is empty";
-        return QString();
+        return {};
     }
     const std::string bytes = text.toStdString();
     QCryptographicHash hash(QCryptographicHash::Md5);
@@ -375,14 +375,14 @@ QString FileMD5(QString path, QString extraText)
 {
     if (path.isEmpty() || !QFile::exists(path)) {
         qInfo() << "AAAAA--file not exist";
-        return QString();
+        return {};
     }
     // Opening a pipe would wait for its writer.
     if (!QFileInfo(path).isFile())
-        return QString();
+        return {};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return QString();
+        return {};
     QCryptographicHash hash(QCryptographicHash::Md5);
     hash.addData(file.read(qMin(kDigestedBytes, file.size())));
     if (!extraText.isEmpty())

@@ -93,7 +93,7 @@ QKeySequence QHotkey::shortcut() const
 {
     if (m_keyCode == Qt::Key_unknown)
         return {};
-    return QKeySequence(static_cast<int>(m_keyCode | m_modifiers));
+    return {static_cast<int>(m_keyCode | m_modifiers)};
 }
 
 Qt::Key QHotkey::keyCode() const

@@ -303,8 +303,8 @@ void QHotkeyPrivateX11::moveGrabs(const X11KeyboardMap &map)
 
 int QHotkeyPrivateX11::indexOf(QHotkey::NativeShortcut shortcut) const
 {
-    const auto found = std::find_if(m_grabs.cbegin(), m_grabs.cend(),
-                                    [&](const Grab &grab) { return grab.shortcut == shortcut; });
+    const auto *const found = std::find_if(m_grabs.cbegin(), m_grabs.cend(),
+                                           [&](const Grab &grab) { return grab.shortcut == shortcut; });
     return found == m_grabs.cend() ? -1 : static_cast<int>(found - m_grabs.cbegin());
 }
 

@@ -34,9 +34,9 @@ QString OrvResourceLoader::load(const QString &fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
         qWarning() << QLatin1String("load [") + fileName + QLatin1String("] failed:") << file.errorString();
-        return QString();
+        return {};
     }
-    const QString text = QString::fromUtf8(file.readAll());
+    QString text = QString::fromUtf8(file.readAll());
     file.close();
     return text;
 }
@@ -61,10 +61,10 @@ bool OrvResourceLoader::initConfigFile(const QString &fileName)
 
     // One pass only, deliberately: a value sees those before it resolved and those behind it as they are in
     // the file.
-    for (auto value = m_themeValues.begin(); value != m_themeValues.end(); ++value) {
-        QString resolved = *value;
+    for (QString &value : m_themeValues) {
+        QString resolved = value;
         replaceReferences(resolved, referencesIn(resolved));
-        *value = resolved;
+        value = resolved;
     }
     return true;
 }
@@ -87,7 +87,7 @@ QString OrvResourceLoader::getMatchedValue(const QString &reference) const
 {
     QString name = reference;
     name.remove(QLatin1Char('@')).remove(QLatin1Char('{')).remove(QLatin1Char('}'));
-    const QString value = m_themeValues.value(name, QString());
+    QString value = m_themeValues.value(name, QString());
     if (value.isEmpty())
         qInfo() << name << "not exist";
     return value;

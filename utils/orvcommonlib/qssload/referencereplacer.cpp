@@ -10,7 +10,7 @@ constexpr int kFirstAnchor = 0;
 constexpr QChar kAt = u'@';
 
 /// No style sheet is that much longer than its source: values that make it so multiply each other for ever.
-constexpr qint64 kLargestGrowth = 16 * 1024 * 1024;
+constexpr qint64 kLargestGrowth = qint64(16) * 1024 * 1024;
 
 } // namespace
 
@@ -159,7 +159,7 @@ void ReferenceReplacer::follow(int anchor, int done)
 void ReferenceReplacer::schedule(int anchor, int branch, int done)
 {
     const QVector<int> &candidates = m_branches.at(branch).replacements;
-    const auto candidate = std::upper_bound(candidates.cbegin(), candidates.cend(), done);
+    const auto *const candidate = std::upper_bound(candidates.cbegin(), candidates.cend(), done);
     if (candidate == candidates.cend())
         return;
     int &waiting = m_anchors[anchor].replacement;

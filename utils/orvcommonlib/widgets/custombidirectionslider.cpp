@@ -70,7 +70,8 @@ int CustomBidirectionSlider::valueX() const
     const qint64 toMaximum = qint64(maximum()) - middle();
     const float perValue = toMaximum == 0 ? 0.0F : float(m_handleWidth) / 2 / float(toMaximum);
     const qint64 sign = fromMiddle >= 0 ? 1 : -1;
-    const float offset = float(fromMiddle) * perValue + float(sign * m_handleWidth / 2);
+    const qint64 halfHandle = sign * m_handleWidth / 2;
+    const float offset = float(fromMiddle) * perValue + float(halfHandle);
     return truncated(share(value()) * width() - double(offset));
 }
 

