@@ -8,7 +8,7 @@
 #include <vector>
 
 #if defined(Q_OS_LINUX)
-#    include <time.h>
+#    include <ctime>
 #endif
 #if defined(__GLIBC__)
 #    include <malloc.h>
@@ -17,7 +17,7 @@
 namespace {
 
 constexpr int kSamples = 25;
-constexpr qint64 kSampleNs = 4 * 1000 * 1000;
+constexpr qint64 kSampleNs = qint64(4) * 1000 * 1000;
 constexpr int kMaxCalls = 1000000;
 
 std::vector<std::pair<const char *, BenchGroup::Body>> &groups()

@@ -48,6 +48,7 @@ public:
     static void keep(const T &value)
     {
         s_sink = &value;
+        s_sink = nullptr; // the value may be gone soon
     }
 
 private:

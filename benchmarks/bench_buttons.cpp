@@ -26,7 +26,7 @@ QImage picture()
 
 QIcon icon()
 {
-    return QIcon(QPixmap::fromImage(picture()));
+    return {QPixmap::fromImage(picture())};
 }
 
 QString flatStyle(const char *type)
@@ -56,6 +56,7 @@ double heapOfInstances(Make make)
 {
     const double before = Bench::heapBytes();
     std::vector<std::unique_ptr<QWidget>> widgets;
+    widgets.reserve(kInstances);
     for (int index = 0; index < kInstances; ++index)
         widgets.emplace_back(make());
     return (Bench::heapBytes() - before) / 1024;

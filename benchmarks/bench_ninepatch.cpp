@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kSourceSize = 64;
 constexpr int kBorder = 20;
+constexpr int kRings = 10;
+constexpr qreal kCornerRadius = 10;
 
 /// A panel with round corners and a soft edge: what dialogs use as their background.
 QImage panelImage()
@@ -20,14 +22,14 @@ QImage panelImage()
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    for (int ring = 0; ring < kBorder / 2; ++ring) {
+    for (int ring = 0; ring < kRings; ++ring) {
         QPainterPath path;
-        path.addRoundedRect(QRectF(image.rect()).adjusted(ring, ring, -ring, -ring), kBorder / 2,
-                            kBorder / 2);
+        path.addRoundedRect(QRectF(image.rect()).adjusted(ring, ring, -ring, -ring), kCornerRadius,
+                            kCornerRadius);
         painter.fillPath(path, QColor(0, 0, 0, 4 + 2 * ring));
     }
     QPainterPath panel;
-    panel.addRoundedRect(QRectF(image.rect()).adjusted(10, 10, -10, -10), kBorder / 2, kBorder / 2);
+    panel.addRoundedRect(QRectF(image.rect()).adjusted(10, 10, -10, -10), kCornerRadius, kCornerRadius);
     painter.fillPath(panel, Qt::white);
     return image;
 }

@@ -18,21 +18,12 @@ namespace HorizontalSliderChecks {
 
 /// Opens what is protected, and counts paints.
 template<typename Slider>
-class Probe : public Slider
+class Probe : public SliderTesting::PaintCounting<Slider>
 {
 public:
-    using Slider::Slider;
+    using SliderTesting::PaintCounting<Slider>::PaintCounting;
     using Slider::updateState;
     using Slider::updateValue;
-
-    int paints = 0;
-
-protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        ++paints;
-        Slider::paintEvent(event);
-    }
 };
 
 /// Writes down every signal in order.
@@ -111,11 +102,8 @@ void checkSetValue(Slider *slider, const Measures &)
 template<typename Slider>
 void checkUpdateComesBeforeTheSignal(Slider *slider, const Measures &)
 {
-    slider->show();
-    QVERIFY(QTest::qWaitForWindowExposed(slider));
-    QTRY_VERIFY(slider->paints > 0);
-    QCoreApplication::processEvents();
-    int paintsBefore = slider->paints;
+    QVERIFY(SliderTesting::showPainted(slider));
+    const int paintsBefore = slider->paints;
     bool paintedInSlot = false;
     QObject::connect(slider, &Slider::valueChanged, slider, [&] {
         QCoreApplication::sendPostedEvents();
@@ -124,9 +112,21 @@ void checkUpdateComesBeforeTheSignal(Slider *slider, const Measures &)
     });
     slider->setValue(42);
     QVERIFY(paintedInSlot);
-    paintsBefore = slider->paints;
-    slider->setRange(0, 50);
-    QTRY_VERIFY(slider->paints > paintsBefore);
+}
+
+/// The handle follows the pointer within a value, too.
+template<typename Slider>
+void checkEveryStepPaints(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    QVERIFY(showPainted(slider));
+    QVERIFY(paintsAfter(slider, [&] { slider->setRange(0, 2); }));
+    press(slider, measures.at(0));
+    QVERIFY(paintsAfter(slider, [&] { move(slider, measures.at(5)); }));
+    QVERIFY(paintsAfter(slider, [&] { release(slider, measures.at(6)); }));
+    QCOMPARE(slider->value(), 0);
+    QVERIFY(paintsAfter(slider, [&] { click(slider, measures.at(measures.travel / 2)); }));
+    QCOMPARE(slider->value(), 1);
 }
 
 template<typename Slider>
@@ -257,6 +257,15 @@ void checkOtherButtons(Slider *slider, const Measures &measures)
     QCOMPARE(recorder.taken(), QString());
     release(slider, measures.at(60));
     QCOMPARE(recorder.taken(), text("changed 60"));
+    painted(slider);
+    // A handle that is held, however, is let go by any of them.
+    press(slider, measures.at(60));
+    move(slider, measures.at(70));
+    QCOMPARE(recorder.taken(), text("moving 1, changed 70, moved 70"));
+    release(slider, measures.at(70), Qt::RightButton);
+    QCOMPARE(recorder.taken(), text("moving 0"));
+    move(slider, measures.at(80));
+    QCOMPARE(recorder.taken(), QString());
 }
 
 template<typename Slider>
@@ -439,6 +448,7 @@ const QVector<Check<Slider>> &all()
     static const QVector<Check<Slider>> checks{
         {"set value", checkSetValue<Slider>},
         {"update comes before the signal", checkUpdateComesBeforeTheSignal<Slider>},
+        {"every step paints", checkEveryStepPaints<Slider>},
         {"drag", checkDrag<Slider>},
         {"drag rests beyond the edges", checkDragRestsBeyondTheEdges<Slider>},
         {"press on the handle alone", checkPressOnHandleAlone<Slider>},

@@ -8,6 +8,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>
+#include <QtTest/QTest>
 #include <QtWidgets/QWidget>
 
 /// What the tests of the sliders share: painting step by step as the documentation puts it, with nothing kept
@@ -63,6 +64,44 @@ inline QImage painted(QWidget *widget, const QColor &ground = Qt::transparent)
     QImage image = canvas(*widget, ground);
     widget->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
     return image;
+}
+
+/// Counts paints.
+template<typename Base>
+class PaintCounting : public Base
+{
+public:
+    using Base::Base;
+
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        ++paints;
+        Base::paintEvent(event);
+    }
+};
+
+/// Shows a widget and waits until it has nothing left to paint.
+template<typename Widget>
+bool showPainted(Widget *widget)
+{
+    widget->show();
+    const bool shown =
+        QTest::qWaitForWindowExposed(widget) && QTest::qWaitFor([widget] { return widget->paints > 0; });
+    QCoreApplication::processEvents();
+    return shown;
+}
+
+/// True if the action makes a widget that is shown paint itself again.
+template<typename Widget, typename Action>
+bool paintsAfter(Widget *widget, Action action)
+{
+    QCoreApplication::processEvents();
+    const int before = widget->paints;
+    action();
+    return QTest::qWaitFor([widget, before] { return widget->paints > before; });
 }
 
 /// A skin of its own, in colours and shapes that no embedded one has.

@@ -17,10 +17,10 @@ namespace {
 constexpr int kLowest = std::numeric_limits<int>::min();
 constexpr int kHighest = std::numeric_limits<int>::max();
 
-class Bar : public CustomSliderBarWidget
+class Bar : public PaintCounting<CustomSliderBarWidget>
 {
 public:
-    using CustomSliderBarWidget::CustomSliderBarWidget;
+    using PaintCounting<CustomSliderBarWidget>::PaintCounting;
     using CustomSliderBarWidget::updateState;
 };
 
@@ -95,6 +95,7 @@ private Q_SLOTS:
     void paintsLikeThePlainRecipe_data();
     void paintsLikeThePlainRecipe();
     void paintsFillUnderThePointer();
+    void everyStepPaints();
     void marksOfTwoSteps();
     void moreStepsThanPixels();
     void absurdNumbers();
@@ -206,6 +207,18 @@ void tst_customsliderbarwidget::paintsFillUnderThePointer()
     }
     release(&bar, QPoint(60, 6));
     QCOMPARE(painted(&bar), plain(bar, 4, bar.getCurrentIndex()));
+}
+
+void tst_customsliderbarwidget::everyStepPaints()
+{
+    Bar bar;
+    QVERIFY(showPainted(&bar));
+    QVERIFY(paintsAfter(&bar, [&] { bar.setCurrenIndex(1); }));
+    QVERIFY(paintsAfter(&bar, [&] { bar.setCurrenIndex(0); }));
+    QVERIFY(paintsAfter(&bar, [&] { press(&bar, QPoint(20, 6)); }));
+    QVERIFY(paintsAfter(&bar, [&] { move(&bar, QPoint(30, 6)); }));
+    QVERIFY(paintsAfter(&bar, [&] { release(&bar, QPoint(30, 6)); }));
+    QCOMPARE(bar.getCurrentIndex(), 0);
 }
 
 void tst_customsliderbarwidget::marksOfTwoSteps()

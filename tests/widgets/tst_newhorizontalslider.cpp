@@ -365,13 +365,8 @@ void tst_newhorizontalslider::disabledInTheMiddleOfADrag()
 void tst_newhorizontalslider::setSliderEnabledPaints()
 {
     Slider slider;
-    slider.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&slider));
-    QTRY_VERIFY(slider.paints > 0);
-    QCoreApplication::processEvents();
-    const int before = slider.paints;
-    slider.setSliderEnabled(false);
-    QTRY_VERIFY(slider.paints > before);
+    QVERIFY(showPainted(&slider));
+    QVERIFY(paintsAfter(&slider, [&] { slider.setSliderEnabled(false); }));
 }
 
 void tst_newhorizontalslider::behaves_data()
