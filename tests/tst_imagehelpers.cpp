@@ -73,7 +73,7 @@ QPixmap plainSmoothThumbnail(const QPixmap &source, QSizeF size, double radius)
     const int sh = source.height();
     if ((th == sh && tw == sw) || std::fabs(tw / th - double(sw) / sh) <= 1e-6) {
         if (!(radius > 0))
-            return QPixmap();
+            return {};
         const QPixmap scaled = source.scaled(int(tw), int(th), Qt::KeepAspectRatio, Qt::SmoothTransformation);
         QImage canvas = canvasOf(QSizeF(tw, th).toSize().width(), QSizeF(tw, th).toSize().height());
         const QRectF rect(0, 0, tw, th);

@@ -79,7 +79,7 @@ private:
         name.remove(QLatin1Char('@'));
         name.remove(QLatin1Char('{'));
         name.remove(QLatin1Char('}'));
-        const QString value = m_values.value(name);
+        QString value = m_values.value(name);
         if (value.isEmpty())
             m_log << QStringLiteral("\"%1\" not exist").arg(name);
         return value;
@@ -215,7 +215,7 @@ QString tst_orvresloader::file(const QByteArray &content)
 {
     QFile file(m_folder.filePath(QString::number(++m_files)));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        return QString();
+        return {};
     return file.fileName();
 }
 

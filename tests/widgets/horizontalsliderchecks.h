@@ -42,7 +42,7 @@ public:
     /// What came since the last call, in one line.
     QString taken()
     {
-        const QString text = m_lines.join(QStringLiteral(", "));
+        QString text = m_lines.join(QStringLiteral(", "));
         m_lines.clear();
         return text;
     }

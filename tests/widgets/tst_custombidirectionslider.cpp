@@ -45,9 +45,10 @@ QImage plain(const CustomBidirectionSlider &slider, int lineWidth, int handleWid
         return image;
     painter.setPen(QPen(lineColor, lineWidth));
     painter.setBrush(QBrush(lineColor, Qt::SolidPattern));
-    const float k = handleWidth / 2.0F / float(maximum - mid);
+    const float k = float(handleWidth) / 2 / float(maximum - mid);
     const int sign = value >= mid ? 1 : -1;
-    const float offset = float(value - mid) * k + float((sign * handleWidth) / 2);
+    const int half = (sign * handleWidth) / 2;
+    const float offset = float(value - mid) * k + float(half);
     const int valueX = int(double(value - minimum) / (maximum - minimum) * w - double(offset));
     if (valueX == centerX || (value > mid && valueX < centerX) || (value < mid && valueX > centerX))
         return image;

@@ -358,8 +358,8 @@ void tst_CustomToolButton::eventsAreNeverConsumed()
 
 void tst_CustomToolButton::destroyedPanelsAreForgotten()
 {
-    Panel *rightPanel = new Panel(m_window);
-    Panel *hoverPanel = new Panel(m_window);
+    auto *rightPanel = new Panel(m_window);
+    auto *hoverPanel = new Panel(m_window);
     newButton(true)->setClickWidget(panel(), true);
     m_button->setRightClickWidget(rightPanel, true);
     m_button->setHoverWidget(hoverPanel, true);
