@@ -11,7 +11,10 @@
 
 namespace {
 
-const QKeySequence kSequence(Qt::CTRL + Qt::SHIFT + Qt::Key_F10);
+QKeySequence sequence()
+{
+    return {Qt::CTRL + Qt::SHIFT + Qt::Key_F10};
+}
 
 // What a program without the library would write: a filter that turns the system's message into a signal.
 class StockFilter : public QAbstractNativeEventFilter
@@ -38,7 +41,7 @@ void measurePress(Bench &bench, int count)
     StockFilter filter;
     std::vector<std::unique_ptr<QAction>> targets;
     for (int index = 0; index < count; ++index) {
-        hotkeys.push_back(std::make_unique<QHotkey>(kSequence, true));
+        hotkeys.push_back(std::make_unique<QHotkey>(sequence(), true));
         QObject::connect(hotkeys.back().get(), &QHotkey::activated, qApp, [&] { ++calls; });
         targets.push_back(std::make_unique<QAction>());
         QObject::connect(&filter.pressed, &QAction::hovered, targets.back().get(), &QAction::hovered,
@@ -63,7 +66,7 @@ void measurePress(Bench &bench, int count)
 }
 
 const BenchGroup group("hotkeys", [](Bench &bench) {
-    QHotkey hotkey(kSequence, true);
+    QHotkey hotkey(sequence(), true);
     if (!hotkey.isRegistered()) {
         bench.note(QStringLiteral("this system has no hotkeys, or somebody holds Ctrl+Shift+F10"));
         return;
@@ -80,7 +83,7 @@ const BenchGroup group("hotkeys", [](Bench &bench) {
             hotkey.setRegistered(false);
         },
         [&] { HotkeySystem::registerAndRelease(shortcut); });
-    const QHotkey holder(kSequence, true);
+    const QHotkey holder(sequence(), true);
     bench.compare(
         "the same for a shortcut that another hotkey holds",
         [&] {

@@ -32,9 +32,11 @@ QString md5(const QByteArray &bytes)
 quint64 plainSize(const QString &path)
 {
     quint64 size = 0;
-    for (const QFileInfo &file : QDir(path).entryInfoList(QDir::Files, QDir::Unsorted))
+    const QFileInfoList files = QDir(path).entryInfoList(QDir::Files, QDir::Unsorted);
+    for (const QFileInfo &file : files)
         size += quint64(file.size());
-    for (const QString &name : QDir(path).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted))
+    const QStringList folders = QDir(path).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
+    for (const QString &name : folders)
         size += plainSize(path + QDir::separator() + name);
     return size;
 }
@@ -296,7 +298,7 @@ void tst_utilities::digestOfText()
 
 void tst_utilities::digestOfNoText()
 {
-    for (const QString &text : {QString(), QStringLiteral("")}) {
+    for (const QString &text : {QString(), QString(QLatin1String(""))}) {
         const LogCapture log;
         QCOMPARE(totalcommon::generateMd5(text), QString());
         QCOMPARE(log.count(), 1);

@@ -104,14 +104,15 @@ void tst_qhotkeyprivate::invokablesAreFoundByName()
 {
     FakeRegistry registry;
     QHotkey hotkey(kShortcut);
+    QHotkey *const pointer = &hotkey;
     bool result = false;
     QVERIFY(QMetaObject::invokeMethod(&registry, "addShortcutInvoked", Qt::DirectConnection,
-                                      Q_RETURN_ARG(bool, result), Q_ARG(QHotkey *, &hotkey)));
+                                      Q_RETURN_ARG(bool, result), QArgument<QHotkey *>("QHotkey*", pointer)));
     QVERIFY(result);
     QVERIFY(hotkey.isRegistered());
     result = false;
     QVERIFY(QMetaObject::invokeMethod(&registry, "removeShortcutInvoked", Qt::DirectConnection,
-                                      Q_RETURN_ARG(bool, result), Q_ARG(QHotkey *, &hotkey)));
+                                      Q_RETURN_ARG(bool, result), QArgument<QHotkey *>("QHotkey*", pointer)));
     QVERIFY(result);
     NativeShortcut native;
     QVERIFY(QMetaObject::invokeMethod(&registry, "nativeShortcutInvoked", Qt::DirectConnection,

@@ -12,6 +12,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 
+#include <algorithm>
 #include <memory>
 #include <type_traits>
 
@@ -27,19 +28,19 @@ public:
         QSettings theme(fileName, QSettings::IniFormat);
         m_log << QStringLiteral("theme name: \"%1\"")
                      .arg(theme.value(QStringLiteral("ThemeName"), QVariant()).toString());
-        for (const QString &key : theme.childKeys())
-            m_values.insert(key, theme.value(key).toString());
-        for (const QString &group : theme.childGroups()) {
+        insertKeys(theme);
+        const QStringList groups = theme.childGroups();
+        for (const QString &group : groups) {
             theme.beginGroup(group);
-            for (const QString &key : theme.childKeys())
-                m_values.insert(key, theme.value(key).toString());
+            insertKeys(theme);
             theme.endGroup();
         }
-        for (const QString &key : m_values.keys()) {
-            QString value = m_values.value(key);
-            for (const QString &reference : references(value))
-                value.replace(reference, valueOf(reference), Qt::CaseSensitive);
-            m_values.insert(key, value);
+        for (QString &value : m_values) {
+            QString resolved = value;
+            const QStringList found = references(value);
+            for (const QString &reference : found)
+                resolved.replace(reference, valueOf(reference), Qt::CaseSensitive);
+            value = resolved;
         }
     }
 
@@ -49,12 +50,9 @@ public:
         QString text;
         if (file.open(QIODevice::ReadOnly))
             text = QString::fromUtf8(file.readAll());
-        QStringList distinct;
-        for (const QString &reference : references(text)) {
-            if (!distinct.contains(reference, Qt::CaseSensitive))
-                distinct << reference;
-        }
-        for (const QString &reference : distinct)
+        QStringList found = references(text);
+        found.removeDuplicates();
+        for (const QString &reference : qAsConst(found))
             text.replace(reference, valueOf(reference), Qt::CaseSensitive);
         m_sheet += text;
         return m_sheet;
@@ -71,6 +69,13 @@ private:
         while (matches.hasNext())
             result << matches.next().captured(0);
         return result;
+    }
+
+    void insertKeys(const QSettings &theme)
+    {
+        const QStringList keys = theme.childKeys();
+        for (const QString &key : keys)
+            m_values.insert(key, theme.value(key).toString());
     }
 
     QString valueOf(const QString &reference)
@@ -384,13 +389,13 @@ void tst_orvresloader::missingSheet()
     QCOMPARE(loader.loadQssFile(path), QString());
     QCOMPARE(loader.appendQssFile(file("new")), QStringLiteral("new"));
 
-    QVector<LogLine> own;
-    for (const LogLine &line : log.lines()) {
-        if (line.text.startsWith(QLatin1String("\"load [")))
-            own << line;
-    }
+    QVector<LogLine> own = log.lines();
+    own.erase(
+        std::remove_if(own.begin(), own.end(),
+                       [](const LogLine &line) { return !line.text.startsWith(QLatin1String("\"load [")); }),
+        own.end());
     QCOMPARE(own.size(), 2);
-    for (const LogLine &line : own) {
+    for (const LogLine &line : qAsConst(own)) {
         QCOMPARE(line.type, QtWarningMsg);
         QCOMPARE(line.text, QStringLiteral("\"load [%1] failed:\" \"%2\"").arg(path, unopened.errorString()));
         QVERIFY2(line.function.contains(QLatin1String("OrvResourceLoader::load(const QString&)")),

@@ -34,7 +34,8 @@ QVector<LogLine> LogCapture::lines() const
 QStringList LogCapture::texts() const
 {
     QStringList result;
-    for (const LogLine &line : lines())
+    const QVector<LogLine> all = lines();
+    for (const LogLine &line : all)
         result << line.text;
     return result;
 }

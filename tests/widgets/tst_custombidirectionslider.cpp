@@ -148,7 +148,8 @@ void tst_custombidirectionslider::paintsLikeThePlainRecipe()
         const QImage expected = plain(slider, lineWidth, handleWidth, QColor(20, 40, 200, 150));
         QCOMPARE(differingPixels(painted(&slider, Qt::white), expected), 0);
     }
-    for (const QString &text : log.texts())
+    const QStringList texts = log.texts();
+    for (const QString &text : texts)
         QCOMPARE(text, QString::fromLatin1(kHandleImage));
 }
 
@@ -247,7 +248,8 @@ void tst_custombidirectionslider::absurdMeasures()
             }
         }
     }
-    for (const QString &text : log.texts())
+    const QStringList texts = log.texts();
+    for (const QString &text : texts)
         QCOMPARE(text, QString::fromLatin1(kHandleImage));
 }
 

@@ -36,7 +36,8 @@ protected:
 
 QTimer *guardTimer(const customcombox &combo)
 {
-    for (QTimer *timer : combo.findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly)) {
+    const auto timers = combo.findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QTimer *timer : timers) {
         if (timer->isSingleShot() && timer->interval() == 100)
             return timer;
     }

@@ -187,7 +187,7 @@ void tst_CustomComboxItem::constructs()
     QTest::mouseClick(row.data(), Qt::LeftButton);
     QCOMPARE(clicked.count(), badge.isValid() ? 0 : 1);
     QCOMPARE(grayClicked.count(), badge.isValid() ? 1 : 0);
-    QCOMPARE((clicked + grayClicked).first().first().toInt(), -1); // until a list numbers it
+    QCOMPARE((clicked + grayClicked).constFirst().constFirst().toInt(), -1); // until a list numbers it
 }
 
 void tst_CustomComboxItem::laysOutItsLabels()
@@ -383,7 +383,7 @@ void tst_CustomComboxItem::odd_texts_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("null") << QString();
-    QTest::newRow("empty") << QStringLiteral("");
+    QTest::newRow("empty") << QString(QLatin1String(""));
     QTest::newRow("placeholders") << QStringLiteral("%1 %2 %");
     QTest::newRow("lines") << QStringLiteral("one\ntwo");
     QTest::newRow("very long") << QString(100000, QLatin1Char('m'));

@@ -319,11 +319,11 @@ void tst_CustomizeIconButton::baseHandlersGetEveryEvent()
 void tst_CustomizeIconButton::lookGoesBackBeforeTheSignal()
 {
     setAllSheets();
-    QString seen;
-    connect(m_button, &CustomizeIconButton::clicked, this, [&] { seen = m_button->styleSheet(); });
+    connect(m_button, &CustomizeIconButton::clicked, m_button,
+            [this] { m_button->setProperty("seen", m_button->styleSheet()); });
     sendMouse(m_button, QEvent::MouseButtonPress, QPoint(5, 5));
     sendMouse(m_button, QEvent::MouseButtonRelease, QPoint(5, 5));
-    QCOMPARE(seen, sheet("accessibleName", Normal));
+    QCOMPARE(m_button->property("seen").toString(), sheet("accessibleName", Normal));
 }
 
 void tst_CustomizeIconButton::destroyedInItsOwnClick()

@@ -148,9 +148,10 @@ void tst_CustomToolButton::focusOutClosesTheClickPanel()
         return;
     }
     QCOMPARE(log.texts(), QStringList{QStringLiteral("==isHideClickWidget== true")});
-    QCOMPARE(log.lines().first().type, QtDebugMsg);
-    QVERIFY(log.lines().first().function.contains(QStringLiteral("CustomToolButton::processClickWidget(")));
-    QVERIFY(log.lines().first().file.endsWith(QStringLiteral("customtoolbutton.cpp")));
+    QCOMPARE(log.lines().constFirst().type, QtDebugMsg);
+    QVERIFY(
+        log.lines().constFirst().function.contains(QStringLiteral("CustomToolButton::processClickWidget(")));
+    QVERIFY(log.lines().constFirst().file.endsWith(QStringLiteral("customtoolbutton.cpp")));
 }
 
 void tst_CustomToolButton::focusOutWithThePointerOnTheButtonKeepsThePanel()

@@ -192,7 +192,8 @@ void tst_CustomToolButtonPlacing::logsEachPlacing()
     LogCapture log;
     m_button->adjustWidgetPosition();
     QCOMPARE(log.texts(), texts);
-    for (const LogLine &line : log.lines()) {
+    const QVector<LogLine> lines = log.lines();
+    for (const LogLine &line : lines) {
         QCOMPARE(line.type, QtInfoMsg);
         QVERIFY(line.function.contains(QStringLiteral("CustomToolButton::adjustWidget(")));
         QVERIFY(line.file.endsWith(QStringLiteral("customtoolbutton.cpp")));

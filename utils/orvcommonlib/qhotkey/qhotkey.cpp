@@ -324,7 +324,7 @@ bool QHotkeyPrivate::invokeInOwnThread(const char *method, QHotkey *hotkey)
     const HotkeyCall call(this);
     return call.isPossible() &&
            QMetaObject::invokeMethod(this, method, call.type(), Q_RETURN_ARG(bool, result),
-                                     Q_ARG(QHotkey *, hotkey)) &&
+                                     QArgument<QHotkey *>("QHotkey*", hotkey)) &&
            result;
 }
 

@@ -71,7 +71,8 @@ void ungrab(Chord chord, const X11KeyboardMap &map)
     xcb_connection_t *connection = QX11Info::connection();
     if (!connection || chord.keycode == 0)
         return;
-    for (const quint16 locks : map.lockCombinations())
+    const QVector<quint16> combinations = map.lockCombinations();
+    for (const quint16 locks : combinations)
         xcb_ungrab_key(connection, chord.keycode, QX11Info::appRootWindow(), chord.modifiers | locks);
     // Any answer will do: another client can grab the key as soon as this returns.
     std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
@@ -84,8 +85,9 @@ QByteArray grab(Chord chord, const X11KeyboardMap &map)
         return QByteArrayLiteral("no key of the keyboard layout carries this symbol");
 
     xcb_connection_t *connection = QX11Info::connection();
+    const QVector<quint16> combinations = map.lockCombinations();
     QVector<xcb_void_cookie_t> requests;
-    for (const quint16 locks : map.lockCombinations())
+    for (const quint16 locks : combinations)
         requests.append(xcb_grab_key_checked(connection, false, QX11Info::appRootWindow(),
                                              chord.modifiers | locks, chord.keycode, XCB_GRAB_MODE_ASYNC,
                                              XCB_GRAB_MODE_ASYNC));
