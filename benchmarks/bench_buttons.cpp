@@ -1,4 +1,5 @@
 #include "bench.h"
+#include "canvas.h"
 #include "customizeiconbutton.h"
 #include "custompicturebtn.h"
 #include "customtoolbutton.h"
@@ -6,7 +7,6 @@
 #include <QtCore/QCoreApplication>
 #include <QtGui/QHoverEvent>
 #include <QtGui/QImage>
-#include <QtGui/QPainter>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
 
@@ -34,11 +34,6 @@ QString flatStyle(const char *type)
     return QStringLiteral(
                "%1{background:transparent;border:none;color:#FF4D4D;}%1:hover{background:#F5F6F7;}")
         .arg(QString::fromUtf8(type));
-}
-
-void paint(QWidget &widget, QImage &canvas)
-{
-    widget.render(&canvas, QPoint(), QRegion(), QWidget::DrawChildren);
 }
 
 void sendHover(QWidget &widget, bool enter)
@@ -118,12 +113,12 @@ void measurePictureButton(Bench &bench)
 {
     const std::unique_ptr<CustomPictureBtn> ours(newPictureButton());
     const std::unique_ptr<QPushButton> stock(newStockPictureButton());
-    QImage canvas(120, 32, QImage::Format_ARGB32_Premultiplied);
+    Canvas canvas(QSize(120, 32));
     ours->resize(120, 32);
     stock->resize(120, 32);
     bench.compare(
-        "CustomPictureBtn: repaint / QPushButton", [&] { paint(*ours, canvas); },
-        [&] { paint(*stock, canvas); });
+        "CustomPictureBtn: repaint / QPushButton", [&] { canvas.paint(*ours); },
+        [&] { canvas.paint(*stock); });
     bench.compare(
         "CustomPictureBtn: construction", [] { delete newPictureButton(); },
         [] { delete newStockPictureButton(); });
@@ -136,25 +131,25 @@ void measureIconButton(Bench &bench)
 {
     const std::unique_ptr<CustomizeIconButton> ours(newIconButton());
     const std::unique_ptr<QToolButton> stock(newStockIconButton());
-    QImage canvas(120, 32, QImage::Format_ARGB32_Premultiplied);
+    Canvas canvas(QSize(120, 32));
     ours->resize(120, 32);
     stock->resize(120, 32);
     bench.compare(
-        "CustomizeIconButton: repaint / QToolButton", [&] { paint(*ours, canvas); },
-        [&] { paint(*stock, canvas); });
+        "CustomizeIconButton: repaint / QToolButton", [&] { canvas.paint(*ours); },
+        [&] { canvas.paint(*stock); });
     bench.compare(
         "CustomizeIconButton: enter, repaint, leave, repaint",
         [&] {
             sendHover(*ours, true);
-            paint(*ours, canvas);
+            canvas.paint(*ours);
             sendHover(*ours, false);
-            paint(*ours, canvas);
+            canvas.paint(*ours);
         },
         [&] {
             sendHover(*stock, true);
-            paint(*stock, canvas);
+            canvas.paint(*stock);
             sendHover(*stock, false);
-            paint(*stock, canvas);
+            canvas.paint(*stock);
         });
     bench.compare(
         "CustomizeIconButton: construction", [] { delete newIconButton(); },
@@ -169,12 +164,12 @@ void measureToolButton(Bench &bench)
     const std::unique_ptr<CustomToolButton> ours(newToolButton());
     const QString styleSheet = ours->styleSheet();
     const std::unique_ptr<QToolButton> stock(newStockToolButton(styleSheet));
-    QImage canvas(32, 32, QImage::Format_ARGB32_Premultiplied);
+    Canvas canvas(QSize(32, 32));
     ours->resize(32, 32);
     stock->resize(32, 32);
     bench.compare(
-        "CustomToolButton: repaint / QToolButton, the same sheet", [&] { paint(*ours, canvas); },
-        [&] { paint(*stock, canvas); });
+        "CustomToolButton: repaint / QToolButton, the same sheet", [&] { canvas.paint(*ours); },
+        [&] { canvas.paint(*stock); });
     bench.compare(
         "CustomToolButton: construction", [] { delete newToolButton(); },
         [&] { delete newStockToolButton(styleSheet); });

@@ -1,5 +1,6 @@
 #include "basemovedialogwithbackimage.h"
 #include "bench.h"
+#include "canvas.h"
 #include "commonpopupdialog.h"
 #include "popuploadingdlgwithmask.h"
 
@@ -45,11 +46,6 @@ private:
     QPixmap m_pixmap;
 };
 
-void paint(QWidget &widget, QImage &canvas)
-{
-    widget.render(&canvas, QPoint(), QRegion(), QWidget::DrawChildren);
-}
-
 // Notes that a window has been painted.
 class PaintWatch : public QObject
 {
@@ -79,14 +75,12 @@ void measureBackground(Bench &bench)
     const QString image = QStringLiteral(":/images/images/combox/popup_bg.png");
     BaseMoveDialogWithBackImage ours(image, 8, false, true, nullptr);
     ours.resize(kDialogSize);
-    QImage canvas(kDialogSize, QImage::Format_ARGB32_Premultiplied);
-    canvas.fill(Qt::transparent);
-    paint(ours, canvas);
-    PixmapDialog stock(QPixmap::fromImage(canvas));
+    PixmapDialog stock(ours.grab());
     stock.resize(kDialogSize);
+    Canvas canvas(kDialogSize);
     bench.compare(
-        "BaseMoveDialogWithBackImage: repaint / a ready pixmap", [&] { paint(ours, canvas); },
-        [&] { paint(stock, canvas); });
+        "BaseMoveDialogWithBackImage: repaint / a ready pixmap", [&] { canvas.paint(ours); },
+        [&] { canvas.paint(stock); });
 }
 
 // The same parts in a dialog of Qt's own.

@@ -1,11 +1,11 @@
 #include "bench.h"
+#include "canvas.h"
 #include "customcombox.h"
 #include "customkeysequenceedit.h"
 #include "customplaintextedit.h"
 #include "customwraptexttooltip.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtGui/QImage>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QComboBox>
@@ -16,11 +16,6 @@
 #include <memory>
 
 namespace {
-
-void paint(QWidget &widget, QImage &canvas)
-{
-    widget.render(&canvas, QPoint(), QRegion(), QWidget::DrawChildren);
-}
 
 void pressKey(QWidget &widget, int key)
 {
@@ -66,10 +61,10 @@ void measureToolTip(Bench &bench)
     customWrapTextToolTip ours(customWrapTextToolTip::DirectionLeft, 160, nullptr, 8);
     ours.setText(text);
     const std::unique_ptr<QLabel> stock = newStockToolTip(text);
-    QImage canvas(200, 60, QImage::Format_ARGB32_Premultiplied);
+    Canvas canvas(QSize(200, 60));
     bench.compare(
-        "customWrapTextToolTip: repaint / QLabel as tooltip", [&] { paint(ours, canvas); },
-        [&] { paint(*stock, canvas); });
+        "customWrapTextToolTip: repaint / QLabel as tooltip", [&] { canvas.paint(ours); },
+        [&] { canvas.paint(*stock); });
     bench.compare(
         "customWrapTextToolTip: construction with a text",
         [&] {
@@ -85,14 +80,14 @@ void measureComboBox(Bench &bench)
     QComboBox stock;
     stock.setEditable(true);
     stock.lineEdit()->setReadOnly(true);
-    QImage canvas(160, 32, QImage::Format_ARGB32_Premultiplied);
+    Canvas canvas(QSize(160, 32));
     for (QComboBox *combo : {static_cast<QComboBox *>(&ours), &stock}) {
         combo->addItems({QStringLiteral("first"), QStringLiteral("second")});
         combo->resize(160, 32);
     }
     bench.compare(
-        "customcombox: repaint / QComboBox, editable", [&] { paint(ours, canvas); },
-        [&] { paint(stock, canvas); });
+        "customcombox: repaint / QComboBox, editable", [&] { canvas.paint(ours); },
+        [&] { canvas.paint(stock); });
     bench.compare(
         "customcombox: construction", [] { customcombox combo(nullptr); },
         [] {
@@ -107,14 +102,14 @@ void measurePlainTextEdit(Bench &bench)
 {
     CustomPlainTextEdit ours;
     QPlainTextEdit stock;
-    QImage canvas(200, 100, QImage::Format_ARGB32_Premultiplied);
+    Canvas canvas(QSize(200, 100));
     for (QPlainTextEdit *edit : {static_cast<QPlainTextEdit *>(&ours), &stock}) {
         edit->setPlainText(QStringLiteral("Some lines\nof text\nto paint"));
         edit->resize(200, 100);
     }
     bench.compare(
-        "CustomPlainTextEdit: repaint / QPlainTextEdit", [&] { paint(ours, canvas); },
-        [&] { paint(stock, canvas); });
+        "CustomPlainTextEdit: repaint / QPlainTextEdit", [&] { canvas.paint(ours); },
+        [&] { canvas.paint(stock); });
 }
 
 const BenchGroup group("textwidgets", [](Bench &bench) {
