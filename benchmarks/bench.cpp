@@ -41,9 +41,11 @@ double nanosecondsPerCall(const Bench::Work &work, int calls)
     return (Bench::processorNanoseconds() - start) / calls;
 }
 
-// Doubles the number of calls until one sample lasts long enough; this warms up caches as well.
+// Doubles the number of calls until one sample lasts long enough; this warms up caches as well. The very
+// first call is not counted: it may load fonts and take longer than a sample should.
 int callsPerSample(const Bench::Work &work)
 {
+    work();
     int calls = 1;
     while (calls < kMaxCalls && nanosecondsPerCall(work, calls) * calls < kSampleNs)
         calls *= 2;
