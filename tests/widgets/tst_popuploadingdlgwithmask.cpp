@@ -4,6 +4,9 @@
 #include "popuploadingdlgwithmask.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QScopeGuard>
+#include <QtGui/QBackingStore>
+#include <QtGui/QImage>
 #include <QtGui/QMovie>
 #include <QtGui/QPainter>
 #include <QtTest/QSignalSpy>
@@ -52,6 +55,18 @@ void destroy(QObject *object)
 
 enum class Animation { Good, Missing, Broken };
 
+/// What the window has painted of itself so far, which a screen cannot always tell of a translucent one.
+QImage shownOf(const QWidget &window, const QRect &area)
+{
+    const QPaintDevice *device = window.backingStore()->paintDevice();
+    if (device->devType() != QInternal::Image)
+        return {};
+    const qreal ratio = window.devicePixelRatioF();
+    const QPointF corner = QPointF(area.topLeft()) * ratio;
+    return static_cast<const QImage *>(device)->copy(
+        QRect(corner.toPoint(), (QSizeF(area.size()) * ratio).toSize()));
+}
+
 bool isStretch(QLayoutItem *item)
 {
     return item->spacerItem() && item->expandingDirections().testFlag(Qt::Vertical);
@@ -92,6 +107,9 @@ private Q_SLOTS:
     void movieIsDeletedBySomebodyElse();
     void tintsItsArea();
     void showsTheSpinner();
+    void framesLookLikeThoseOfAPlainLabel_data();
+    void framesLookLikeThoseOfAPlainLabel();
+    void framesLeaveTheBackgroundAlone();
     void showsTheCaptionAlone_data();
     void showsTheCaptionAlone();
 
@@ -284,6 +302,73 @@ void tst_PopupLoadingDlgWithMask::showsTheSpinner()
     QImage blank = spinner;
     blank.fill(Qt::white);
     QVERIFY(differingPixels(spinner, blank, 8) > 0);
+}
+
+void tst_PopupLoadingDlgWithMask::framesLookLikeThoseOfAPlainLabel_data()
+{
+    QTest::addColumn<QSize>("boxSize");
+    QTest::addColumn<QString>("clientSheet");
+    QTest::newRow("usual") << kBoxSize << QString();
+    QTest::newRow("large") << QSize(301, 201) << QString();
+    QTest::newRow("no room beside the corners") << QSize(60, 60) << QString();
+    QTest::newRow("too small") << QSize(30, 40) << QString();
+    QTest::newRow("labels with an image")
+        << kBoxSize << QStringLiteral("QLabel{border-image:url(:/images/images/combox/checked.png);}");
+}
+
+void tst_PopupLoadingDlgWithMask::framesLookLikeThoseOfAPlainLabel()
+{
+    QFETCH(const QSize, boxSize);
+    QFETCH(const QString, clientSheet);
+    qApp->setStyleSheet(clientSheet);
+    const auto resetSheet = qScopeGuard([] { qApp->setStyleSheet(QString()); });
+    const Loading loading(kDialogSize, boxSize);
+    loading.dialog->show();
+    loading.movie->setPaused(true);
+
+    // The same parts, with a label of Qt's own.
+    QWidget window;
+    window.setAttribute(Qt::WA_TranslucentBackground);
+    window.setFixedSize(kDialogSize);
+    QWidget box(&window);
+    box.setStyleSheet(loading.box()->styleSheet());
+    box.setGeometry(loading.box()->geometry());
+    QLabel label(&box);
+    label.setGeometry(loading.movieLabel()->geometry());
+    QLabel caption(loading.caption()->text(), &box);
+    caption.setStyleSheet(loading.caption()->styleSheet());
+    caption.setGeometry(loading.caption()->geometry());
+    label.setMovie(loading.movie);
+    window.show();
+    const QRect plain(label.mapTo(&window, QPoint(-2, -2)), label.size() + QSize(4, 4));
+    for (int frame = 0; frame < 5; ++frame) {
+        loading.movie->jumpToFrame(frame * 3);
+        QCoreApplication::processEvents();
+        QCOMPARE(differingPixels(renderWidget(loading.box()), renderWidget(&box)), 0);
+        // Outside of the box the two windows differ.
+        if (box.geometry().contains(plain)) {
+            const QImage shown = shownOf(*loading.dialog, plain);
+            QVERIFY(!shown.isNull());
+            QCOMPARE(differingPixels(shown, shownOf(window, plain)), 0);
+        }
+    }
+}
+
+void tst_PopupLoadingDlgWithMask::framesLeaveTheBackgroundAlone()
+{
+    const Loading loading;
+    loading.dialog->show();
+    QTRY_VERIFY(loading.movie->currentFrameNumber() >= 3);
+    int painted = 0;
+    InsideLoop::EventHook hook(loading.dialog.data(), QEvent::Paint, [&](QEvent *) {
+        ++painted;
+        return false;
+    });
+    const int from = loading.movie->currentFrameNumber();
+    QTRY_VERIFY(qAbs(loading.movie->currentFrameNumber() - from) >= 5);
+    const bool wholePixels = qFuzzyCompare(loading.dialog->devicePixelRatioF(),
+                                           qreal(qRound(loading.dialog->devicePixelRatioF())));
+    QVERIFY(wholePixels ? painted == 0 : painted > 0);
 }
 
 void tst_PopupLoadingDlgWithMask::showsTheCaptionAlone_data()
