@@ -96,9 +96,10 @@ void addFiles(PageBuilder &page)
     page.section("Files and folders",
                  "<b>FileMD5</b> is the fingerprint of a file's first 10240 bytes, followed by the "
                  "extra text.");
-    const QString program = QDir::toNativeSeparators(QCoreApplication::applicationFilePath());
-    QLineEdit *path = page.wideLineEdit("Path", program);
+    QLineEdit *path = page.wideLineEdit("Path", "");
     QLineEdit *extra = page.wideLineEdit("Extra text", "");
+    page.button("Path of this program",
+                [path] { path->setText(QDir::toNativeSeparators(QCoreApplication::applicationFilePath())); });
     page.button("FileMD5", [path, extra] {
         report(QStringLiteral("FileMD5: \"%1\"").arg(totalcommon::FileMD5(path->text(), extra->text())));
     });
