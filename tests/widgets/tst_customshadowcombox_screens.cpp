@@ -1,12 +1,11 @@
-#include "customcomboxheader.h"
-#include "customshadowcombox.h"
+#include "shadowcombotesting.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/qpa/qplatformscreen.h>
 #include <QtGui/qpa/qwindowsysteminterface.h>
 #include <QtGui/QScreen>
-#include <QtTest/QTest>
-#include <QtWidgets/QLabel>
+
+using ShadowComboTesting::Combo;
 
 namespace {
 
@@ -21,28 +20,6 @@ public:
     QRect availableGeometry() const override { return kAvailable; }
     int depth() const override { return 32; }
     QImage::Format format() const override { return QImage::Format_RGB32; }
-};
-
-class Combo : public CustomShadowCombox
-{
-public:
-    using CustomShadowCombox::CustomShadowCombox;
-    using CustomShadowCombox::showPopup;
-
-    QWidget *popup() const
-    {
-        const QList<QWidget *> children = findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-        for (QWidget *child : children) {
-            if (child->isWindow())
-                return child;
-        }
-        return nullptr;
-    }
-    bool arrowPointsUp() const
-    {
-        const QLabel *arrow = findChild<CustomComboxHeader *>()->findChildren<QLabel *>().at(1);
-        return arrow->styleSheet().contains(QLatin1String("up.png"));
-    }
 };
 
 } // namespace
@@ -103,7 +80,7 @@ void tst_CustomShadowComboxScreens::opensOnTheScreenOfItsHeader()
     QCOMPARE(combo.mapToGlobal(QPoint(0, 0)), pos);
     combo.showPopup();
     QCOMPARE(combo.popup()->pos(), QPoint(pos.x() - 4, above ? pos.y() - 168 : pos.y() + 48));
-    QCOMPARE(combo.arrowPointsUp(), above);
+    QCOMPARE(combo.arrow().contains(QLatin1String("up.png")), above);
 }
 
 QTEST_MAIN(tst_CustomShadowComboxScreens)

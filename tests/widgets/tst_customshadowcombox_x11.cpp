@@ -1,15 +1,9 @@
-#include "customcomboxheader.h"
-#include "customshadowcombox.h"
+#include "shadowcombotesting.h"
 #include "xpointer.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QScreen>
 #include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLayout>
-#include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
 
 #include <memory>
@@ -21,25 +15,13 @@ QPoint centerOf(const QWidget *widget)
     return widget->mapToGlobal(widget->rect().center());
 }
 
-// The combo box with what it is made of, and how often each way to close was reported.
-class Combo : public CustomShadowCombox
+// The combo box, and how often each way to close was reported.
+class Combo : public ShadowComboTesting::Combo
 {
 public:
-    using CustomShadowCombox::CustomShadowCombox;
+    using ShadowComboTesting::Combo::Combo;
 
-    QWidget *header() const { return findChild<CustomComboxHeader *>(); }
-    QWidget *popup() const
-    {
-        const QList<QWidget *> children = findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-        for (QWidget *child : children) {
-            if (child->isWindow())
-                return child;
-        }
-        return nullptr;
-    }
     QScrollArea *area() const { return popup()->findChild<QScrollArea *>(); }
-    QWidget *row(int index) const { return area()->widget()->layout()->itemAt(index)->widget(); }
-    bool isOpen() const { return popup()->isVisible(); }
     bool isHovered(int index) const { return row(index)->styleSheet().contains(QLatin1String("#F4F4F4")); }
     void add(int rows)
     {
