@@ -50,7 +50,9 @@ private Q_SLOTS:
     void clearedInItsSignals();
 
 private:
+    void openWithAGrayRow();
     void provoke(const QString &by);
+    void inEachSignal(const std::function<void()> &slot);
 
     QWidget m_other;
 };
@@ -458,6 +460,22 @@ void tst_CustomShadowComboxClosing::provoke(const QString &by)
     }
 }
 
+void tst_CustomShadowComboxClosing::openWithAGrayRow()
+{
+    m_combo->addItem(QStringLiteral("a"), false, false);
+    m_combo->addItem(QStringLiteral("b"), true, false);
+    open();
+}
+
+// What closes the list makes one of these signals.
+void tst_CustomShadowComboxClosing::inEachSignal(const std::function<void()> &slot)
+{
+    connect(m_combo, &Combo::currentIndexChanged, this, slot);
+    connect(m_combo, &Combo::currentGrayIndexChanged, this, slot);
+    connect(m_combo, &Combo::signalPopWidHideWhenClickOtherPos, this, slot);
+    connect(m_combo, &Combo::signalMouseMoveLeavePopup, this, slot);
+}
+
 void tst_CustomShadowComboxClosing::destroyedInItsSignals_data()
 {
     QTest::addColumn<QString>("by");
@@ -469,17 +487,9 @@ void tst_CustomShadowComboxClosing::destroyedInItsSignals_data()
 void tst_CustomShadowComboxClosing::destroyedInItsSignals()
 {
     QFETCH(QString, by);
-    m_combo->addItem(QStringLiteral("a"), false, false);
-    m_combo->addItem(QStringLiteral("b"), true, false);
-    open();
+    openWithAGrayRow();
     const QPointer<QWidget> popup(m_combo->popup());
-    const auto destroy = [this] {
-        delete m_combo.data();
-    };
-    connect(m_combo, &Combo::currentIndexChanged, this, destroy);
-    connect(m_combo, &Combo::currentGrayIndexChanged, this, destroy);
-    connect(m_combo, &Combo::signalPopWidHideWhenClickOtherPos, this, destroy);
-    connect(m_combo, &Combo::signalMouseMoveLeavePopup, this, destroy);
+    inEachSignal([this] { delete m_combo.data(); });
     provoke(by);
     QTRY_VERIFY(!m_combo);
     // The list has gone at the latest when the event has been delivered.
@@ -496,16 +506,8 @@ void tst_CustomShadowComboxClosing::windowDestroyedInItsSignals()
 {
     // The window may be what the event was for.
     QFETCH(QString, by);
-    m_combo->addItem(QStringLiteral("a"), false, false);
-    m_combo->addItem(QStringLiteral("b"), true, false);
-    open();
-    const auto destroy = [this] {
-        deleteWindow();
-    };
-    connect(m_combo, &Combo::currentIndexChanged, this, destroy);
-    connect(m_combo, &Combo::currentGrayIndexChanged, this, destroy);
-    connect(m_combo, &Combo::signalPopWidHideWhenClickOtherPos, this, destroy);
-    connect(m_combo, &Combo::signalMouseMoveLeavePopup, this, destroy);
+    openWithAGrayRow();
+    inEachSignal([this] { deleteWindow(); });
     provoke(by);
     QTRY_VERIFY(!m_combo);
 }
@@ -528,13 +530,8 @@ void tst_CustomShadowComboxClosing::clearedInItsSignals_data()
 void tst_CustomShadowComboxClosing::clearedInItsSignals()
 {
     QFETCH(QString, by);
-    m_combo->addItem(QStringLiteral("a"), false, false);
-    m_combo->addItem(QStringLiteral("b"), true, false);
-    open();
-    for (const auto signal : {&Combo::currentIndexChanged, &Combo::currentGrayIndexChanged})
-        connect(m_combo, signal, m_combo, &Combo::clear);
-    connect(m_combo, &Combo::signalPopWidHideWhenClickOtherPos, m_combo, &Combo::clear);
-    connect(m_combo, &Combo::signalMouseMoveLeavePopup, m_combo, &Combo::clear);
+    openWithAGrayRow();
+    inEachSignal([this] { m_combo->clear(); });
     provoke(by);
     QTRY_COMPARE(m_combo->count(), 0);
     m_combo->add(2);
