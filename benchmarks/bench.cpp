@@ -67,6 +67,17 @@ void print(const QString &line)
     std::fflush(stdout);
 }
 
+void printColumns(const QString &what, const QString &ours, const QString &stock, const QString &ratio)
+{
+    print(QStringLiteral("  %1 %2 %3 %4").arg(what, -58).arg(ours, 12).arg(stock, 12).arg(ratio, 8));
+}
+
+void printHeading()
+{
+    printColumns(QStringLiteral("what"), QStringLiteral("ours"), QStringLiteral("stock Qt"),
+                 QStringLiteral("ratio"));
+}
+
 } // namespace
 
 void Bench::compare(const QString &what, const Work &ours, const Work &stock)
@@ -81,17 +92,18 @@ void Bench::compare(const QString &what, const Work &ours, const Work &stock)
     }
     const double oursMedian = median(oursTimes);
     const double stockMedian = median(stockTimes);
-    printRow(what, oursMedian, stockMedian, duration(oursMedian), duration(stockMedian));
+    addRow(what, QStringLiteral("ns"), oursMedian, stockMedian, duration(oursMedian), duration(stockMedian));
 }
 
 void Bench::compareValues(const char *what, const char *unit, const Measure &ours, const Measure &stock)
 {
     const double oursValue = ours();
     const double stockValue = stock();
-    const auto text = [unit](double value) {
-        return QStringLiteral("%1 %2").arg(value, 0, 'f', 1).arg(QString::fromUtf8(unit));
+    const QString unitText = QString::fromUtf8(unit);
+    const auto text = [&unitText](double value) {
+        return QStringLiteral("%1 %2").arg(value, 0, 'f', 1).arg(unitText);
     };
-    printRow(QString::fromUtf8(what), oursValue, stockValue, text(oursValue), text(stockValue));
+    addRow(QString::fromUtf8(what), unitText, oursValue, stockValue, text(oursValue), text(stockValue));
 }
 
 void Bench::note(const QString &text)
@@ -125,11 +137,14 @@ double Bench::heapBytes()
 #endif
 }
 
-void Bench::printRow(const QString &what, double ours, double stock, const QString &oursText,
-                     const QString &stockText)
+void Bench::addRow(const QString &what, const QString &unit, double ours, double stock,
+                   const QString &oursText, const QString &stockText)
 {
+    m_rows.insert(what, QJsonObject{{QStringLiteral("ours"), ours},
+                                    {QStringLiteral("stock"), stock},
+                                    {QStringLiteral("unit"), unit}});
     const QString ratio = stock > 0 ? QString::number(ours / stock, 'f', 2) : QStringLiteral("-");
-    print(QStringLiteral("  %1 %2 %3 %4").arg(what, -58).arg(oursText, 12).arg(stockText, 12).arg(ratio, 8));
+    printColumns(what, oursText, stockText, ratio);
 }
 
 BenchGroup::BenchGroup(const char *name, Body body)
@@ -139,23 +154,21 @@ BenchGroup::BenchGroup(const char *name, Body body)
     groups().emplace_back(m_name, m_body);
 }
 
-int BenchGroup::runAll(const QStringList &wanted)
+QJsonObject BenchGroup::runAll(const QStringList &wanted)
 {
     std::sort(groups().begin(), groups().end(),
               [](const auto &left, const auto &right) { return qstrcmp(left.first, right.first) < 0; });
-    print(QStringLiteral("  %1 %2 %3 %4")
-              .arg(QStringLiteral("what"), -58)
-              .arg(QStringLiteral("ours"), 12)
-              .arg(QStringLiteral("stock Qt"), 12)
-              .arg(QStringLiteral("ratio"), 8));
-    int run = 0;
-    for (const auto &[name, body] : groups()) {
-        if (!wanted.isEmpty() && !wanted.contains(QString::fromUtf8(name)))
+    QJsonObject figures;
+    for (const auto &[groupName, body] : groups()) {
+        const QString name = QString::fromUtf8(groupName);
+        if (!wanted.isEmpty() && !wanted.contains(name))
             continue;
-        print(QString::fromUtf8(name));
+        if (figures.isEmpty())
+            printHeading();
+        print(name);
         Bench bench;
         body(bench);
-        ++run;
+        figures.insert(name, bench.m_rows);
     }
-    return run;
+    return figures;
 }

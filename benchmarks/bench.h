@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QtCore/QJsonObject>
 #include <QtCore/QString>
-#include <QtCore/QVector>
 
 #include <functional>
 
@@ -53,11 +53,11 @@ public:
 
 private:
     friend class BenchGroup;
-    friend int main(int, char **);
 
-    void printRow(const QString &what, double ours, double stock, const QString &oursText,
-                  const QString &stockText);
+    void addRow(const QString &what, const QString &unit, double ours, double stock, const QString &oursText,
+                const QString &stockText);
 
+    QJsonObject m_rows;
     static inline volatile const void *s_sink = nullptr;
 };
 
@@ -68,7 +68,9 @@ public:
     using Body = void (*)(Bench &);
     BenchGroup(const char *name, Body body);
 
-    static int runAll(const QStringList &wanted);
+    /// Runs the groups of these names, or all of them when none is named, and returns their figures as
+    /// figures.h describes them. A name that another program of the set knows is no error here.
+    static QJsonObject runAll(const QStringList &wanted);
 
 private:
     const char *m_name;
