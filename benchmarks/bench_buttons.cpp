@@ -109,6 +109,14 @@ QToolButton *newStockToolButton(const QString &styleSheet)
     return button;
 }
 
+// Style sheets are parsed with the first look at them: a widget that nobody paints has not cost all.
+void paintNew(QWidget *widget, Canvas &canvas)
+{
+    const std::unique_ptr<QWidget> owner(widget);
+    widget->resize(120, 32);
+    canvas.paint(*widget);
+}
+
 void measurePictureButton(Bench &bench)
 {
     const std::unique_ptr<CustomPictureBtn> ours(newPictureButton());
@@ -154,6 +162,9 @@ void measureIconButton(Bench &bench)
     bench.compare(
         "CustomizeIconButton: construction", [] { delete newIconButton(); },
         [] { delete newStockIconButton(); });
+    bench.compare(
+        "CustomizeIconButton: construction, painted once", [&] { paintNew(newIconButton(), canvas); },
+        [&] { paintNew(newStockIconButton(), canvas); });
     bench.compareValues(
         "CustomizeIconButton: heap of 100", "KiB", [] { return heapOfInstances(newIconButton); },
         [] { return heapOfInstances(newStockIconButton); });

@@ -18,8 +18,10 @@
 namespace {
 
 constexpr int kRows = 1000;
+constexpr int kFewRows = 10; // what a list shows without scrolling
 constexpr int kMoves = 2000;
 constexpr int kRounds = 9;
+constexpr int kManyRounds = 45;
 constexpr QSize kSize(260, 48);
 
 // The look of our list, by style sheet.
@@ -45,6 +47,12 @@ public:
     {
         for (int row = 0; row < rows; ++row)
             addItem(QStringLiteral("Camera %1").arg(row), 16);
+    }
+    // With the log lines of the plainest rows.
+    void fillLogging(int rows)
+    {
+        for (int row = 0; row < rows; ++row)
+            addItem(QStringLiteral("Camera %1").arg(row));
     }
     void openList() { showPopup(); }
     void closeList() { hidePopup(); }
@@ -76,6 +84,7 @@ public:
         for (int row = 0; row < rows; ++row)
             addItem(QStringLiteral("Camera %1").arg(row));
     }
+    void fillLogging(int rows) { fill(rows); }
     void openList() { showPopup(); }
     void closeList() { hidePopup(); }
     void hover(int from, int to)
@@ -139,6 +148,47 @@ double fillTime()
         const double start = Bench::processorNanoseconds();
         combo.fill(kRows);
         rounds.push_back((Bench::processorNanoseconds() - start) / 1e6);
+    }
+    return median(rounds);
+}
+
+// Microseconds for each row of a list that needs no scrolling.
+template<typename Combo>
+double fewRowsTime(bool logging)
+{
+    std::vector<double> rounds;
+    for (int round = 0; round < kManyRounds; ++round) {
+        Combo combo;
+        const double start = Bench::processorNanoseconds();
+        if (logging)
+            combo.fillLogging(kFewRows);
+        else
+            combo.fill(kFewRows);
+        rounds.push_back((Bench::processorNanoseconds() - start) / 1e3 / kFewRows);
+    }
+    return median(rounds);
+}
+
+// From a combo box that is shown to a list that is open and painted, with the filling or without.
+template<typename Combo>
+double firstOpenTime(bool withFilling)
+{
+    std::vector<double> rounds;
+    for (int round = 0; round < kManyRounds; ++round) {
+        Combo combo;
+        combo.show();
+        settle();
+        double start = Bench::processorNanoseconds();
+        combo.fill(kFewRows);
+        if (!withFilling) {
+            settle();
+            start = Bench::processorNanoseconds();
+        }
+        combo.openList();
+        settle();
+        rounds.push_back((Bench::processorNanoseconds() - start) / 1e6);
+        combo.closeList();
+        settle();
     }
     return median(rounds);
 }
@@ -215,9 +265,21 @@ void measureFilter(Bench &bench)
 
 void measureLists(Bench &bench)
 {
+    bench.compareValues(
+        "filling 10 rows, each", "us", [] { return fewRowsTime<OurCombo>(false); },
+        [] { return fewRowsTime<StockCombo>(false); });
+    bench.compareValues(
+        "filling 10 rows, each with its log lines", "us", [] { return fewRowsTime<OurCombo>(true); },
+        [] { return fewRowsTime<StockCombo>(true); });
+    bench.compareValues(
+        "first opening, 10 rows, until painted", "ms", [] { return firstOpenTime<OurCombo>(false); },
+        [] { return firstOpenTime<StockCombo>(false); });
+    bench.compareValues(
+        "filling and first opening, 10 rows, until painted", "ms",
+        [] { return firstOpenTime<OurCombo>(true); }, [] { return firstOpenTime<StockCombo>(true); });
     bench.compareValues("filling 1 000 rows", "ms", fillTime<OurCombo>, fillTime<StockCombo>);
     bench.compareValues("heap of 1 000 rows", "KiB", heapOfRows<OurCombo>, heapOfRows<StockCombo>);
-    for (const int rows : {5, kRows}) {
+    for (const int rows : {kFewRows, 100, kRows}) {
         bench.compareValues(
             qPrintable(QStringLiteral("first showing and opening, %1 rows, until painted").arg(rows)), "ms",
             [rows] { return openTime<OurCombo>(true, rows); },
@@ -229,36 +291,44 @@ void measureLists(Bench &bench)
     }
 }
 
-void measureCurrentRow(Bench &bench)
+template<typename Combo>
+void openOnce(Combo &combo)
+{
+    combo.openList();
+    settle();
+    combo.closeList();
+    settle();
+}
+
+void measureCurrentRow(Bench &bench, int rows)
 {
     OurCombo ours;
     StockCombo stock;
-    ours.fill(kRows);
-    stock.fill(kRows);
+    ours.fill(rows);
+    stock.fill(rows);
     ours.show();
     stock.show();
     settle();
-    bench.compare("changing the current row, never opened", nextRow(ours, false), nextRow(stock, false));
-    ours.openList();
-    settle();
-    ours.closeList();
-    stock.openList();
-    settle();
-    stock.closeList();
-    settle();
-    bench.compare("changing the current row, opened before", nextRow(ours, false), nextRow(stock, false));
-    bench.compare("the same, painted", nextRow(ours, true), nextRow(stock, true));
+    const auto compare = [&bench, rows](const char *what, const Bench::Work &work, const Bench::Work &other) {
+        bench.compare(QStringLiteral("%1 rows: %2").arg(rows).arg(QString::fromUtf8(what)), work, other);
+    };
+    compare("changing the current row, never opened", nextRow(ours, false), nextRow(stock, false));
+    openOnce(ours);
+    openOnce(stock);
+    compare("changing the current row, opened before", nextRow(ours, false), nextRow(stock, false));
+    compare("the same, painted", nextRow(ours, true), nextRow(stock, true));
     ours.openList();
     stock.openList();
     settle();
-    bench.compare("pointing at another row, painted", nextHover(ours), nextHover(stock));
-    bench.note(QStringLiteral("ours writes two log lines for each change, which here go nowhere"));
+    compare("pointing at another row, painted", nextHover(ours), nextHover(stock));
 }
 
 const BenchGroup group("combobox", [](Bench &bench) {
     measureFilter(bench);
     measureLists(bench);
-    measureCurrentRow(bench);
+    for (const int rows : {kFewRows, kRows})
+        measureCurrentRow(bench, rows);
+    bench.note(QStringLiteral("ours writes two log lines for each change, which here go nowhere"));
 });
 
 } // namespace
