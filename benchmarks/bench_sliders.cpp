@@ -6,6 +6,7 @@
 #include "newhorizontalslider.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtGui/private/qhighdpiscaling_p.h>
 #include <QtGui/QMouseEvent>
 #include <QtSvg/QSvgRenderer>
 #include <QtWidgets/QSlider>
@@ -41,10 +42,12 @@ const char kBarSheet[] =
 const char kLineSheet[] =
     "QSlider::sub-page:horizontal{height: 6px; border-radius: 3px; background: #4B66EB;}";
 
+// Without a sheet it is painted by the style, from pictures that it keeps.
 QSlider *stockSlider(QWidget *parent, const QString &sheet, const QSize &size)
 {
     auto *slider = new QSlider(Qt::Horizontal, parent);
-    slider->setStyleSheet(sheet);
+    if (!sheet.isEmpty())
+        slider->setStyleSheet(sheet);
     slider->setFixedSize(size);
     return slider;
 }
@@ -63,7 +66,8 @@ void send(QWidget *widget, QEvent::Type type, int x)
     QCoreApplication::sendEvent(widget, &event);
 }
 
-// One kind of slider, ours and its stock counterpart, each made by a function.
+// One kind of slider, ours and its stock counterparts, each made by a function: one in the same looks, and one
+// that does no more than any slider must.
 struct Contest
 {
     using Make = std::function<QWidget *(QWidget *parent)>;
@@ -71,6 +75,7 @@ struct Contest
     const char *name;
     Make ours;
     Make stock;
+    Make plainStock;
     QStringList skin;
 };
 
@@ -80,9 +85,9 @@ struct Contest
 class Stage
 {
 public:
-    explicit Stage(const Contest &contest)
-        : m_ours(contest.ours(&m_window))
-        , m_stock(contest.stock(&m_window))
+    Stage(const Contest::Make &ours, const Contest::Make &stock)
+        : m_ours(ours(&m_window))
+        , m_stock(stock(&m_window))
     {
         m_ours->move(20, 10);
         m_stock->move(20, 60);
@@ -120,6 +125,60 @@ Bench::Work dragStep(QWidget *widget)
     };
 }
 
+// Many sliders of one kind in a window: each is dragged across once, so that the handle comes to no place where
+// it was painted before.
+class FirstDrags
+{
+public:
+    explicit FirstDrags(const Contest::Make &make)
+    {
+        for (int index = 0; index < kColumns * kRows; ++index) {
+            QWidget *slider = make(&m_window);
+            slider->move(index % kColumns * 240 + 5, index / kColumns * 35 + 3);
+            m_sliders.push_back(slider);
+        }
+        m_window.resize(kColumns * 240, kRows * 35);
+        m_window.setAttribute(Qt::WA_DontShowOnScreen);
+        m_window.show();
+    }
+
+    Bench::Work step()
+    {
+        return [this] {
+            QWidget *slider = m_sliders[m_current % m_sliders.size()];
+            const int start = slider->height() / 2;
+            if (m_way == 0)
+                send(slider, QEvent::MouseButtonPress, start);
+            ++m_way;
+            send(slider, QEvent::MouseMove, start + m_way);
+            slider->repaint();
+            if (start + m_way + start < slider->width())
+                return;
+            send(slider, QEvent::MouseButtonRelease, start + m_way);
+            ++m_current;
+            m_way = 0;
+        };
+    }
+
+private:
+    static constexpr int kColumns = 6;
+    static constexpr int kRows = 20;
+
+    QWidget m_window;
+    std::vector<QWidget *> m_sliders;
+    std::size_t m_current = 0;
+    int m_way = 0;
+};
+
+// Windows that are made while this lives have the device pixel ratio.
+class AtRatio
+{
+public:
+    explicit AtRatio(qreal ratio) { QHighDpiScaling::setGlobalFactor(ratio); }
+    ~AtRatio() { QHighDpiScaling::setGlobalFactor(1); }
+    Q_DISABLE_COPY(AtRatio)
+};
+
 Bench::Work construction(const Contest::Make &make)
 {
     return [make] {
@@ -141,11 +200,23 @@ Bench::Measure kilobytes(const Contest::Make &make)
     };
 }
 
+void runAtRatio(Bench &bench, const Contest &contest, qreal ratio)
+{
+    const AtRatio scope(ratio);
+    const QString name = QStringLiteral("%1 at %2, plain: ").arg(QLatin1String(contest.name)).arg(ratio);
+    const Stage stage(contest.ours, contest.plainStock);
+    bench.compare(name + QStringLiteral("repaint"), repaint(stage.ours()), repaint(stage.stock()));
+    bench.compare(name + QStringLiteral("drag step"), dragStep(stage.ours()), dragStep(stage.stock()));
+    FirstDrags ours(contest.ours);
+    FirstDrags stock(contest.plainStock);
+    bench.compare(name + QStringLiteral("drag to new places"), ours.step(), stock.step());
+}
+
 void run(Bench &bench, const Contest &contest)
 {
     const QString name = QString::fromLatin1(contest.name);
     {
-        const Stage stage(contest);
+        const Stage stage(contest.ours, contest.stock);
         bench.compare(name + QStringLiteral(": repaint"), repaint(stage.ours()), repaint(stage.stock()));
         bench.compare(name + QStringLiteral(": drag step"), dragStep(stage.ours()), dragStep(stage.stock()));
         if (!contest.skin.isEmpty()) {
@@ -156,6 +227,8 @@ void run(Bench &bench, const Contest &contest)
                           });
         }
     }
+    for (const qreal ratio : {1.0, 1.5, 2.0})
+        runAtRatio(bench, contest, ratio);
     bench.compare(name + QStringLiteral(": construction"), construction(contest.ours),
                   construction(contest.stock));
     bench.compareValues(qPrintable(name + QStringLiteral(": memory of 100")), "KiB", kilobytes(contest.ours),
@@ -174,6 +247,7 @@ Contest horizontal()
     return {"HorizontalSlider",
             [](QWidget *parent) { return new HorizontalSlider(parent); },
             stock(kHorizontalSheet, QSize(206, 14)),
+            stock("", QSize(206, 14)),
             {QStringLiteral(":/images/images/hslider/groove.svg"),
              QStringLiteral(":/images/images/hslider/handle.svg")}};
 }
@@ -183,6 +257,7 @@ Contest newHorizontal()
     return {"NewHorizontalSlider",
             [](QWidget *parent) { return new NewHorizontalSlider(kNewSize, kNewHandle, false, parent); },
             stock(kNewSheet, kNewSize),
+            stock("", kNewSize),
             {QStringLiteral(":/images/images/hslider2/groove.svg"),
              QStringLiteral(":/images/images/hslider2/handle.svg")}};
 }
@@ -193,6 +268,7 @@ Contest bar()
     return {"CustomSliderBarWidget",
             [](QWidget *parent) { return new CustomSliderBarWidget(parent); },
             stock(kBarSheet, QSize(117, 12)),
+            stock("", QSize(117, 12)),
             {skin + QStringLiteral("background.svg"), skin + QStringLiteral("item.svg"),
              skin + QStringLiteral("item_active.svg"), skin + QStringLiteral("select.svg")}};
 }
@@ -207,22 +283,25 @@ Contest clicks()
                 return slider;
             },
             stock(kNewSheet, kNewSize),
+            stock(kNewSheet, kNewSize),
             {}};
 }
 
 Contest bidirection()
 {
-    return {"CustomBidirectionSlider",
-            [](QWidget *parent) {
-                auto *slider =
-                    new CustomBidirectionSlider(kLineWidth, kHandleWidth, QColor(0x4B, 0x66, 0xEB), parent);
-                slider->setFixedSize(206, 24);
-                return slider;
-            },
-            [sheet = bidirectionSheet() + QLatin1String(kLineSheet)](QWidget *parent) {
-                return stockSlider(parent, sheet, QSize(206, 24));
-            },
-            {}};
+    return {
+        "CustomBidirectionSlider",
+        [](QWidget *parent) {
+            auto *slider =
+                new CustomBidirectionSlider(kLineWidth, kHandleWidth, QColor(0x4B, 0x66, 0xEB), parent);
+            slider->setFixedSize(206, 24);
+            return slider;
+        },
+        [sheet = bidirectionSheet() + QLatin1String(kLineSheet)](QWidget *parent) {
+            return stockSlider(parent, sheet, QSize(206, 24));
+        },
+        [sheet = bidirectionSheet()](QWidget *parent) { return stockSlider(parent, sheet, QSize(206, 24)); },
+        {}};
 }
 
 const BenchGroup group("sliders", [](Bench &bench) {
@@ -230,7 +309,8 @@ const BenchGroup group("sliders", [](Bench &bench) {
         run(bench, contest);
     bench.note(QStringLiteral(
         "stock Qt is a QSlider in the same looks by style sheet; it has no steps, and its coloured "
-        "line starts at the left end"));
+        "line starts at the left end; plain is one without a sheet, or without a line, at that device pixel "
+        "ratio"));
 });
 
 } // namespace
