@@ -17,7 +17,11 @@ function(orv_add_test name)
     endif()
 
     add_executable(${name} ${arg_SOURCE})
-    orv_target_defaults(${name})
+    orv_program_defaults(${name})
+    target_precompile_headers(${name} REUSE_FROM orv_test_support)
+    # Nearly always empty: moc's output for a test is included by the test.
+    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp PROPERTIES
+        SKIP_PRECOMPILE_HEADERS ON)
     target_link_libraries(${name} PRIVATE orv_test_support Qt5::Test Qt5::Widgets ${arg_LIBRARIES})
     if(ORV_SANITIZERS MATCHES thread)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/threadsanitizer.cpp)

@@ -2,8 +2,8 @@
 # the way a client would.
 
 set(package ${PROJECT_BINARY_DIR}/install-test)
-set(consumer_options
-    -DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER})
+string(REPLACE ";" "\\;" consumer_launcher "${CMAKE_CXX_COMPILER_LAUNCHER}")
+set(consumer_options "-DCMAKE_CXX_COMPILER_LAUNCHER=${consumer_launcher}")
 if(ORV_SANITIZERS)
     list(APPEND consumer_options -DCMAKE_CXX_FLAGS=-fsanitize=${ORV_SANITIZERS})
 endif()
