@@ -76,7 +76,7 @@ private Q_SLOTS:
     void showsTheCursorOfEachEdge_data();
     void showsTheCursorOfEachEdge();
     void findsEdgesAtNegativeCoordinates();
-    void findsNoEdgeWithAMeasureBeyondInt();
+    void comparesMeasuresBeyondInt();
     void unsetsOnlyItsOwnCursor();
     void unsetsTheCursorOnLeave();
     void showsNoCursorUnlessResizable();
@@ -323,19 +323,32 @@ void tst_FramelessHelper::findsEdgesAtNegativeCoordinates()
     QCOMPARE(m_window->geometry(), frame.adjusted(-10, -20, 0, 0));
 }
 
-void tst_FramelessHelper::findsNoEdgeWithAMeasureBeyondInt()
+void tst_FramelessHelper::comparesMeasuresBeyondInt()
 {
     for (const unsigned int measure : {UINT_MAX, unsigned(INT_MAX) + 1U}) {
         m_helper->setBorderWidth(measure);
         m_helper->setTitleHeight(measure);
         QCOMPARE(m_helper->borderWidth(), measure);
-        for (const QPoint &point : {QPoint(0, 0), QPoint(0, 130), kTitle, kMiddle, QPoint(300, 250)}) {
+        QCOMPARE(m_helper->titleHeight(), measure);
+        // Edges are compared signed, so that there is none; the title strip as the number that it is, so that
+        // it is the whole widget.
+        for (const QPoint &point : {QPoint(0, 0), QPoint(0, 130), kTitle, kMiddle, QPoint(299, 249)}) {
             MouseEvents::hover(m_window.get(), at(point));
             QCOMPARE(cursorOf(m_window.get()), kNoCursor);
             drag(point, point + QPoint(-5, -5));
-            QCOMPARE(m_window->geometry(), kFrame);
+            QCOMPARE(m_window->geometry(), kFrame.translated(-5, -5));
+            m_window->setGeometry(kFrame);
         }
     }
+    // The enlarged corner goes by the sum of both measures.
+    m_helper->setEnabelRightBottomAreaResize(true);
+    m_helper->setBorderWidth(unsigned(-4));
+    m_helper->setRightBottomAreaExtraPix(10);
+    MouseEvents::hover(m_window.get(), at({294, 244}));
+    QCOMPARE(cursorOf(m_window.get()), int(Qt::SizeFDiagCursor));
+    MouseEvents::hover(m_window.get(), at({293, 244}));
+    QCOMPARE(cursorOf(m_window.get()), kNoCursor);
+    m_helper->setEnabelRightBottomAreaResize(false);
     // The largest that a signed comparison can hold covers everything.
     m_helper->setBorderWidth(INT_MAX);
     m_helper->setRightBottomAreaExtraPix(INT_MAX);

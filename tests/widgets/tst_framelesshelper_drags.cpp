@@ -1,4 +1,5 @@
 #include "framelesshelpertest.h"
+#include "lostpresses.h"
 
 /// Moving, resizing and rubber bands; tst_FramelessHelper has the rest.
 class tst_FramelessHelper_drags : public FramelessHelperTest
@@ -35,6 +36,12 @@ private Q_SLOTS:
     void choosesTheRubberBandAtThePress();
     void keepsTheMinimumSizeOfARubberBand();
     void survivesTheLossOfARubberBand();
+
+    void endsWithAPressThatIsLost_data();
+    void endsWithAPressThatIsLost();
+    void hidesTheRubberBandOfAPressThatIsLost_data();
+    void hidesTheRubberBandOfAPressThatIsLost();
+    void forgetsTheRubberBandWithTheWindow();
 };
 
 void tst_FramelessHelper_drags::movesByTheTitleStrip_data()
@@ -387,6 +394,81 @@ void tst_FramelessHelper_drags::survivesTheLossOfARubberBand()
     QCOMPARE(m_window->geometry(), kFrame.translated(1, 1));
     m_helper->setRubberBandOnMove(true);
     QCOMPARE(rubberBands().size(), 1);
+}
+
+void tst_FramelessHelper_drags::endsWithAPressThatIsLost_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_FramelessHelper_drags::endsWithAPressThatIsLost()
+{
+    QFETCH(Loss, loss);
+    m_window->show();
+    for (const QPoint &from : {kTitle, QPoint(0, 130)}) {
+        const bool isMove = from == kTitle;
+        press(from);
+        moveTo(from + QPoint(20, 0));
+        const QRect pulled = isMove ? kFrame.translated(20, 0) : kFrame.adjusted(20, 0, 0, 0);
+        QCOMPARE(m_window->geometry(), pulled);
+        loss(m_window.get());
+        QCOMPARE(m_window->geometry(), pulled);
+
+        MouseEvents::move(m_window.get(), at(from) + QPoint(60, 70), Qt::NoButton);
+        moveTo(from + QPoint(60, 70));
+        QCOMPARE(m_window->geometry(), pulled);
+        MouseEvents::hover(m_window.get(), m_window->geometry().topLeft()); // as ever without a press
+        QCOMPARE(m_window->cursor().shape(), Qt::SizeFDiagCursor);
+        release(from + QPoint(60, 70));
+        QCOMPARE(m_window->geometry(), pulled);
+
+        m_window->setGeometry(kFrame);
+        drag(from, from + QPoint(30, 0)); // the next one starts afresh
+        QCOMPARE(m_window->geometry(), isMove ? kFrame.translated(30, 0) : kFrame.adjusted(30, 0, 0, 0));
+        m_window->setGeometry(kFrame);
+    }
+}
+
+void tst_FramelessHelper_drags::hidesTheRubberBandOfAPressThatIsLost_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_FramelessHelper_drags::hidesTheRubberBandOfAPressThatIsLost()
+{
+    QFETCH(Loss, loss);
+    m_helper->setRubberBandOnMove(true);
+    m_helper->setRubberBandOnResize(true);
+    QRubberBand *band = rubberBand();
+    m_window->show();
+    for (const QPoint &from : {kTitle, QPoint(0, 130)}) {
+        press(from);
+        moveTo(from + QPoint(20, 0));
+        QVERIFY(band->isVisible());
+        loss(m_window.get());
+        QVERIFY(!band->isVisible());
+        moveTo(from + QPoint(60, 70));
+        QVERIFY(!band->isVisible());
+        release(from + QPoint(60, 70));
+        QCOMPARE(m_window->geometry(), kFrame);
+
+        drag(from, from); // the next one starts with a band where the window is
+        QVERIFY(!band->isVisible());
+        QCOMPARE(m_window->geometry(), kFrame);
+    }
+}
+
+void tst_FramelessHelper_drags::forgetsTheRubberBandWithTheWindow()
+{
+    m_helper->setRubberBandOnMove(true);
+    m_window->show();
+    press(kTitle);
+    moveTo(kTitle + QPoint(20, 0));
+    m_window->hide();
+    QVERIFY(!rubberBand()->isVisible()); // while the window is still hidden
+    release(kTitle + QPoint(20, 0));
+    m_window->show();
+    QCOMPARE(m_window->geometry(), kFrame);
 }
 
 QTEST_MAIN(tst_FramelessHelper_drags)

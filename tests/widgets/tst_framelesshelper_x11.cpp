@@ -7,6 +7,7 @@
 #include <QtGui/QScreen>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QRubberBand>
 #include <QtWidgets/QWidget>
 
@@ -126,6 +127,9 @@ private Q_SLOTS:
     void showsNoCursorWhenItFillsTheScreen_data();
     void showsNoCursorWhenItFillsTheScreen();
     void ignoresOtherButtons();
+    void letsGoOfTheWindowWhenAModalDialogOpens_data();
+    void letsGoOfTheWindowWhenAModalDialogOpens();
+    void letsGoOfTheWindowWhenItIsHidden();
 
 private:
     static QPoint at(const QPoint &local) { return kFrame.topLeft() + local; }
@@ -146,6 +150,7 @@ void tst_FramelessHelper_x11::init()
 
 void tst_FramelessHelper_x11::cleanup()
 {
+    XPointer::release(); // where a test has failed in mid-drag
     m_helper->setEnabelRightBottomAreaResize(false);
     m_helper.reset();
     m_window.reset();
@@ -319,6 +324,65 @@ void tst_FramelessHelper_x11::ignoresOtherButtons()
         XPointer::drag(at({2, 2}), at({-20, -20}), button);
         QCOMPARE(m_window->geometry(), kFrame);
     }
+}
+
+void tst_FramelessHelper_x11::letsGoOfTheWindowWhenAModalDialogOpens_data()
+{
+    QTest::addColumn<bool>("rubberBand");
+    QTest::addColumn<QPoint>("from");
+    for (const bool rubberBand : {false, true}) {
+        QTest::addRow("move%s", rubberBand ? " of a rubber band" : "") << rubberBand << kTitle;
+        QTest::addRow("resize%s", rubberBand ? " of a rubber band" : "") << rubberBand << QPoint(2, 150);
+    }
+}
+
+// The pointer is really held down, and really released while the dialog is there.
+void tst_FramelessHelper_x11::letsGoOfTheWindowWhenAModalDialogOpens()
+{
+    QFETCH(bool, rubberBand);
+    QFETCH(QPoint, from);
+    m_helper->setRubberBandOnMove(rubberBand);
+    m_helper->setRubberBandOnResize(rubberBand);
+    XPointer::moveTo(at(from));
+    XPointer::press();
+    XPointer::glideTo(at(from) - QPoint(60, 0));
+    const QRect pulled = from == kTitle ? kFrame.translated(-60, 0) : kFrame.adjusted(-58, 0, 0, 0);
+    const QRect frame = rubberBand ? kFrame : pulled;
+    QTRY_COMPARE(rubberBand ? ::rubberBand()->geometry() : m_window->geometry(), pulled);
+    QCOMPARE(m_window->geometry(), frame);
+
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.setGeometry(20, 20, 150, 100);
+    QVERIFY(XPointer::showAndWait(&dialog));
+    QVERIFY(!rubberBand || !::rubberBand()->isVisible());
+    XPointer::glideTo(at(from) + QPoint(20, 90));
+    XPointer::release();
+    QCOMPARE(m_window->geometry(), frame);
+    dialog.hide();
+    QVERIFY(XPointer::showAndWait(m_window.get()));
+    XPointer::glideTo(frame.center());
+    XPointer::glideTo(frame.center() + QPoint(30, 40));
+    QCOMPARE(m_window->geometry(), frame);
+    QVERIFY(!rubberBand || !::rubberBand()->isVisible());
+
+    XPointer::drag(frame.topLeft() + kTitle, frame.topLeft() + kTitle + QPoint(50, 60));
+    QTRY_COMPARE(m_window->geometry(), frame.translated(50, 60));
+}
+
+void tst_FramelessHelper_x11::letsGoOfTheWindowWhenItIsHidden()
+{
+    XPointer::moveTo(at(kTitle));
+    XPointer::press();
+    XPointer::glideTo(at(kTitle) + QPoint(40, 0));
+    QTRY_COMPARE(m_window->geometry(), kFrame.translated(40, 0));
+    m_window->hide();
+    XPointer::release();
+    QVERIFY(XPointer::showAndWait(m_window.get()));
+    const QRect frame = m_window->geometry();
+    XPointer::glideTo(frame.center());
+    XPointer::glideTo(frame.center() + QPoint(30, 40));
+    QCOMPARE(m_window->geometry(), frame);
 }
 
 QTEST_MAIN(tst_FramelessHelper_x11)

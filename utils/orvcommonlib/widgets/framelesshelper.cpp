@@ -1,5 +1,7 @@
 #include "framelesshelper.h"
 
+#include "pressgesture.h"
+
 #include <QtCore/QHash>
 #include <QtCore/QPointer>
 #include <QtGui/QHoverEvent>
@@ -71,7 +73,7 @@ struct FramelessHelperState
 
 namespace {
 
-/// Settings are unsigned, but screens reach into negative coordinates: whatever is compared is signed first.
+/// Settings are unsigned, but screens reach into negative coordinates: edges are compared signed.
 int asSigned(unsigned int setting)
 {
     return static_cast<int>(setting);
@@ -203,6 +205,7 @@ private:
     void updateCursor(const QPoint &globalPos);
     void moveTo(const QPoint &globalPos);
     void resizeTo(const QPoint &globalPos);
+    void hideRubberBand();
 
     const FramelessHelperState *m_helperState;
     QPointer<QRubberBand> m_rubberBand; // owned; guarded, as any code may delete a top-level widget
@@ -210,7 +213,7 @@ private:
     QPoint m_dragOffset;
     EdgeHitTest m_pressEdges;
     EdgeHitTest m_hoverEdges;
-    bool m_leftPressed = false;
+    PressGesture m_press; // of the left button
     bool m_cursorChanged = false;
     bool m_titlePressed = false;
     Qt::WindowFlags m_savedWindowFlags;
@@ -219,6 +222,7 @@ private:
 WatchedWidgetState::WatchedWidgetState(const FramelessHelperState *helperState, QWidget *widget)
     : m_helperState(helperState)
     , m_widget(widget)
+    , m_press(widget, [this] { hideRubberBand(); })
     , m_savedWindowFlags(widget->windowFlags())
 {
     m_widget->setMouseTracking(true);
@@ -274,8 +278,8 @@ void WatchedWidgetState::handlePress(const QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    m_leftPressed = true;
-    m_titlePressed = event->pos().y() < asSigned(EdgeHitTest::titleHeight);
+    m_press.begin();
+    m_titlePressed = event->pos().y() < qint64(EdgeHitTest::titleHeight);
     const QRect frame = m_widget->frameGeometry();
     m_pressEdges.hitTest(event->globalPos(), frame, *m_helperState);
     m_dragOffset = event->globalPos() - frame.topLeft();
@@ -290,20 +294,18 @@ void WatchedWidgetState::handlePress(const QMouseEvent *event)
 
 void WatchedWidgetState::handleRelease(const QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton || !m_press.end() || !m_rubberBand || !m_rubberBand->isVisible())
         return;
-    m_leftPressed = false;
-    m_titlePressed = false;
-    m_pressEdges.reset();
-    if (m_rubberBand && m_rubberBand->isVisible()) {
-        m_rubberBand->hide();
-        m_widget->setGeometry(m_rubberBand->geometry());
-    }
+    const QPointer<QWidget> widget(m_widget);
+    const QRect geometry = m_rubberBand->geometry();
+    hideRubberBand();
+    if (widget)
+        widget->setGeometry(geometry);
 }
 
 void WatchedWidgetState::handleMouseMove(const QMouseEvent *event)
 {
-    if (m_leftPressed) {
+    if (m_press.isUnderWay()) {
         if (m_helperState->resizable && m_pressEdges.onAnyEdge)
             resizeTo(event->globalPos());
         else if (m_helperState->movable && m_titlePressed)
@@ -322,7 +324,7 @@ void WatchedWidgetState::handleHoverMove(const QHoverEvent *event)
 void WatchedWidgetState::handleLeave()
 {
     // The changed-cursor flag stays: a later update unsets the cursor once more, which harms nothing.
-    if (!m_leftPressed)
+    if (!m_press.isUnderWay())
         m_widget->unsetCursor();
 }
 
@@ -363,6 +365,12 @@ void WatchedWidgetState::resizeTo(const QPoint &globalPos)
         return;
     keepMinimumSize(&pulled, start, {m_widget->minimumWidth(), m_widget->minimumHeight()});
     resized->setGeometry(pulled);
+}
+
+void WatchedWidgetState::hideRubberBand()
+{
+    if (m_rubberBand)
+        m_rubberBand->hide();
 }
 
 } // namespace

@@ -17,6 +17,10 @@ struct FramelessHelperState;
 /// for it. Every event still reaches the widget, after the helper has acted on it. The helper sets no window
 /// flag itself: making the widget frameless is the client's part.
 ///
+/// A drag ends with the release of the left button, or with whatever takes that release away: the widget is
+/// hidden, closed or disabled, a modal window blocks it, or a popup opens. The widget then stays where it is;
+/// a rubber band is hidden and leaves nothing behind.
+///
 /// Movability, resizability, rubber bands and the edges that can be dragged are set for each helper. Border
 /// width, title height and the two settings of the bottom-right area are deliberately shared by all helpers
 /// of the process: a setter of any instance changes them for all, also for widgets that are already watched.
@@ -29,60 +33,81 @@ class ORVCOMMONLIB_EXPORT FramelessHelper : public QObject
 
 public:
     /// Movable and resizable by all four edges, no rubber bands.
+    /// \param parent the owner, or null
     explicit FramelessHelper(QObject *parent = nullptr);
 
     /// Deactivates the helper on every widget that it still watches, as removeFrom() does.
     ~FramelessHelper() override;
 
-    /// Starts watching `w`, switches its mouse tracking and Qt::WA_Hover on, and remembers its window flags.
-    /// Does nothing for a widget that is watched already, or for null. The widget is not owned; one that is
-    /// destroyed while it is watched is forgotten.
+    /// Starts watching a widget, switches its mouse tracking and Qt::WA_Hover on, and remembers its window
+    /// flags.
+    /// \param w the widget; not owned, and forgotten when it is destroyed while it is watched. Nothing
+    ///          happens for one that is watched already, or for null.
     void activateOn(QWidget *w);
 
-    /// Stops watching `w`: switches its mouse tracking and Qt::WA_Hover off and sets back the window flags
-    /// that it had when the helper was activated. A shown widget whose flags have changed since is hidden by
-    /// that, as QWidget::setWindowFlags() always does; this is deliberate. Does nothing for a widget that is
-    /// not watched, or for null.
+    /// Stops watching a widget: switches its mouse tracking and Qt::WA_Hover off and sets back the window
+    /// flags that it had when the helper was activated. A shown widget whose flags have changed since is
+    /// hidden by that, as QWidget::setWindowFlags() always does; this is deliberate.
+    /// \param w the widget; nothing happens for one that is not watched, or for null
     void removeFrom(QWidget *w);
 
-    /// Whether a left press in the title strip drags the widget. Default: true.
+    /// \param movable whether a left press in the title strip drags the widget; true at first
     void setWidgetMovable(bool movable);
+    /// \return what setWidgetMovable() has set
     bool widgetMovable() const;
 
-    /// Whether a left press on an edge resizes the widget, and whether the cursor tells so. Default: true.
+    /// \param resizable whether a left press on an edge resizes the widget, and whether the cursor tells so;
+    ///                  true at first
     void setWidgetResizable(bool resizable);
+    /// \return what setWidgetResizable() has set
     bool widgetResizable() const;
 
-    /// Whether a drag moves a rubber band, and the widget itself only at the release. Default: false.
+    /// \param rubberBand whether a drag moves a rubber band, and the widget itself only at the release; false
+    ///                   at first
     void setRubberBandOnMove(bool rubberBand);
+    /// \return what setRubberBandOnMove() has set
     bool rubberBandOnMove() const;
 
-    /// Whether a drag resizes a rubber band, and the widget itself only at the release. Default: false.
+    /// \param rubberBand whether a drag resizes a rubber band, and the widget itself only at the release;
+    ///                   false at first
     void setRubberBandOnResize(bool rubberBand);
-    bool rubberBandOnResisze() const; ///< The misspelled name is the one that clients use.
+    /// \return what setRubberBandOnResize() has set. The misspelled name is the one that clients use.
+    bool rubberBandOnResisze() const;
 
-    /// Process-wide: the thickness of the band along each edge that counts as that edge. Default: 5; 0 is
-    /// ignored. It takes part in signed comparisons, so a value above the largest int leaves no band at all.
+    /// Process-wide: the thickness of the band along each edge that counts as that edge.
+    /// \param width 5 at first; 0 is ignored. Edges are compared signed: above the largest int it stands for
+    ///              a negative width, which leaves no band.
     void setBorderWidth(unsigned int width);
+    /// \return what setBorderWidth() has set
     unsigned int borderWidth() const;
 
-    /// Process-wide: a left press above this height, in the widget's coordinates, starts a move. Default: 50;
-    /// 0 is ignored. It takes part in signed comparisons, so a value above the largest int leaves no title
-    /// strip at all.
+    /// Process-wide: a left press above this height, in the widget's coordinates, starts a move.
+    /// \param height 50 at first; 0 is ignored. It is compared as the number that it is: above the largest
+    ///               int the whole widget is title strip.
     void setTitleHeight(unsigned int height);
+    /// \return what setTitleHeight() has set
     unsigned int titleHeight() const;
 
-    /// Process-wide: by how much the bottom-right corner area is widened while it is enlarged. Default: 10; 0
-    /// is ignored.
+    /// Process-wide: by how much the bottom-right corner area exceeds the border width while it is enlarged.
+    /// \param extra 10 at first; 0 is ignored. Compared signed, as the border width that it is added to.
     void setRightBottomAreaExtraPix(unsigned int extra);
+    /// \return what setRightBottomAreaExtraPix() has set
     unsigned int rightBottomAreaExtraPix() const;
 
-    /// Process-wide: whether the bottom-right corner area is enlarged. The enlarged area resizes whatever the
-    /// drag directions are. Default: false. The misspelled name is the one that clients use.
+    /// Process-wide. The misspelled name is the one that clients use.
+    /// \param enable whether the bottom-right corner area is enlarged; false at first. The enlarged area
+    ///               resizes whatever the drag directions are, and also when a negative border width leaves no
+    ///               band, as long as its sum with rightBottomAreaExtraPix() is not negative.
     void setEnabelRightBottomAreaResize(bool enable);
+    /// \return what setEnabelRightBottomAreaResize() has set
     bool enableRightBottomAreaResizeState() const;
 
-    /// Which edges of this helper's widgets can be dragged. Default: all. A corner needs both of its edges.
+    /// Which edges of this helper's widgets can be dragged; all of them at first. A corner needs both of its
+    /// edges.
+    /// \param left   whether the left one can
+    /// \param top    whether the top one can
+    /// \param right  whether the right one can
+    /// \param bottom whether the bottom one can
     void setDragDirection(bool left, bool top, bool right, bool bottom);
 
 protected:
