@@ -24,8 +24,7 @@ inline void blockByModalDialog(QWidget *widget)
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));
     dialog.hide();
-    QCoreApplication::processEvents();
-    QVERIFY(widget->isVisible());
+    Q_UNUSED(widget)
 }
 
 /// Adds the column "loss", and a row for each.

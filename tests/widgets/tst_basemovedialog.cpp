@@ -25,7 +25,9 @@ private Q_SLOTS:
     void handsItsSettingsToTheHelper();
     void setsBorderAndRubberBand_data();
     void setsBorderAndRubberBand();
-    void survivesNegativeMeasures();
+    void readsNegativeMeasures();
+    void keepsTheEnlargedCornerWithANegativeBorder();
+    void readsTheLargestMeasures();
 
     void passesItsEventsToTheBase();
     void paintsItsStyleSheet();
@@ -33,6 +35,8 @@ private Q_SLOTS:
 
     void survivesDestructionInItsSlots_data();
     void survivesDestructionInItsSlots();
+    void keepsAnEventThatItDoesNotSurvive_data();
+    void keepsAnEventThatItDoesNotSurvive();
     void survivesDestructionInTheMiddleOfAGesture();
     void survivesTheLossOfItsHelper();
 };
@@ -158,8 +162,9 @@ void tst_BaseMoveDialog::setsBorderAndRubberBand()
     QVERIFY(!helper()->rubberBandOnMove());
 }
 
-void tst_BaseMoveDialog::survivesNegativeMeasures()
+void tst_BaseMoveDialog::readsNegativeMeasures()
 {
+    // No border to press on, and the whole dialog for a title strip.
     const QSignalSpy resized(m_dialog.get(), &BaseMoveDialog::sig_windowResizefinished);
     m_dialog->setWidgetResizable(true);
     for (const int measure : {-1, -10, INT_MIN}) {
@@ -169,10 +174,32 @@ void tst_BaseMoveDialog::survivesNegativeMeasures()
             press(from);
             moveTo(from - QPoint(5, 5));
             release(from - QPoint(5, 5));
-            QCOMPARE(m_dialog->geometry(), kGeometry);
+            QCOMPARE(m_dialog->geometry(), kGeometry.translated(-5, -5));
             QCOMPARE(resized.count(), 0);
+            m_dialog->setGeometry(kGeometry);
         }
     }
+}
+
+// Its side is the sum of both measures, so that it is there without a border.
+void tst_BaseMoveDialog::keepsTheEnlargedCornerWithANegativeBorder()
+{
+    const QSignalSpy resized(m_dialog.get(), &BaseMoveDialog::sig_windowResizefinished);
+    m_dialog->setWidgetResizable(true);
+    m_dialog->setRectOfCanResize(false, -4, false);
+    m_dialog->setEnableRightBottomResizeArea(true);
+    press({293, 243});
+    release({292, 243});
+    QCOMPARE(resized.count(), 0);
+    press({294, 244});
+    release({293, 244});
+    QCOMPARE(resized.count(), 1);
+}
+
+void tst_BaseMoveDialog::readsTheLargestMeasures()
+{
+    const QSignalSpy resized(m_dialog.get(), &BaseMoveDialog::sig_windowResizefinished);
+    m_dialog->setWidgetResizable(true);
     m_dialog->setRectOfCanResize(false, INT_MAX, false);
     helper()->setRightBottomAreaExtraPix(INT_MAX);
     m_dialog->setEnableRightBottomResizeArea(true);
@@ -271,6 +298,34 @@ void tst_BaseMoveDialog::survivesDestructionInItsSlots()
         break;
     }
     QVERIFY(!m_dialog);
+}
+
+void tst_BaseMoveDialog::keepsAnEventThatItDoesNotSurvive_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("move") << int(QEvent::MouseMove);
+    QTest::newRow("release") << int(QEvent::MouseButtonRelease);
+    QTest::newRow("double click") << int(QEvent::MouseButtonDblClick);
+}
+
+// Qt offers an event that is not accepted to the parent, which it asks the receiver for.
+void tst_BaseMoveDialog::keepsAnEventThatItDoesNotSurvive()
+{
+    QFETCH(int, type);
+    m_dialog->setRectOfCanDrag({0, 0, 300, 250});
+    press(kMiddle);
+    if (type == QEvent::MouseButtonRelease)
+        moveTo(kMiddle + QPoint(1, 1));
+    for (const auto signal :
+         {&BaseMoveDialog::sig_windowMovefinished, &BaseMoveDialog::sig_doubleclickCanDragRect})
+        connect(m_dialog.get(), signal, this, [this] { m_dialog.reset(); });
+    connect(m_dialog.get(), &BaseMoveDialog::sig_windowMoved, this, [this] { m_dialog.reset(); });
+    QMouseEvent event(QEvent::Type(type), kMiddle, at(kMiddle), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    event.ignore();
+    QCoreApplication::sendEvent(m_dialog.get(), &event);
+    QVERIFY(!m_dialog);
+    QVERIFY(event.isAccepted());
 }
 
 void tst_BaseMoveDialog::survivesDestructionInTheMiddleOfAGesture()

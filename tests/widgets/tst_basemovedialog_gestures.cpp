@@ -1,4 +1,5 @@
 #include "basemovedialogtest.h"
+#include "lostpresses.h"
 
 #include <climits>
 
@@ -43,6 +44,18 @@ private Q_SLOTS:
     void reportsADoubleClick_data();
     void reportsADoubleClick();
     void countsADoubleClickAsAPress();
+
+    void finishesAMoveThatLosesItsEnd_data();
+    void finishesAMoveThatLosesItsEnd();
+    void tellsNothingOfOtherPressesThatLoseTheirEnd_data();
+    void tellsNothingOfOtherPressesThatLoseTheirEnd();
+    void startsAfreshAfterALoss_data();
+    void startsAfreshAfterALoss();
+    void staysMovingAfterALossWhenItCannotMove_data();
+    void staysMovingAfterALossWhenItCannotMove();
+    void finishesAMoveThatItsOwnReportEnds();
+    void mayBeDestroyedWhenAMoveIsFinishedByALoss_data();
+    void mayBeDestroyedWhenAMoveIsFinishedByALoss();
 
 private:
     QVector<QPoint> m_positions; // what slots have seen
@@ -464,6 +477,144 @@ void tst_BaseMoveDialog_gestures::countsADoubleClickAsAPress()
     QCOMPARE(m_notes, QStringList{QStringLiteral("pressed")});
     release(kMiddle);
     QVERIFY(!m_dialog->isMoving());
+}
+
+void tst_BaseMoveDialog_gestures::finishesAMoveThatLosesItsEnd_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_BaseMoveDialog_gestures::finishesAMoveThatLosesItsEnd()
+{
+    QFETCH(Loss, loss);
+    const QSignalSpy moved(m_dialog.get(), &BaseMoveDialog::sig_windowMoved);
+    const QSignalSpy finished(m_dialog.get(), &BaseMoveDialog::sig_windowMovefinished);
+    connect(m_dialog.get(), &BaseMoveDialog::sig_windowMovefinished, this,
+            [this] { QVERIFY(!m_dialog->isMoving()); });
+    m_dialog->show();
+    press(kTitle);
+    moveTo(kTitle + QPoint(10, 20));
+    QCOMPARE(moved.count(), 1);
+    loss(m_dialog.get());
+    QVERIFY(!m_dialog->isMoving());
+    QTRY_COMPARE(finished.count(), 1);
+
+    moveTo(kTitle + QPoint(50, 60));
+    release(kTitle + QPoint(50, 60));
+    QCOMPARE(moved.count(), 1);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(m_dialog->geometry(), kGeometry.translated(10, 20));
+}
+
+void tst_BaseMoveDialog_gestures::tellsNothingOfOtherPressesThatLoseTheirEnd_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_BaseMoveDialog_gestures::tellsNothingOfOtherPressesThatLoseTheirEnd()
+{
+    QFETCH(Loss, loss);
+    m_dialog->setWidgetResizable(true);
+    const QSignalSpy moved(m_dialog.get(), &BaseMoveDialog::sig_windowMoved);
+    const QSignalSpy finished(m_dialog.get(), &BaseMoveDialog::sig_windowMovefinished);
+    const QSignalSpy resized(m_dialog.get(), &BaseMoveDialog::sig_windowResizefinished);
+    m_dialog->show();
+    for (const QPoint &from : {QPoint(0, 130), kTitle, kMiddle}) { // a resize, and presses without a move
+        press(from);
+        loss(m_dialog.get());
+        release(from + QPoint(9, 9));
+        QCoreApplication::processEvents();
+        QVERIFY(!m_dialog->isMoving());
+    }
+    QCOMPARE(moved.count(), 0);
+    QCOMPARE(finished.count(), 0);
+    QCOMPARE(resized.count(), 0);
+    QCOMPARE(m_dialog->geometry(), kGeometry);
+}
+
+void tst_BaseMoveDialog_gestures::startsAfreshAfterALoss_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_BaseMoveDialog_gestures::startsAfreshAfterALoss()
+{
+    QFETCH(Loss, loss);
+    m_dialog->setWidgetResizable(true);
+    m_dialog->setCanMove(false);
+    m_dialog->show();
+    press({0, 130}); // forbids to drag
+    loss(m_dialog.get());
+    m_dialog->setCanMove(true);
+
+    const QSignalSpy moved(m_dialog.get(), &BaseMoveDialog::sig_windowMoved);
+    const QSignalSpy finished(m_dialog.get(), &BaseMoveDialog::sig_windowMovefinished);
+    press(kMiddle);
+    QVERIFY(m_dialog->isMoving());
+    moveTo(kMiddle + QPoint(1, 1));
+    QCOMPARE(moved.count(), 1);
+    release(kMiddle);
+    QCOMPARE(finished.count(), 1);
+    QVERIFY(!m_dialog->isMoving());
+}
+
+void tst_BaseMoveDialog_gestures::staysMovingAfterALossWhenItCannotMove_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_BaseMoveDialog_gestures::staysMovingAfterALossWhenItCannotMove()
+{
+    QFETCH(Loss, loss);
+    m_dialog->setCanMove(false);
+    m_dialog->show();
+    press(kMiddle);
+    loss(m_dialog.get());
+    QVERIFY(m_dialog->isMoving());
+}
+
+void tst_BaseMoveDialog_gestures::finishesAMoveThatItsOwnReportEnds()
+{
+    const QSignalSpy finished(m_dialog.get(), &BaseMoveDialog::sig_windowMovefinished);
+    m_dialog->show();
+    connect(m_dialog.get(), &BaseMoveDialog::sig_windowMoved, this, [this] { m_dialog->hide(); });
+    press(kTitle);
+    moveTo(kTitle + QPoint(1, 1));
+    QTRY_COMPARE(finished.count(), 1);
+    QVERIFY(!m_dialog->isMoving());
+    release(kTitle);
+    QCOMPARE(finished.count(), 1);
+}
+
+void tst_BaseMoveDialog_gestures::mayBeDestroyedWhenAMoveIsFinishedByALoss_data()
+{
+    QTest::addColumn<Loss>("loss");
+    QTest::newRow("hidden") << Loss([](QWidget *dialog) { dialog->hide(); });
+    QTest::newRow("closed") << Loss([](QWidget *dialog) { dialog->close(); });
+    QTest::newRow("disabled") << Loss([](QWidget *dialog) { dialog->setEnabled(false); });
+    QTest::newRow("modal dialog") << Loss(&LostPresses::blockByModalDialog);
+    QTest::newRow("next press") << Loss([](QWidget *dialog) {
+        QEvent event(QEvent::WindowBlocked);
+        QCoreApplication::sendEvent(dialog, &event);
+        MouseEvents::press(dialog, at(kTitle));
+    });
+    QTest::newRow("next double click") << Loss([](QWidget *dialog) {
+        QEvent event(QEvent::WindowBlocked);
+        QCoreApplication::sendEvent(dialog, &event);
+        MouseEvents::doubleClick(dialog, at(kTitle));
+    });
+}
+
+void tst_BaseMoveDialog_gestures::mayBeDestroyedWhenAMoveIsFinishedByALoss()
+{
+    QFETCH(Loss, loss);
+    m_dialog->setRectOfCanDrag({0, 0, 300, 250});
+    m_dialog->show();
+    connect(m_dialog.get(), &BaseMoveDialog::sig_windowMovefinished, this, [this] { m_dialog.reset(); });
+    press(kTitle);
+    moveTo(kTitle + QPoint(1, 1));
+    loss(m_dialog.get());
+    QTRY_VERIFY(!m_dialog);
 }
 
 QTEST_MAIN(tst_BaseMoveDialog_gestures)

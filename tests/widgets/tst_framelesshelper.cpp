@@ -90,6 +90,7 @@ private Q_SLOTS:
     void survivesItsDestroyedParent();
     void survivesRemovalInsideItsOwnActions_data();
     void survivesRemovalInsideItsOwnActions();
+    void keepsAnEventThatTheWidgetDoesNotSurvive();
     void survivesDestructionOfOneWidgetByAnother();
 };
 
@@ -560,6 +561,20 @@ void tst_FramelessHelper::survivesRemovalInsideItsOwnActions()
         break;
     }
     QVERIFY(ran);
+}
+
+// Qt offers an event that is not accepted to the parent, which it asks the receiver for.
+void tst_FramelessHelper::keepsAnEventThatTheWidgetDoesNotSurvive()
+{
+    m_window->onCursorChange = [this] {
+        m_window.reset();
+    };
+    QMouseEvent event(QEvent::MouseMove, QPointF(0, 0), at({0, 0}), Qt::NoButton, Qt::NoButton,
+                      Qt::NoModifier);
+    event.ignore();
+    QVERIFY(QCoreApplication::sendEvent(m_window.get(), &event));
+    QVERIFY(!m_window);
+    QVERIFY(event.isAccepted());
 }
 
 void tst_FramelessHelper::survivesDestructionOfOneWidgetByAnother()

@@ -1,12 +1,14 @@
 #include "basemovedialog.h"
 
 #include "framelesshelper.h"
+#include "pressgesture.h"
 #include "stylesheetpainting.h"
 
 #include <QtGui/QMouseEvent>
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -23,11 +25,21 @@ int keptWithin(int pos, int length, int start, qint64 end)
     return static_cast<int>(qMax<qint64>(qMin<qint64>(pos, end - length), start));
 }
 
+/// Whether a dialog is still there after what it has told its clients. Where it is not, it keeps the event:
+/// Qt would ask it for the parent that is to get it next.
+bool survived(const QPointer<BaseMoveDialog> &dialog, QMouseEvent *event)
+{
+    if (!dialog)
+        event->accept();
+    return !dialog.isNull();
+}
+
 } // namespace
 
 BaseMoveDialog::BaseMoveDialog(QWidget *parent, bool canMove, bool translucent, bool asDialog)
     : QWidget(parent)
     , m_canMove(canMove)
+    , m_press(std::make_unique<PressGesture>(this, [this] { losePress(); }))
 {
     Qt::WindowFlags flags = windowFlags() | Qt::FramelessWindowHint;
     if (asDialog)
@@ -96,6 +108,10 @@ bool BaseMoveDialog::isMoving() const
 
 void BaseMoveDialog::mousePressEvent(QMouseEvent *event)
 {
+    const QPointer<BaseMoveDialog> alive(this);
+    m_press->begin();
+    if (!survived(alive, event))
+        return;
     m_isMoving = true;
     m_movedSincePress = false;
     if (m_canMove && event->button() == Qt::LeftButton) {
@@ -118,10 +134,13 @@ void BaseMoveDialog::mouseMoveEvent(QMouseEvent *event)
     const bool dragging = m_canMove && m_isMoving && event->buttons().testFlag(Qt::LeftButton);
     if (dragging && m_dragAllowedNow) {
         const QPointer<BaseMoveDialog> alive(this);
+        m_reportingMove = true;
         Q_EMIT sig_windowMoved(keptInRectOfCanMove(event->globalPos() - m_dragOffset));
-        if (!alive)
+        if (!survived(alive, event))
             return;
-        m_movedSincePress = true;
+        // A slot that has taken the press its end has also taken the report back.
+        if (std::exchange(m_reportingMove, false))
+            m_movedSincePress = true;
     }
     QWidget::mouseMoveEvent(event);
 }
@@ -129,31 +148,42 @@ void BaseMoveDialog::mouseMoveEvent(QMouseEvent *event)
 void BaseMoveDialog::mouseReleaseEvent(QMouseEvent *event)
 {
     const QPointer<BaseMoveDialog> alive(this);
+    m_press->end();
     if (m_canMove) {
         m_isMoving = false;
         m_dragAllowedNow = true;
     }
-    if (m_movedSincePress) {
-        m_movedSincePress = false;
+    if (std::exchange(m_movedSincePress, false))
         Q_EMIT sig_windowMovefinished();
-        if (!alive)
-            return;
-    }
-    if (m_resizing) {
-        m_resizing = false;
-        if (event->button() == Qt::LeftButton && event->pos() != m_pressPosition)
-            Q_EMIT sig_windowResizefinished();
-        if (!alive)
-            return;
-    }
-    QWidget::mouseReleaseEvent(event);
+    if (!survived(alive, event))
+        return;
+    const bool resizing = std::exchange(m_resizing, false);
+    if (resizing && event->button() == Qt::LeftButton && event->pos() != m_pressPosition)
+        Q_EMIT sig_windowResizefinished();
+    if (survived(alive, event))
+        QWidget::mouseReleaseEvent(event);
 }
 
 void BaseMoveDialog::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    const QPointer<BaseMoveDialog> alive(this);
     QWidget::mouseDoubleClickEvent(event);
-    if (m_rectOfCanDrag && m_rectOfCanDrag->contains(event->pos()))
+    if (alive && m_rectOfCanDrag && m_rectOfCanDrag->contains(event->pos()))
         Q_EMIT sig_doubleclickCanDragRect();
+    survived(alive, event);
+}
+
+/// Nothing is told but that a move has stopped that clients know of.
+void BaseMoveDialog::losePress()
+{
+    if (m_canMove)
+        m_isMoving = false;
+    m_dragAllowedNow = true;
+    m_resizing = false;
+    const bool moveReported = m_movedSincePress || m_reportingMove;
+    m_movedSincePress = m_reportingMove = false;
+    if (moveReported)
+        m_press->announce([this] { Q_EMIT sig_windowMovefinished(); });
 }
 
 void BaseMoveDialog::paintEvent(QPaintEvent *event)

@@ -10,6 +10,7 @@
 #include <memory>
 
 class FramelessHelper;
+class PressGesture;
 
 /// The base of every dialog of the library: a frameless top-level widget that the user can drag by its title
 /// strip and, where asked for, resize by its edges.
@@ -17,6 +18,10 @@ class FramelessHelper;
 /// Two layers run side by side. A FramelessHelper of the dialog's own moves and resizes the window; it sees
 /// each mouse event first. The dialog's handlers then only report, through the signals below. Style sheets
 /// paint the dialog as they would a widget of Qt's own.
+///
+/// A press ends with its release, or with whatever takes that release away: the dialog is hidden, closed or
+/// disabled, a modal window blocks it, or a popup opens. A move that has been reported is then reported as
+/// finished, at the latest when control is back in the event loop; nothing else is emitted.
 ///
 /// Lengths and positions are in device-independent pixels. To be used in the GUI thread only. Logs nothing. A
 /// slot of any of the signals may destroy the dialog.
@@ -29,54 +34,68 @@ public:
     /// \param canMove     whether the user may drag the dialog
     /// \param translucent whether what the dialog does not paint lets the desktop through
     /// \param asDialog    whether the window is a Qt::Dialog; otherwise it keeps the plain flags of a widget,
-    /// and is
-    ///                    a window of its own only without a parent
+    ///                    and is a window of its own only without a parent
     BaseMoveDialog(QWidget *parent, bool canMove, bool translucent, bool asDialog);
     ~BaseMoveDialog() override;
 
-    /// Whether the user may drag the dialog by the title strip.
+    /// \param canMove whether the user may drag the dialog by the title strip
     void setCanMove(bool canMove);
 
-    /// Limits the positions that sig_windowMoved() reports to those where the whole dialog lies inside
-    /// `rect`, in screen coordinates. A dialog that is larger than the rectangle is pinned to its left and
-    /// top. The rectangle is copied; null removes the limit.
+    /// Limits the positions that sig_windowMoved() reports to those where the whole dialog lies inside a
+    /// rectangle. A dialog that is larger than the rectangle is pinned to its left and top.
+    /// \param rect the rectangle in screen coordinates, which is copied; null removes the limit
     void setRectOfCanMove(QRect *rect);
 
-    /// Limits to `rect`, in the dialog's own coordinates, where a press may start a drag that is reported,
-    /// and where a double click is. The rectangle is copied. The limit cannot be removed again, only
-    /// replaced.
+    /// Limits where a press may start a drag that is reported, and where a double click is. The limit cannot
+    /// be removed again, only replaced.
+    /// \param rect the rectangle in the dialog's own coordinates
     void setRectOfCanDrag(const QRect &rect);
 
-    /// Sets the thickness of the resize borders, for every FramelessHelper of the process; 0 is ignored and a
-    /// negative value leaves no border to press on. `rubberBand`, whether a rubber band is resized in place
-    /// of the dialog, is taken over only if `applyRubberBand` is set.
+    /// Sets how the borders of the dialog resize it.
+    /// \param rubberBand      whether a rubber band is resized in place of the dialog
+    /// \param borderWidth     the thickness of the borders, for every FramelessHelper of the process; 0 is
+    ///                        ignored. A negative one leaves no border to press on; of the enlarged
+    ///                        bottom-right corner, whose side is the border width plus
+    ///                        FramelessHelper::rightBottomAreaExtraPix(), it leaves what that sum comes to.
+    /// \param applyRubberBand whether `rubberBand` is taken over
     void setRectOfCanResize(bool rubberBand, int borderWidth, bool applyRubberBand);
 
-    /// Whether the user may resize the dialog by its edges. Off at first.
+    /// \param resizable whether the user may resize the dialog by its edges; false at first
     void setWidgetResizable(bool resizable);
 
-    /// The height of the title strip, for every FramelessHelper of the process; 0 is ignored and a negative
-    /// value leaves no strip.
+    /// \param height the height of the title strip, for every FramelessHelper of the process; 0 is ignored,
+    ///               and with a negative one the whole widget is title strip
     void setWidgetTitleHeight(int height);
 
-    /// Whether the bottom-right corner area is enlarged, for every FramelessHelper of the process.
+    /// \param enable whether the bottom-right corner area is enlarged, for every FramelessHelper of the
+    ///               process
     void setEnableRightBottomResizeArea(bool enable);
 
-    /// True from a press of any button to the next release. While the dialog cannot be moved, a release
-    /// changes nothing, so that this stays true after the first press; clients rely on it.
+    /// \return whether a press of any button is under way. While the dialog cannot be moved, the end of a
+    ///         press changes nothing, so that this stays true after the first one; clients rely on it.
     bool isMoving() const;
 
+    /// Starts what the signals below report. A press of any button counts for isMoving(), one of the left
+    /// button for the rest. The event is left to the parent, as QWidget does it.
+    /// \param event the press
     void mousePressEvent(QMouseEvent *event) override;
+    /// Emits sig_windowMoved() where that is due, and leaves the event to the parent.
+    /// \param event the move
     void mouseMoveEvent(QMouseEvent *event) override;
+    /// Emits sig_windowMovefinished() and sig_windowResizefinished() where they are due, and leaves the event
+    /// to the parent.
+    /// \param event the release, of any button
     void mouseReleaseEvent(QMouseEvent *event) override;
+    /// Counts as a press; then emits sig_doubleclickCanDragRect() where that is due.
+    /// \param event the double click, of any button
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 Q_SIGNALS:
-    /// The dialog is being dragged, and this is its new top-left corner, in screen coordinates. Emitted for
-    /// each move of the pointer with the left button held, unless the press was outside the rectangle of
-    /// setRectOfCanDrag() or on a resize border.
+    /// The dialog is being dragged. Emitted for each move of the pointer with the left button held, unless
+    /// the press was outside the rectangle of setRectOfCanDrag() or on a resize border.
+    /// \param oPos the new top-left corner, in screen coordinates
     void sig_windowMoved(QPoint oPos);
-    /// The first release after at least one sig_windowMoved().
+    /// The first release after at least one sig_windowMoved(), or the loss of that release.
     void sig_windowMovefinished();
     /// The left button was released after a press on a resize border, at another position within the dialog
     /// than that of the press. Emitted after sig_windowMovefinished() where both are due.
@@ -92,6 +111,7 @@ protected:
 private:
     Q_DISABLE_COPY(BaseMoveDialog)
 
+    void losePress();
     bool isOnResizeBorder(const QPoint &pos) const;
     QPoint keptInRectOfCanMove(const QPoint &pos) const;
 
@@ -106,4 +126,6 @@ private:
     bool m_resizable = false;
     bool m_resizing = false;
     QPoint m_pressPosition;
+    bool m_reportingMove = false; // sig_windowMoved() is being emitted
+    std::unique_ptr<PressGesture> m_press;
 };

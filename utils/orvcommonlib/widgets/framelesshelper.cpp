@@ -529,8 +529,10 @@ bool FramelessHelper::eventFilter(QObject *watched, QEvent *event)
         if (WatchedWidgetState *state = m_state->watchedWidgets.value(qobject_cast<QWidget *>(watched))) {
             const QPointer<QObject> alive(watched);
             state->handleEvent(event);
-            // The widget receives every event, unless the client destroyed it while it was moved or resized.
-            return alive.isNull();
+            // The widget receives every event, unless the client destroyed it meanwhile: then nobody does.
+            if (!alive)
+                event->accept();
+            return !alive;
         }
         break;
     case QEvent::Destroy: // also when the client has disconnected everything from the widget's signals

@@ -96,7 +96,7 @@ public:
 
     /// Process-wide. The misspelled name is the one that clients use.
     /// \param enable whether the bottom-right corner area is enlarged; false at first. The enlarged area
-    ///               resizes whatever the drag directions are, and also when a negative border width leaves no
+    ///               resizes whatever the drag directions are, also where a negative border width leaves no
     ///               band, as long as its sum with rightBottomAreaExtraPix() is not negative.
     void setEnabelRightBottomAreaResize(bool enable);
     /// \return what setEnabelRightBottomAreaResize() has set
