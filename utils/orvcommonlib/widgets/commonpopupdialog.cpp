@@ -1,5 +1,6 @@
 #include "commonpopupdialog.h"
 
+#include "accessiblenotification.h"
 #include "modalrun.h"
 
 #include <QtCore/QDebug>
@@ -60,6 +61,7 @@ void CommonPopupDialog::buildTitleRow(const QString &title, bool showCloseButton
     auto *closeButton = new QPushButton(this);
     closeButton->setFixedSize(kCloseButtonSize);
     closeButton->setObjectName(QStringLiteral("PopupDialogCloseButton"));
+    closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
     connect(closeButton, &QPushButton::clicked, this, &CommonPopupDialog::closeButtonClicked);
     closeButton->setVisible(showCloseButton);
 
@@ -118,10 +120,16 @@ CommonPopupDialog::ExecResult CommonPopupDialog::exec()
     return m_result;
 }
 
+QString CommonPopupDialog::title() const
+{
+    return m_titleLabel ? m_titleLabel->text() : QString();
+}
+
 void CommonPopupDialog::setTitle(QString title)
 {
     if (m_titleLabel)
         m_titleLabel->setText(title);
+    AccessibleNotification::nameChanged(this);
 }
 
 void CommonPopupDialog::exitEventLoop()

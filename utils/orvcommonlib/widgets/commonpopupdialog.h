@@ -56,6 +56,8 @@ public:
     ///        innermost one can then be ended through the dialog. The outer one ends when the dialog is
     ///        destroyed or the application quits.
     ExecResult exec();
+    /// The text of the title label.
+    QString title() const;
     /// Sets the text of the title bar; the window title stays "CommonPopupDialog".
     void setTitle(QString title);
     /// Makes a running exec() return, without hiding the dialog. Nothing happens when none is running.

@@ -1,5 +1,6 @@
 #include "customizeiconbutton.h"
 
+#include "accessiblenotification.h"
 #include "clickdetection.h"
 #include "stylesheetpainting.h"
 
@@ -58,7 +59,10 @@ void CustomizeIconButton::setOveralStyle(QString normal, QString hover, QString 
 
 void CustomizeIconButton::setEnabled(bool enabled)
 {
-    m_enabled = enabled;
+    if (enabled != m_enabled) {
+        m_enabled = enabled;
+        AccessibleNotification::disabledChanged(this);
+    }
     updateUI();
 }
 

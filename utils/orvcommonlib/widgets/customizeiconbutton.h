@@ -36,6 +36,10 @@ public:
     /// Style sheets of the button itself in the four states. The spelling is the interface's.
     void setOveralStyle(QString normal, QString hover, QString pressed, QString disabled);
 
+    QString text() const { return m_text; }
+
+    /// This class's own flag, true at first.
+    bool isButtonEnabled() const { return m_enabled; }
     /// Sets this class's own flag: a button that is not enabled ignores pointer and clicks and shows the
     /// disabled look. It hides QWidget::setEnabled(): the widget itself and `isEnabled()` stay as they are.
     void setEnabled(bool enabled);

@@ -1,5 +1,7 @@
 #include "custompicturebtn.h"
 
+#include "accessiblenotification.h"
+
 #include <QtCore/QtMath>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
@@ -18,15 +20,20 @@ CustomPictureBtn::CustomPictureBtn(QWidget *parent)
 }
 
 CustomPictureBtn::CustomPictureBtn(const QString &text, QWidget *parent)
-    : QPushButton(text, parent)
+    : QPushButton(parent)
     , m_text(text)
 {
+    // Not through the base's constructor: assistive technology is told of a new text, asks who that is, and
+    // remembers the answer, which would be that of a plain push button.
+    setText(text);
     setFontColor(QColor(kDefaultTextColor));
 }
 
 CustomPictureBtn::CustomPictureBtn(const QIcon &icon, const QString &text, QWidget *parent)
-    : QPushButton(icon, text, parent)
+    : QPushButton(parent)
 {
+    setIcon(icon);
+    setText(text);
     setFontColor(QColor(kDefaultTextColor));
 }
 
@@ -105,6 +112,7 @@ void CustomPictureBtn::setCustomText(QString text, QRect rect)
 {
     m_text = text;
     m_textRect = rect;
+    AccessibleNotification::nameChanged(this);
 }
 
 void CustomPictureBtn::adjustIconRect(QRect rect)

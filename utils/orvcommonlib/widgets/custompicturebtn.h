@@ -54,6 +54,8 @@ public:
     void setCustomImg(QString path, QRect rect);
     /// Sets the painted text and places it. Shows at the next paint.
     void setCustomText(QString text, QRect rect);
+    /// The painted text.
+    QString customText() const { return m_text; }
     void adjustIconRect(QRect rect);
     /// Takes effect at the next computation of size or layout.
     void setSpan(int span);

@@ -97,6 +97,11 @@ void CustomToolButton::setHoverWidget(QWidget *panel, bool takeFocus)
         panel->installEventFilter(this);
 }
 
+void CustomToolButton::showRightClickWidget()
+{
+    openPanel(m_rightClickPanel, Activation::Activate, m_rightClickTakesFocus);
+}
+
 void CustomToolButton::setSettingWidgetOffset(int offset)
 {
     m_offset = offset;
@@ -246,7 +251,7 @@ void CustomToolButton::openOnRelease(Qt::MouseButton button)
     const bool longPress = m_pressTime != 0 && currentMSecs() - m_pressTime >= kLongPressMs;
     m_pressTime = 0;
     if (longPress || button == Qt::RightButton)
-        openPanel(m_rightClickPanel, Activation::Activate, m_rightClickTakesFocus);
+        showRightClickWidget();
 }
 
 void CustomToolButton::closeClickPanel()

@@ -50,6 +50,12 @@ public:
     void setClickWidget(QWidget *panel, bool takeFocus);
     void setRightClickWidget(QWidget *panel, bool takeFocus);
     void setHoverWidget(QWidget *panel, bool takeFocus);
+    /// The attached panels, null where there is none.
+    QWidget *clickWidget() const { return m_clickPanel; }
+    QWidget *rightClickWidget() const { return m_rightClickPanel; }
+    QWidget *hoverWidget() const { return m_hoverPanel; }
+    /// Opens the right-click panel, if there is one, as a right click does.
+    void showRightClickWidget();
 
     /// The distance between the button and a panel under it; 6 at first.
     void setSettingWidgetOffset(int offset);

@@ -1,5 +1,9 @@
 #include "customwraptexttooltip.h"
 
+#include "accessiblecontent.h"
+#include "accessiblefactory.h"
+#include "accessiblenotification.h"
+
 #include <QtCore/QEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
@@ -82,6 +86,7 @@ customWrapTextToolTip::~customWrapTextToolTip() = default;
 void customWrapTextToolTip::setText(const QString &text)
 {
     m_textLabel->setText(text);
+    AccessibleNotification::nameChanged(this);
     adjustSize();
 }
 
@@ -145,6 +150,8 @@ void customWrapTextToolTip::initWindow()
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
     m_textLabel->setStyleSheet(labelStyle());
+    AccessibleContent::mark(m_textLabel);
+    AccessibleFactory::askForTypesFirst();
     installEventFilter(this);
 }
 

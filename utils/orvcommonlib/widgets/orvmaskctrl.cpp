@@ -1,7 +1,8 @@
 #include "orvmaskctrl.h"
 
+#include "masklabel.h"
+
 #include <QtGui/QPixmap>
-#include <QtWidgets/QLabel>
 
 OrvMaskCtrl *OrvMaskCtrl::m_pInstance = nullptr;
 
@@ -29,7 +30,7 @@ OrvMaskCtrl::OrvMaskCtrl(QWidget *parent)
     if (!parent)
         return;
     const QSize size = parent->size();
-    m_maskWidget = new QLabel(parent);
+    m_maskWidget = new MaskLabel(parent);
     m_maskWidget->setAttribute(Qt::WA_TranslucentBackground, true);
     m_maskWidget->setWindowFlags(Qt::FramelessWindowHint);
     m_maskWidget->setPixmap(QPixmap(QStringLiteral(":/images/images/mask.png"))

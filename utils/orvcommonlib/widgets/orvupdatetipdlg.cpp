@@ -1,5 +1,7 @@
 #include "orvupdatetipdlg.h"
 
+#include "accessiblecontent.h"
+#include "accessiblenotification.h"
 #include "styledlabel.h"
 
 #include <QtCore/QPointer>
@@ -98,6 +100,7 @@ QWidget *OrvUpdateTipDlg::createTitleArea()
     auto *closeButton = new QPushButton(area);
     closeButton->setFixedSize(kCloseButtonSize);
     closeButton->setCursor(Qt::PointingHandCursor);
+    closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
     closeButton->setStyleSheet(QLatin1String(kCloseButtonStyle));
     connect(closeButton, &QPushButton::clicked, this,
             [this] { tellAndClose(&OrvUpdateTipDlg::sig_closeMsgBox); });
@@ -119,6 +122,7 @@ QWidget *OrvUpdateTipDlg::createTextArea()
     column->setSpacing(0);
 
     m_contentLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft, QLatin1String(kContentStyle));
+    AccessibleContent::mark(m_contentLabel);
     column->addWidget(m_contentLabel);
     column->addSpacing(kLinkGap);
     m_linkLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft, QLatin1String(kLinkStyle));
@@ -164,16 +168,24 @@ void OrvUpdateTipDlg::tellAndClose(void (OrvUpdateTipDlg::*signal)())
         close();
 }
 
+QString OrvUpdateTipDlg::title() const
+{
+    return m_titleLabel ? m_titleLabel->text() : QString();
+}
+
 void OrvUpdateTipDlg::setTitle(QString title)
 {
     if (m_titleLabel)
         m_titleLabel->setText(title);
+    AccessibleNotification::nameChanged(this);
 }
 
 void OrvUpdateTipDlg::setContentTips(QString content)
 {
-    if (m_contentLabel)
-        m_contentLabel->setText(content);
+    if (!m_contentLabel)
+        return;
+    m_contentLabel->setText(content);
+    AccessibleNotification::descriptionChanged(this);
 }
 
 void OrvUpdateTipDlg::setNewVersionLink(QString link)

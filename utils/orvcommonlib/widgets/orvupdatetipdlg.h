@@ -38,6 +38,8 @@ public:
                     bool showCancelButton);
     ~OrvUpdateTipDlg() override;
 
+    /// The text of the title label.
+    QString title() const;
     void setTitle(QString title);
     /// Sets the grey text, which wraps.
     void setContentTips(QString content);

@@ -1,5 +1,7 @@
 #include "popupdlgwithmask.h"
 
+#include "accessiblecontent.h"
+#include "accessiblenotification.h"
 #include "dialogbuttons.h"
 #include "modalrun.h"
 #include "orvmaskctrl.h"
@@ -121,6 +123,7 @@ void PopupDlgWithMask::addTitleRow(const QString &title)
         DialogButtons::createCloseButton(this, kCloseButtonSize, QLatin1String(kCloseButtonStyle));
     connect(m_closeButton, &QPushButton::clicked, this, &PopupDlgWithMask::closeButtonClicked);
     connect(m_closeButton, &QPushButton::clicked, this, &PopupDlgWithMask::closeMsgBox);
+    m_closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
     m_closeButton->setVisible(true);
 
     row->addWidget(m_titleLabel);
@@ -138,6 +141,7 @@ void PopupDlgWithMask::addContentColumn(const QString &content)
     m_contentLabel = createStyledLabel(this, content, Qt::AlignLeft, QLatin1String(kContentStyle));
     m_contentLabel->setMinimumHeight(kContentMinimumHeight);
     m_contentLabel->setMaximumHeight(kContentMaximumHeight);
+    AccessibleContent::mark(m_contentLabel);
     column->addWidget(m_contentLabel);
 }
 
@@ -216,16 +220,24 @@ void PopupDlgWithMask::forceToExit()
         stopPageTimer();
 }
 
+QString PopupDlgWithMask::title() const
+{
+    return m_titleLabel ? m_titleLabel->text() : QString();
+}
+
 void PopupDlgWithMask::setTitle(QString title)
 {
     if (m_titleLabel)
         m_titleLabel->setText(title);
+    AccessibleNotification::nameChanged(this);
 }
 
 void PopupDlgWithMask::setContent(QString content)
 {
-    if (m_contentLabel)
-        m_contentLabel->setText(content);
+    if (!m_contentLabel)
+        return;
+    m_contentLabel->setText(content);
+    AccessibleNotification::descriptionChanged(this);
 }
 
 void PopupDlgWithMask::setConfirmBtnText(QString text)

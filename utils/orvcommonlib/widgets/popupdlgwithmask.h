@@ -88,6 +88,8 @@ public:
     /// as it is.
     void forceToExit();
 
+    /// The text of the title label.
+    QString title() const;
     void setTitle(QString title);
     /// Sets the message; a dialog with pages has none and ignores it.
     void setContent(QString content);

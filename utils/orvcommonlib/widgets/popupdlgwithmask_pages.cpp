@@ -1,6 +1,8 @@
 // The form of PopupDlgWithMask that turns pages.
 #include "popupdlgwithmask.h"
 
+#include "accessiblecontent.h"
+#include "accessiblenotification.h"
 #include "styledlabel.h"
 
 #include <QtCore/QMargins>
@@ -108,7 +110,8 @@ void PopupDlgWithMask::initSubWidget(QWidget *page, QString image, QString pageT
 
     layout->addWidget(createPageLine(page, pageTitle, kPageTitleSize, QLatin1String(kPageTitleStyle)));
     layout->addSpacing(kPageTitleGap);
-    layout->addWidget(createPageLine(page, pageContent, kPageContentSize, QLatin1String(kPageContentStyle)));
+    layout->addWidget(AccessibleContent::mark(
+        createPageLine(page, pageContent, kPageContentSize, QLatin1String(kPageContentStyle))));
 }
 
 /// Each page has a row of its own with its own dot dark, so nothing is to be updated when a page is turned.
@@ -141,6 +144,8 @@ void PopupDlgWithMask::initPageTimer()
 
 void PopupDlgWithMask::slot_timerFunc()
 {
-    if (m_pageStack && m_pageCount > 1)
-        m_pageStack->setCurrentIndex((m_pageStack->currentIndex() + 1) % m_pageCount);
+    if (!m_pageStack || m_pageCount <= 1)
+        return;
+    m_pageStack->setCurrentIndex((m_pageStack->currentIndex() + 1) % m_pageCount);
+    AccessibleNotification::descriptionChanged(this);
 }

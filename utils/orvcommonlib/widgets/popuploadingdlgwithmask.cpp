@@ -1,5 +1,6 @@
 #include "popuploadingdlgwithmask.h"
 
+#include "accessiblecontent.h"
 #include "stylesheetpainting.h"
 
 #include <QtCore/QMargins>
@@ -111,6 +112,7 @@ void PopupLoadingDlgWithMask::initWidget(QWidget *box)
     auto *caption = new QLabel(box);
     caption->setFixedHeight(kCaptionHeight);
     caption->setText(m_text);
+    AccessibleContent::mark(caption);
     caption->setStyleSheet(QLatin1String(kCaptionStyle));
 
     layout->addWidget(m_movieLabel);

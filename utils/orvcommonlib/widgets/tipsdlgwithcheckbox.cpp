@@ -1,5 +1,7 @@
 #include "tipsdlgwithcheckbox.h"
 
+#include "accessiblecontent.h"
+#include "accessiblenotification.h"
 #include "dialogbuttons.h"
 #include "modalrun.h"
 #include "styledlabel.h"
@@ -126,6 +128,7 @@ void TipsDlgWithCheckbox::initControls(QString title, QString content, QString c
     m_mainLayout->addLayout(column);
     m_contentLabel = createStyledLabel(this, content, Qt::AlignLeft, QLatin1String(kContentStyle));
     m_contentLabel->setFixedHeight(kContentHeight);
+    AccessibleContent::mark(m_contentLabel);
     column->addWidget(m_contentLabel);
 
     auto *bottomRow = new QHBoxLayout;
@@ -171,6 +174,7 @@ void TipsDlgWithCheckbox::fillTitleRow(QBoxLayout *row, const QString &title)
         DialogButtons::createCloseButton(this, kCloseButtonSize, QLatin1String(kCloseButtonStyle));
     connect(m_closeButton, &QPushButton::clicked, this, &TipsDlgWithCheckbox::closeButtonClicked);
     connect(m_closeButton, &QPushButton::clicked, this, &TipsDlgWithCheckbox::closeMsgBox);
+    m_closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
     m_closeButton->setVisible(true);
 
     row->addWidget(m_titleLabel);
@@ -208,6 +212,7 @@ void TipsDlgWithCheckbox::addWarningRow(QBoxLayout *column, const QString &text)
 
     QLabel *label = createStyledLabel(this, text, Qt::AlignLeft, QLatin1String(kLineStyle));
     label->setFixedHeight(kWarningHeight);
+    AccessibleContent::mark(label);
     row->addWidget(label);
 
     column->addLayout(row);
@@ -236,6 +241,7 @@ void TipsDlgWithCheckbox::setContentLblStyle(QLabel *label, QString text)
 {
     if (!label)
         return;
+    AccessibleContent::mark(label);
     label->setFixedHeight(kLineHeight);
     label->setAlignment(Qt::AlignLeft);
     label->setStyleSheet(QLatin1String(kLineStyle));
@@ -273,16 +279,24 @@ void TipsDlgWithCheckbox::setCheckboxState(bool checked)
     m_checkboxState = checked;
 }
 
+QString TipsDlgWithCheckbox::title() const
+{
+    return m_titleLabel ? m_titleLabel->text() : QString();
+}
+
 void TipsDlgWithCheckbox::setTitle(QString title)
 {
     if (m_titleLabel)
         m_titleLabel->setText(title);
+    AccessibleNotification::nameChanged(this);
 }
 
 void TipsDlgWithCheckbox::setContent(QString content)
 {
-    if (m_contentLabel)
-        m_contentLabel->setText(content);
+    if (!m_contentLabel)
+        return;
+    m_contentLabel->setText(content);
+    AccessibleNotification::descriptionChanged(this);
 }
 
 void TipsDlgWithCheckbox::setVisible(bool visible)

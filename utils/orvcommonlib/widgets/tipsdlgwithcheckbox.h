@@ -45,6 +45,8 @@ public:
     void forceToExit();
     /// Ticks or unticks the checkbox; no signal is emitted.
     void setCheckboxState(bool checked);
+    /// The text of the title label.
+    QString title() const;
     void setTitle(QString title);
     /// Sets the paragraph; a dialog with three of them ignores it.
     void setContent(QString content);
