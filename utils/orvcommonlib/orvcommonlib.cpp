@@ -1,5 +1,7 @@
 #include "orvcommonlib.h"
 
+#include "picturecanvas.h"
+
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDebug>
 #include <QtCore/QDir>
@@ -14,48 +16,20 @@
 #include <QtGui/QFont>
 #include <QtGui/QFontMetrics>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtGui/QScreen>
 #include <QtWidgets/QWidget>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
 /// Shapes that differ by no more than this count as one shape.
 constexpr double kSameShape = 1e-6;
 
-/// Beyond any picture, and far enough from the limits of int for sums of a few of them.
-constexpr double kMeasureLimit = 1 << 28;
-
-/// What a picture may take in memory: more is as good as no picture, on every kind of machine.
-constexpr qint64 kPixelLimit = std::numeric_limits<int>::max() / 4;
-
 double saneMeasure(double measure)
 {
-    return std::isnan(measure) ? 0.0 : qBound(-kMeasureLimit, measure, kMeasureLimit);
-}
-
-bool isPictureSize(qint64 width, qint64 height)
-{
-    return width > 0 && height > 0 && width * height <= kPixelLimit;
-}
-
-QImage transparentCanvas(QSize size)
-{
-    if (!isPictureSize(size.width(), size.height()))
-        return {};
-    QImage canvas(size, QImage::Format_RGBA8888);
-    canvas.fill(Qt::transparent);
-    return canvas;
-}
-
-void setHints(QPainter &painter)
-{
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    return std::isnan(measure) ? 0.0 : qBound(-double(kMeasureLimit), measure, double(kMeasureLimit));
 }
 
 void clipRounded(QPainter &painter, const QRectF &rect, double radius)
@@ -73,7 +47,7 @@ QPixmap roundedPixmap(const QPixmap &picture, QSize size, double radius)
         return {};
     const QRect rect(QPoint(0, 0), size);
     QPainter painter(&canvas);
-    setHints(painter);
+    setSmoothHints(painter);
     clipRounded(painter, rect, radius);
     painter.drawPixmap(rect, picture);
     painter.end();
@@ -93,7 +67,7 @@ QPixmap middleOf(const QPixmap &source, QSize target)
 
     QImage canvas = transparentCanvas(QSize(int(width), int(height)));
     QPainter painter(&canvas);
-    setHints(painter);
+    setSmoothHints(painter);
     painter.drawPixmap(QPoint(0, 0), source);
     painter.end();
     const QPoint corner((canvas.width() - target.width()) / 2, (canvas.height() - target.height()) / 2);
@@ -171,7 +145,7 @@ bool orvcommonlib::scaleAndClipPixmap(QPixmap &source, QSize size, int radius, Q
 {
     if (source.isNull())
         return false;
-    if (!isPictureSize(size.width(), size.height()))
+    if (!isPictureSize(size))
         output = QPixmap();
     else if (hasShapeOf(source, size))
         output = roundedPixmap(source, size, radius);
@@ -187,7 +161,7 @@ bool orvcommonlib::scaleAndClipPixmap2(QPixmap &source, QSizeF size, double radi
     const QSizeF target(saneMeasure(size.width()), saneMeasure(size.height()));
     const QSize wholeTarget(int(target.width()), int(target.height()));
     if (!hasShapeOf(source, target)) {
-        if (isPictureSize(wholeTarget.width(), wholeTarget.height()))
+        if (isPictureSize(wholeTarget))
             output = roundedPixmap(coveringPixmap(source, target), wholeTarget, radius);
         else
             output = QPixmap();
