@@ -110,6 +110,16 @@ bool identical(const QImage &left, const QImage &right)
     return left.format() == right.format() && left.size() == right.size() && left == right;
 }
 
+/// An opaque image with anything in place of alpha, the same each time.
+QImage unmarkedImage(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    QRandomGenerator random(1);
+    for (int y = 0; y < height; ++y)
+        random.fillRange(reinterpret_cast<QRgb *>(image.scanLine(y)), width);
+    return image;
+}
+
 QImage randomImage(QRandomGenerator &random, QImage::Format format)
 {
     // Bits as they come: colours above their alpha and, in formats without alpha, anything in its place.
@@ -153,6 +163,9 @@ Recipe randomRecipe(QRandomGenerator &random, QSize source)
         const int limit = random.bounded(4) == 0 ? length + 4 : qMax(1, length / 2);
         *before = random.bounded(limit);
         *after = random.bounded(limit);
+        // A few pixels in the middle, which are stretched far.
+        if (random.bounded(4) == 0 && *before < length)
+            *after = qMax(0, length - *before - 1 - random.bounded(3));
     };
     Recipe recipe{};
     borders(source.width(), &recipe.left, &recipe.right);
@@ -302,11 +315,25 @@ void tst_ninepatch::equalsTheRecipe_data()
     QTest::newRow("two columns stretched far") << Recipe{15, 13, 15, 14, 1300, 238 + 27};
     QTest::newRow("one row stretched far") << Recipe{13, 16, 14, 15, 300, 1200};
     QTest::newRow("two rows stretched far") << Recipe{13, 15, 14, 15, 238 + 27, 1300};
+    QTest::newRow("one column stretched to the width of a screen") << Recipe{16, 8, 15, 9, 1920, 60};
+    QTest::newRow("seven columns stretched to the width of a screen") << Recipe{12, 8, 13, 9, 1920, 540};
+    QTest::newRow("two columns and two rows stretched far") << Recipe{15, 15, 15, 15, 1920, 1080};
+    QTest::newRow("two columns to the factor from which on it is far") << Recipe{15, 8, 15, 9, 512 + 30, 100};
+    QTest::newRow("two columns to just below that factor") << Recipe{15, 8, 15, 9, 511 + 30, 101};
     QTest::newRow("borders fill the source") << Recipe{16, 16, 16, 16, 70, 60};
     QTest::newRow("borders larger than the source") << Recipe{40, 41, 42, 43, 200, 210};
     QTest::newRow("borders overlap in the source") << Recipe{20, 20, 20, 20, 200, 210};
     QTest::newRow("negative borders") << Recipe{-3, -4, -5, -6, 70, 60};
     QTest::newRow("wider than a line buffer") << Recipe{8, 9, 10, 11, 5000, 40};
+    QTest::newRow("wider than a line buffer and high") << Recipe{8, 9, 10, 11, 5001, 200};
+    QTest::newRow("very wide") << Recipe{8, 9, 10, 11, 12001, 201};
+    QTest::newRow("very high") << Recipe{8, 9, 10, 11, 101, 12001};
+    for (const int odd : {0, 1}) {
+        for (const int border : {5, 6, 15}) {
+            QTest::addRow("borders of %d, end %s", border, odd ? "odd" : "even")
+                << Recipe{border, border, border + 1, border + 1, 300 + odd, 260 + odd};
+        }
+    }
 }
 
 void tst_ninepatch::equalsTheRecipe()
@@ -327,6 +354,7 @@ void tst_ninepatch::equalsTheRecipe()
         QVERIFY(source.save(large, "PNG"));
         QCOMPARE(QImage(large).devicePixelRatio(), 2.0);
         compare(large, recipe, description + QStringLiteral("@2x, "));
+        compare(QPixmap(large), recipe, description + QStringLiteral("@2x pixmap, "));
     }
 }
 
@@ -355,6 +383,12 @@ void tst_ninepatch::equalsTheRecipeForUnusualImages_data()
     QTest::newRow("anything in place of alpha, one pixel") << unused << Recipe{15, 15, 15, 15, 1200, 1100};
     QTest::newRow("anything in place of alpha, one column") << unused << Recipe{15, 13, 15, 14, 1200, 1100};
     QTest::newRow("anything in place of alpha") << unused << Recipe{8, 9, 10, 11, 120, 90};
+    QTest::newRow("anything in place of alpha, one row")
+        << unmarkedImage(10, 20) << Recipe{1, 11, 2, 8, 22, 26};
+    QTest::newRow("anything in place of alpha, one row and no higher")
+        << unmarkedImage(9, 7) << Recipe{4, 4, 1, 2, 112, 13};
+    QTest::newRow("anything in place of alpha, high") << unmarkedImage(7, 30) << Recipe{1, 8, 3, 18, 20, 62};
+    QTest::newRow("anything in place of alpha, wide") << unmarkedImage(9, 26) << Recipe{1, 19, 2, 6, 94, 31};
     QImage indexed(20, 600, QImage::Format_Indexed8);
     for (int i = 0; i < 256; ++i)
         indexed.setColor(i, qRgb(i, 255 - i, i * 7));
@@ -413,8 +447,8 @@ void tst_ninepatch::equalsTheRecipeForRandomPixmaps()
         const bool converted = random.bounded(3) != 0;
         QPixmap pixmap = QPixmap::fromImage(randomImage(random, format),
                                             converted ? Qt::AutoColor : Qt::NoFormatConversion);
-        if (random.bounded(10) == 0 && format != QImage::Format_ARGB32_Premultiplied)
-            pixmap.setDevicePixelRatio(random.bounded(2) == 0 ? 2.0 : 1.25);
+        if (random.bounded(4) == 0 && format != QImage::Format_ARGB32_Premultiplied)
+            pixmap.setDevicePixelRatio(random.bounded(4) == 0 ? 1.25 : 2.0);
         compare(pixmap, randomRecipe(random, pixmap.size()),
                 QStringLiteral("seed %1, format %2, ratio %3, ")
                     .arg(seed)
@@ -433,6 +467,7 @@ void tst_ninepatch::equalsTheRecipeBeyondWhatIsPainted_data()
     QTest::newRow("wider") << 32768 << 40;
     QTest::newRow("much wider") << 70000 << 40;
     QTest::newRow("highest") << 40 << 32767;
+    QTest::newRow("higher") << 40 << 32768;
     QTest::newRow("much higher") << 40 << 70000;
 }
 
