@@ -1,4 +1,5 @@
 #include "customslider.h"
+#include "lostpresses.h"
 #include "slidertesting.h"
 
 #include <QtTest/QSignalSpy>
@@ -37,6 +38,11 @@ private Q_SLOTS:
     void comesAfterTheSliderItself();
     void ownValueIsNotChanged();
     void destroyedInItsSlot();
+    void destroyedInASlotOfThePress();
+    void aPressThatLosesItsEndIsNoClick_data();
+    void aPressThatLosesItsEndIsNoClick();
+    void aPressThatASlotTakesTheEndIsNoClick();
+    void aReleaseThatASlotFollowsIsAClick();
 };
 
 void tst_customslider::isAPlainSlider()
@@ -183,6 +189,60 @@ void tst_customslider::destroyedInItsSlot()
     connect(slider.data(), &CustomSlider::signalClickValue, this, [&] { delete slider.data(); });
     click(slider, QPoint(3, 20));
     QVERIFY(!slider);
+}
+
+void tst_customslider::destroyedInASlotOfThePress()
+{
+    const QPointer<CustomSlider> slider(new CustomSlider(Qt::Horizontal, nullptr));
+    slider->setFixedSize(200, 40);
+    connect(slider.data(), &QSlider::sliderPressed, this, [&] { delete slider.data(); });
+    press(slider, QPoint(3, 20));
+    QVERIFY(!slider);
+}
+
+void tst_customslider::aPressThatLosesItsEndIsNoClick_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_customslider::aPressThatLosesItsEndIsNoClick()
+{
+    QFETCH(Loss, loss);
+    CustomSlider slider(Qt::Horizontal, nullptr);
+    slider.setFixedSize(200, 40);
+    slider.show();
+    const QSignalSpy spy(&slider, &CustomSlider::signalClickValue);
+    press(&slider, QPoint(60, 20));
+    loss(&slider);
+    release(&slider, QPoint(60, 20));
+    QCOMPARE(spy.count(), 0);
+    click(&slider, QPoint(60, 20));
+    QCOMPARE(spy.count(), 1);
+}
+
+void tst_customslider::aPressThatASlotTakesTheEndIsNoClick()
+{
+    CustomSlider slider(Qt::Horizontal, nullptr);
+    slider.setFixedSize(200, 40);
+    slider.show();
+    const QSignalSpy spy(&slider, &CustomSlider::signalClickValue);
+    connect(&slider, &QSlider::sliderPressed, this, [&] {
+        slider.hide();
+        slider.show();
+    });
+    click(&slider, QPoint(3, 20));
+    QCOMPARE(spy.count(), 0);
+}
+
+void tst_customslider::aReleaseThatASlotFollowsIsAClick()
+{
+    CustomSlider slider(Qt::Horizontal, nullptr);
+    slider.setFixedSize(200, 40);
+    slider.show();
+    const QSignalSpy spy(&slider, &CustomSlider::signalClickValue);
+    connect(&slider, &QSlider::sliderReleased, &slider, &QWidget::hide);
+    click(&slider, QPoint(3, 20));
+    QCOMPARE(spy.count(), 1);
 }
 
 QTEST_MAIN(tst_customslider)

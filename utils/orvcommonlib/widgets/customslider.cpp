@@ -1,5 +1,8 @@
 #include "customslider.h"
 
+#include "pressgesture.h"
+
+#include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
 
 namespace {
@@ -10,31 +13,35 @@ constexpr int kClickTravel = 5;
 
 CustomSlider::CustomSlider(QWidget *parent)
     : QSlider(parent)
+    , m_press(std::make_unique<PressGesture>(this))
 {
 }
 
 CustomSlider::CustomSlider(Qt::Orientation orientation, QWidget *parent)
     : QSlider(orientation, parent)
+    , m_press(std::make_unique<PressGesture>(this))
 {
 }
 
 CustomSlider::~CustomSlider() = default;
 
+// Slots of the base class's signals may take the press its end, or destroy the slider.
 void CustomSlider::mousePressEvent(QMouseEvent *event)
 {
+    if (event->button() == Qt::LeftButton) {
+        m_press->begin();
+        m_pressPosition = event->pos();
+    }
     QSlider::mousePressEvent(event);
-    if (event->button() != Qt::LeftButton)
-        return;
-    m_pressPosition = event->pos();
-    m_pressed = true;
 }
 
 void CustomSlider::mouseReleaseEvent(QMouseEvent *event)
 {
+    const QPointer<CustomSlider> alive(this);
+    const bool pressed = event->button() == Qt::LeftButton && m_press->end();
     QSlider::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton || !m_pressed)
+    if (!alive || !pressed)
         return;
-    m_pressed = false;
     m_releasePosition = event->pos();
     if ((m_releasePosition - m_pressPosition).manhattanLength() < kClickTravel)
         Q_EMIT signalClickValue(clickedValue());
