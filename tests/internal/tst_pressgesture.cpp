@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -292,6 +293,7 @@ class tst_pressgesture : public QObject
 
 private Q_SLOTS:
     void isUnderWayFromBeginToEnd();
+    void tellsItsDuration();
     void losesItsEnd_data();
     void losesItsEnd();
     void keepsItsEnd_data();
@@ -328,6 +330,30 @@ void tst_pressgesture::isUnderWayFromBeginToEnd()
     QVERIFY(!gesture.isUnderWay());
     QVERIFY(!gesture.end());
     QCOMPARE(losses, 0);
+}
+
+void tst_pressgesture::tellsItsDuration()
+{
+    QWidget widget;
+    PressGesture gesture(&widget);
+    QCOMPARE(gesture.duration(), 0);
+    gesture.begin();
+    QTRY_VERIFY(gesture.duration() > 0);
+    gesture.end();
+    QCOMPARE(gesture.duration(), 0);
+
+    static qint64 now = 500;
+    const auto realClock = std::exchange(PressGesture::clock, [] { return now; });
+    gesture.begin();
+    QCOMPARE(gesture.duration(), 0);
+    now += 70;
+    QCOMPARE(gesture.duration(), 70);
+    gesture.begin();
+    now += 8;
+    QCOMPARE(gesture.duration(), 8);
+    send(&widget, QEvent::UngrabMouse);
+    QCOMPARE(gesture.duration(), 0);
+    PressGesture::clock = realClock;
 }
 
 void tst_pressgesture::losesItsEnd_data()

@@ -11,17 +11,6 @@
 
 // What the test programs of CustomToolButton share.
 
-// A button whose clock the test turns.
-class ClockedButton : public CustomToolButton
-{
-public:
-    using CustomToolButton::CustomToolButton;
-    qint64 now = 1000000;
-
-protected:
-    qint64 currentMSecs() const override { return now; }
-};
-
 // A panel of a fixed size that it takes only when asked for it, and that notes what happens to it in which
 // order.
 class Panel : public QWidget
@@ -69,7 +58,7 @@ inline void sendHover(QWidget *widget, QEvent::Type type)
 class ButtonKiller : public QObject
 {
 public:
-    ButtonKiller(QPointer<ClockedButton> victim, QEvent::Type type)
+    ButtonKiller(QPointer<CustomToolButton> victim, QEvent::Type type)
         : m_victim(victim)
         , m_type(type)
     {
@@ -82,7 +71,7 @@ public:
     }
 
 private:
-    QPointer<ClockedButton> m_victim;
+    QPointer<CustomToolButton> m_victim;
     QEvent::Type m_type;
 };
 
@@ -99,11 +88,11 @@ private Q_SLOTS:
 
 protected:
     Panel *panel() const { return m_panel; }
-    ClockedButton *newButton(bool uncheckOnHide, SettingWidgetDirection direction = Bottom);
+    CustomToolButton *newButton(bool uncheckOnHide, SettingWidgetDirection direction = Bottom);
 
     QWidget *m_window = nullptr;
     QPointer<Panel> m_panel;
-    QPointer<ClockedButton> m_button;
+    QPointer<CustomToolButton> m_button;
 };
 
 inline void CustomToolButtonTest::init()
@@ -121,9 +110,9 @@ inline void CustomToolButtonTest::cleanup()
     delete m_window;
 }
 
-inline ClockedButton *CustomToolButtonTest::newButton(bool uncheckOnHide, SettingWidgetDirection direction)
+inline CustomToolButton *CustomToolButtonTest::newButton(bool uncheckOnHide, SettingWidgetDirection direction)
 {
-    m_button = new ClockedButton(uncheckOnHide, m_window, direction);
+    m_button = new CustomToolButton(uncheckOnHide, m_window, direction);
     m_button->setGeometry(kButtonRect);
     m_button->setCheckable(true);
     m_button->show();

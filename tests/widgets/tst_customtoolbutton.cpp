@@ -1,15 +1,32 @@
 #include "customtoolbuttontest.h"
 #include "logcapture.h"
+#include "lostpresses.h"
+#include "pressgesture.h"
 
 #include <QtCore/QTimer>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+
+namespace {
+
+qint64 now = 1000000; // what the clock shows that presses are measured with
+
+} // namespace
+
+using Setter = void (CustomToolButton::*)(QWidget *, bool);
+Q_DECLARE_METATYPE(Setter)
 
 class tst_CustomToolButton : public CustomToolButtonTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        PressGesture::clock = [] {
+            return now;
+        };
+    }
     void directionsHaveTheirNumbers();
     void buildsItsStyleSheetFromFourPictures();
     void checkedButtonIgnoresShortcuts();
@@ -26,9 +43,20 @@ private Q_SLOTS:
     void longPressOpensOnRelease();
     void secondReleaseOfADoubleClickIsNoLongPress();
     void pressTimeIsForgottenAtTheRelease();
+    void aPressThatLosesItsEndIsNoLongPress_data();
+    void aPressThatLosesItsEndIsNoLongPress();
+    void aLongPressOpensTheClickPanelToo_data();
+    void aLongPressOpensTheClickPanelToo();
+    void carriesThreePanelsAtOnce();
     void hoverOpensAndLeavingClosesLater();
     void travellingToTheHoverPanelKeepsItOpen();
     void eachHoverPanelGetsATimerOfItsOwn();
+    void anOldHoverTimerLeavesTheNewPanelAlone_data();
+    void anOldHoverTimerLeavesTheNewPanelAlone();
+    void hoverPanelReplacedWhileItsTimerHidesIt();
+    void forgetsAReplacedPanel_data();
+    void forgetsAReplacedPanel();
+    void watchesAPanelAsLongAsItHasAPlace();
     void hidingUnchecks_data();
     void hidingUnchecks();
     void disabledButtonOpensNothing();
@@ -215,7 +243,7 @@ void tst_CustomToolButton::longPressOpensOnRelease()
     QFETCH(bool, opens);
     newButton(false)->setRightClickWidget(panel(), false);
     sendMouse(m_button, QEvent::MouseButtonPress, Qt::MouseButton(mouseButton));
-    m_button->now += duration;
+    now += duration;
     QVERIFY(!panel()->isVisible());
     sendMouse(m_button, QEvent::MouseButtonRelease, Qt::MouseButton(mouseButton));
     QCOMPARE(panel()->isVisible(), opens);
@@ -236,9 +264,85 @@ void tst_CustomToolButton::pressTimeIsForgottenAtTheRelease()
     newButton(false)->setRightClickWidget(panel(), false);
     sendMouse(m_button, QEvent::MouseButtonPress, Qt::LeftButton);
     sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
-    m_button->now += 5000;
+    now += 5000;
     sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
     QVERIFY(!panel()->isVisible());
+}
+
+void tst_CustomToolButton::aPressThatLosesItsEndIsNoLongPress_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_CustomToolButton::aPressThatLosesItsEndIsNoLongPress()
+{
+    QFETCH(Loss, loss);
+    newButton(false)->setRightClickWidget(panel(), false);
+    sendMouse(m_button, QEvent::MouseButtonPress, Qt::LeftButton);
+    now += 2000;
+    loss(m_button);
+    now += 2000;
+    sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
+    QVERIFY(!panel()->isVisible());
+
+    sendMouse(m_button, QEvent::MouseButtonPress, Qt::LeftButton);
+    now += 1001;
+    sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
+    QVERIFY(panel()->isVisible());
+}
+
+void tst_CustomToolButton::aLongPressOpensTheClickPanelToo_data()
+{
+    QTest::addColumn<bool>("popup");
+    QTest::newRow("panel in the window") << false;
+    QTest::newRow("panel that is a popup") << true;
+}
+
+void tst_CustomToolButton::aLongPressOpensTheClickPanelToo()
+{
+    QFETCH(bool, popup);
+    const LogCapture log; // the platform's remarks on popups
+    Panel clickPanel(m_window, popup ? Qt::Popup : Qt::Widget);
+    newButton(false)->setClickWidget(&clickPanel, false);
+    m_button->setRightClickWidget(panel(), false);
+    sendMouse(m_button, QEvent::MouseButtonPress, Qt::LeftButton);
+    now += 1001;
+    sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
+    QVERIFY(clickPanel.isVisible());
+    QVERIFY(panel()->isVisible());
+}
+
+void tst_CustomToolButton::carriesThreePanelsAtOnce()
+{
+    Panel rightPanel(m_window);
+    Panel hoverPanel(m_window);
+    newButton(false)->setClickWidget(panel(), false);
+    m_button->setRightClickWidget(&rightPanel, false);
+    m_button->setHoverWidget(&hoverPanel, false);
+
+    sendHover(m_button, QEvent::HoverEnter);
+    QVERIFY(hoverPanel.isVisible());
+    QVERIFY(!panel()->isVisible() && !rightPanel.isVisible());
+    sendMouse(m_button, QEvent::MouseButtonPress, Qt::LeftButton);
+    sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
+    QVERIFY(panel()->isVisible());
+    QVERIFY(!rightPanel.isVisible());
+    sendMouse(m_button, QEvent::MouseButtonPress, Qt::RightButton);
+    sendMouse(m_button, QEvent::MouseButtonRelease, Qt::RightButton);
+    QVERIFY(rightPanel.isVisible());
+
+    // The timer goes by the hover panel alone, in whichever panel the pointer is.
+    auto *timer = m_button->findChild<QTimer *>();
+    for (Panel *each : {panel(), &rightPanel}) {
+        sendPlain(each, QEvent::Leave);
+        QVERIFY(!timer->isActive());
+        sendPlain(&hoverPanel, QEvent::Leave);
+        QVERIFY(timer->isActive());
+        sendPlain(each, QEvent::Enter);
+        QVERIFY(timer->isActive());
+        sendPlain(&hoverPanel, QEvent::Enter);
+        QVERIFY(!timer->isActive());
+    }
 }
 
 void tst_CustomToolButton::hoverOpensAndLeavingClosesLater()
@@ -279,8 +383,118 @@ void tst_CustomToolButton::travellingToTheHoverPanelKeepsItOpen()
 void tst_CustomToolButton::eachHoverPanelGetsATimerOfItsOwn()
 {
     newButton(false)->setHoverWidget(panel(), false);
+    const QPointer<QTimer> first = m_button->findChild<QTimer *>();
     m_button->setHoverWidget(panel(), true);
-    QCOMPARE(m_button->findChildren<QTimer *>().size(), 2);
+    QVERIFY(!first);
+    QCOMPARE(m_button->findChildren<QTimer *>().size(), 1);
+}
+
+void tst_CustomToolButton::anOldHoverTimerLeavesTheNewPanelAlone_data()
+{
+    QTest::addColumn<bool>("samePanel");
+    QTest::newRow("another panel") << false;
+    QTest::newRow("the same panel again") << true;
+}
+
+void tst_CustomToolButton::anOldHoverTimerLeavesTheNewPanelAlone()
+{
+    QFETCH(bool, samePanel);
+    Panel other(m_window);
+    Panel *const next = samePanel ? panel() : &other;
+    newButton(false)->setHoverWidget(panel(), false);
+    sendHover(m_button, QEvent::HoverEnter);
+    sendHover(m_button, QEvent::HoverLeave);
+    m_button->setHoverWidget(next, false);
+    sendHover(m_button, QEvent::HoverEnter);
+    QTimer running;
+    running.setSingleShot(true);
+    running.start(m_button->findChild<QTimer *>()->interval() + 1); // ends after the old one
+    QTRY_VERIFY(!running.isActive());
+    QVERIFY(next->isVisible());
+    sendHover(m_button, QEvent::HoverLeave);
+    QTRY_VERIFY(!next->isVisible());
+    QCOMPARE(panel()->isVisible(), !samePanel); // and the old panel is nobody's any more
+}
+
+void tst_CustomToolButton::hoverPanelReplacedWhileItsTimerHidesIt()
+{
+    Panel other(m_window);
+    newButton(true)->setHoverWidget(panel(), false);
+    m_button->setChecked(true);
+    connect(m_button, &QToolButton::toggled, this, [&] { m_button->setHoverWidget(&other, false); });
+    panel()->show();
+    sendHover(m_button, QEvent::HoverLeave);
+    QTRY_VERIFY(!panel()->isVisible());
+    sendHover(m_button, QEvent::HoverEnter);
+    QVERIFY(other.isVisible());
+}
+
+void tst_CustomToolButton::forgetsAReplacedPanel_data()
+{
+    QTest::addColumn<Setter>("setter");
+    QTest::addColumn<bool>("detached");
+    const QPair<const char *, Setter> places[] = {{"click", &CustomToolButton::setClickWidget},
+                                                  {"right click", &CustomToolButton::setRightClickWidget},
+                                                  {"hover", &CustomToolButton::setHoverWidget}};
+    for (const auto &place : places) {
+        QTest::addRow("%s, replaced", place.first) << place.second << false;
+        QTest::addRow("%s, detached", place.first) << place.second << true;
+    }
+}
+
+void tst_CustomToolButton::forgetsAReplacedPanel()
+{
+    QFETCH(Setter, setter);
+    QFETCH(bool, detached);
+    class FilteringButton : public CustomToolButton
+    {
+    public:
+        using CustomToolButton::CustomToolButton;
+        bool eventFilter(QObject *watched, QEvent *) override
+        {
+            seen << watched;
+            return false;
+        }
+        QVector<QObject *> seen;
+    };
+    Panel other(m_window);
+    FilteringButton watching(true, m_window, Bottom);
+    (watching.*setter)(panel(), true);
+    sendPlain(panel(), QEvent::User);
+    QVERIFY(watching.seen.contains(panel()));
+    (watching.*setter)(detached ? nullptr : &other, true);
+    watching.seen.clear();
+    sendPlain(panel(), QEvent::User);
+    QVERIFY(!watching.seen.contains(panel()));
+
+    newButton(true);
+    (m_button->*setter)(panel(), true);
+    (m_button->*setter)(detached ? nullptr : &other, true);
+    m_button->setChecked(true);
+    panel()->move(0, 0);
+    panel()->show();
+    QCOMPARE(panel()->pos(), QPoint(0, 0));
+    sendPlain(panel(), QEvent::FocusOut);
+    QVERIFY(panel()->isVisible());
+    panel()->hide();
+    QVERIFY(m_button->isChecked());
+}
+
+void tst_CustomToolButton::watchesAPanelAsLongAsItHasAPlace()
+{
+    newButton(true)->setClickWidget(panel(), true);
+    m_button->setRightClickWidget(panel(), true);
+    m_button->setClickWidget(nullptr, false);
+    m_button->setChecked(true);
+    panel()->show();
+    panel()->hide();
+    QVERIFY(!m_button->isChecked());
+
+    // The button always watches itself.
+    m_button->setClickWidget(m_button, false);
+    m_button->setClickWidget(panel(), false);
+    sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
+    QVERIFY(panel()->isVisible());
 }
 
 void tst_CustomToolButton::hidingUnchecks_data()
@@ -462,8 +676,12 @@ void tst_CustomToolButton::buttonDestroyedWhileAPanelOpens()
     m_button->setRightClickWidget(panel(), true);
     ButtonKiller killer(m_button, QEvent::Show);
     panel()->installEventFilter(&killer);
-    QTest::mouseRelease(m_button, Qt::RightButton);
+    QMouseEvent event(QEvent::MouseButtonRelease, QPointF(5, 5), Qt::RightButton, Qt::NoButton,
+                      Qt::NoModifier);
+    event.ignore();
+    QCoreApplication::sendEvent(m_button, &event);
     QVERIFY(!m_button);
+    QVERIFY(event.isAccepted()); // or else Qt would ask the button for its parent
     QVERIFY(panel()->isVisible());
 }
 

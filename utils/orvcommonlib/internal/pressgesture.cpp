@@ -1,10 +1,13 @@
 #include "pressgesture.h"
 
+#include <QtCore/QDateTime>
 #include <QtCore/QEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
 #include <utility>
+
+qint64 (*PressGesture::clock)() = &QDateTime::currentMSecsSinceEpoch;
 
 PressGesture::PressGesture(QWidget *widget, std::function<void()> lost)
     : m_widget(widget)
@@ -17,6 +20,7 @@ bool PressGesture::begin()
     if (!announceNow())
         return false;
     m_underWay = true;
+    m_begin = clock();
     watchWhileNeeded();
     return true;
 }
@@ -32,6 +36,11 @@ bool PressGesture::end()
 bool PressGesture::isUnderWay() const
 {
     return m_underWay && m_widget;
+}
+
+qint64 PressGesture::duration() const
+{
+    return isUnderWay() ? clock() - m_begin : 0;
 }
 
 void PressGesture::announce(std::function<void()> announcement)

@@ -51,12 +51,18 @@ public:
     /// Whether a press is under way that has not lost its end.
     bool isUnderWay() const;
 
+    /// For how many milliseconds the press has been under way by now; 0 when none is.
+    qint64 duration() const;
+
     /// To be called by `lost`: runs `announcement`, which may emit and may destroy anything, as soon as Qt
     /// needs none of the widgets any more. That is before a hide(), a setEnabled() or the like of the widget
     /// itself returns, otherwise when control is back in the event loop, and in any case before the next
     /// press begins. A gesture that is destroyed before that announces nothing.
     /// \param announcement what the class tells its clients; may destroy the gesture and its owner
     void announce(std::function<void()> announcement);
+
+    /// What durations are measured with, in milliseconds. Tests turn it.
+    static qint64 (*clock)();
 
 protected:
     bool eventFilter(QObject *receiver, QEvent *event) override;
@@ -73,6 +79,7 @@ private:
     QPointer<QWidget> m_widget;
     std::function<void()> m_lost;
     std::function<void()> m_announcement;
+    qint64 m_begin = 0;
     bool m_underWay = false;
     bool m_watching = false;
 };

@@ -1,6 +1,7 @@
 #include "customtoolbutton.h"
 
-#include <QtCore/QDateTime>
+#include "pressgesture.h"
+
 #include <QtCore/QDebug>
 #include <QtCore/QEvent>
 #include <QtCore/QTimer>
@@ -28,30 +29,23 @@ QString imageStyle()
         "QToolButton[current=true]:checked{background: #F5F6F7;border-radius: 4px;image:url(%7);}");
 }
 
-enum class Activation { Leave, Activate };
-
-// Opens a panel. Showing it places it with the size it has; only then does it get the size it wants. A slot
-// or handler of the application may destroy the panel on the way.
-void openPanel(QPointer<QWidget> panel, Activation activation, bool takeFocus)
+// A slot or handler of the application may destroy the panel on the way, here and below.
+void focusPanel(const QPointer<QWidget> panel, bool activate, bool takeFocus)
 {
-    if (panel)
-        panel->show();
-    if (panel)
-        panel->adjustSize();
-    if (panel)
-        panel->raise();
-    if (panel && takeFocus && activation == Activation::Activate)
+    if (panel && activate)
         panel->activateWindow();
     if (panel && takeFocus)
         panel->setFocus();
 }
 
-void activatePanel(QPointer<QWidget> panel, bool takeFocus)
+// Showing a panel places it with the size it has; only then does it get the size it wants.
+void openPanel(const QPointer<QWidget> panel, bool activate, bool takeFocus)
 {
-    if (panel)
-        panel->activateWindow();
-    if (panel && takeFocus)
-        panel->setFocus();
+    for (void (QWidget::*step)() : {&QWidget::show, &QWidget::adjustSize, &QWidget::raise}) {
+        if (panel)
+            (panel->*step)();
+    }
+    focusPanel(panel, activate, takeFocus);
 }
 
 } // namespace
@@ -59,6 +53,7 @@ void activatePanel(QPointer<QWidget> panel, bool takeFocus)
 CustomToolButton::CustomToolButton(bool uncheckOnHide, QWidget *parent, SettingWidgetDirection direction)
     : QToolButton(parent)
     , m_uncheckOnHide(uncheckOnHide)
+    , m_press(std::make_unique<PressGesture>(this))
     , m_direction(direction)
 {
     installEventFilter(this);
@@ -68,38 +63,28 @@ CustomToolButton::~CustomToolButton() = default;
 
 void CustomToolButton::setClickWidget(QWidget *panel, bool takeFocus)
 {
-    m_clickPanel = panel;
-    m_clickTakesFocus = takeFocus;
-    if (panel)
-        panel->installEventFilter(this);
+    attach(&m_clickPanel, panel, takeFocus);
 }
 
 void CustomToolButton::setRightClickWidget(QWidget *panel, bool takeFocus)
 {
-    m_rightClickPanel = panel;
-    m_rightClickTakesFocus = takeFocus;
-    if (panel)
-        panel->installEventFilter(this);
+    attach(&m_rightClickPanel, panel, takeFocus);
 }
 
 void CustomToolButton::setHoverWidget(QWidget *panel, bool takeFocus)
 {
+    attach(&m_hoverPanel, panel, takeFocus);
+    delete m_hoverTimer;
     m_hoverTimer = new QTimer(this);
     m_hoverTimer->setSingleShot(true);
     m_hoverTimer->setInterval(kHoverHideDelayMs);
-    connect(m_hoverTimer, &QTimer::timeout, this, [this] {
-        if (m_hoverPanel)
-            m_hoverPanel->hide();
-    });
-    m_hoverPanel = panel;
-    m_hoverTakesFocus = takeFocus;
     if (panel)
-        panel->installEventFilter(this);
+        connect(m_hoverTimer, &QTimer::timeout, panel, &QWidget::hide);
 }
 
 void CustomToolButton::showRightClickWidget()
 {
-    openPanel(m_rightClickPanel, Activation::Activate, m_rightClickTakesFocus);
+    openPanel(m_rightClickPanel.widget, m_rightClickPanel.takesFocus, m_rightClickPanel.takesFocus);
 }
 
 void CustomToolButton::setSettingWidgetOffset(int offset)
@@ -110,9 +95,9 @@ void CustomToolButton::setSettingWidgetOffset(int offset)
 void CustomToolButton::adjustWidgetPosition()
 {
     const QPointer<CustomToolButton> guard(this);
-    for (const QPointer<QWidget> &panel : {m_rightClickPanel, m_clickPanel, m_hoverPanel}) {
-        if (guard && panel)
-            adjustWidget(panel);
+    for (const AttachedPanel &panel : {m_rightClickPanel, m_clickPanel, m_hoverPanel}) {
+        if (guard && panel.widget)
+            adjustWidget(panel.widget);
     }
 }
 
@@ -120,11 +105,6 @@ void CustomToolButton::updateImage(const QString &normal, const QString &checked
                                    const QString &disabled)
 {
     setStyleSheet(imageStyle().arg(normal, hover, disabled, checked, checked, disabled, checked));
-}
-
-qint64 CustomToolButton::currentMSecs() const
-{
-    return QDateTime::currentMSecsSinceEpoch();
 }
 
 bool CustomToolButton::event(QEvent *event)
@@ -142,8 +122,15 @@ bool CustomToolButton::eventFilter(QObject *watched, QEvent *event)
     // is ever consumed; but what is gone cannot get its event any more.
     const QPointer<QObject> receiver(watched);
     const QPointer<CustomToolButton> guard(this);
+    if (watched == this && event->type() == QEvent::MouseButtonRelease) {
+        // Before anything opens: a panel that is a popup would take the press its end.
+        m_longPress = m_press->duration() >= kLongPressMs;
+        m_press->end();
+    }
     if (processClickWidget(watched, event) && guard && processRightClickWidget(watched, event) && guard)
         processHoverWidget(watched, event);
+    if (!receiver)
+        event->accept();
     if (!guard || !receiver)
         return !receiver;
     return QObject::eventFilter(watched, event);
@@ -151,113 +138,79 @@ bool CustomToolButton::eventFilter(QObject *watched, QEvent *event)
 
 bool CustomToolButton::processClickWidget(QObject *watched, QEvent *event)
 {
-    if (!m_clickPanel)
+    const AttachedPanel &panel = m_clickPanel;
+    if (!panel.widget)
         return true;
-    if (watched == this) {
-        if (!isEnabled())
-            return false;
-        if (event->type() == QEvent::MouseButtonRelease)
-            openPanel(m_clickPanel, Activation::Activate, m_clickTakesFocus);
-    } else if (watched == m_clickPanel) {
-        switch (event->type()) {
-        case QEvent::FocusOut:
-            if (m_clickTakesFocus) {
-                const bool hide = !rect().contains(mapFromGlobal(QCursor::pos()));
-                qDebug() << "==isHideClickWidget==" << hide;
-                if (hide)
-                    closeClickPanel();
-            }
-            break;
-        case QEvent::Enter:
-            activatePanel(m_clickPanel, !m_uncheckOnHide);
-            break;
-        case QEvent::Show:
-            adjustWidget(m_clickPanel);
-            break;
-        default:
-            break;
-        }
+    if (watched == this && !isEnabled())
+        return false;
+    if (watched == this && event->type() == QEvent::MouseButtonRelease) {
+        openPanel(panel.widget, panel.takesFocus, panel.takesFocus);
+    } else if (watched == panel.widget && event->type() == QEvent::FocusOut && panel.takesFocus) {
+        const bool hide = !rect().contains(mapFromGlobal(QCursor::pos()));
+        qDebug() << "==isHideClickWidget==" << hide;
+        if (hide)
+            closeClickPanel();
+    } else if (watched == panel.widget && event->type() != QEvent::Hide) {
+        processPanel({panel.widget, !m_uncheckOnHide}, event->type());
     }
     return true;
 }
 
 bool CustomToolButton::processRightClickWidget(QObject *watched, QEvent *event)
 {
-    if (!m_rightClickPanel)
+    const AttachedPanel &panel = m_rightClickPanel;
+    if (!panel.widget)
         return true;
-    if (watched == this) {
-        if (!isEnabled())
-            return false;
-        if (event->type() == QEvent::MouseButtonPress)
-            m_pressTime = currentMSecs();
-        else if (event->type() == QEvent::MouseButtonRelease)
-            openOnRelease(static_cast<QMouseEvent *>(event)->button());
-    } else if (watched == m_rightClickPanel) {
-        switch (event->type()) {
-        case QEvent::Enter:
-            activatePanel(m_rightClickPanel, m_rightClickTakesFocus);
-            break;
-        case QEvent::Show:
-            adjustWidget(m_rightClickPanel);
-            break;
-        case QEvent::Hide:
-            uncheckAfterHide();
-            break;
-        default:
-            break;
-        }
+    if (watched == this && !isEnabled())
+        return false;
+    if (watched == this && event->type() == QEvent::MouseButtonPress) {
+        m_press->begin();
+    } else if (watched == this && event->type() == QEvent::MouseButtonRelease) {
+        if (m_longPress || static_cast<QMouseEvent *>(event)->button() == Qt::RightButton)
+            showRightClickWidget();
+    } else if (watched == panel.widget) {
+        processPanel(panel, event->type());
     }
     return true;
 }
 
 bool CustomToolButton::processHoverWidget(QObject *watched, QEvent *event)
 {
-    if (!m_hoverPanel)
+    const AttachedPanel &panel = m_hoverPanel;
+    if (!panel.widget)
         return true;
-    if (watched == this) {
-        if (!isEnabled())
-            return false;
-        if (event->type() == QEvent::HoverEnter) {
-            stopHoverTimer();
-            openPanel(m_hoverPanel, Activation::Leave, m_hoverTakesFocus);
-        } else if (event->type() == QEvent::HoverLeave) {
+    if (watched == this && !isEnabled())
+        return false;
+    if (watched == this && event->type() == QEvent::HoverEnter) {
+        m_hoverTimer->stop();
+        openPanel(panel.widget, false, panel.takesFocus);
+    } else if (watched == this && event->type() == QEvent::HoverLeave) {
+        m_hoverTimer->start();
+    } else if (watched == panel.widget) {
+        if (event->type() == QEvent::Enter)
+            m_hoverTimer->stop();
+        else if (event->type() == QEvent::Leave)
             m_hoverTimer->start();
-        }
-    } else if (watched == m_hoverPanel) {
-        switch (event->type()) {
-        case QEvent::Enter:
-            stopHoverTimer();
-            activatePanel(m_hoverPanel, m_hoverTakesFocus);
-            break;
-        case QEvent::Leave:
-            m_hoverTimer->start();
-            break;
-        case QEvent::Show:
-            adjustWidget(m_hoverPanel);
-            break;
-        case QEvent::Hide:
-            uncheckAfterHide();
-            break;
-        default:
-            break;
-        }
+        processPanel(panel, event->type());
     }
     return true;
 }
 
-void CustomToolButton::openOnRelease(Qt::MouseButton button)
+/// What all panels have in common.
+void CustomToolButton::processPanel(const AttachedPanel &panel, QEvent::Type type)
 {
-    // No press is pending at the second release of a double click: that is no long press.
-    const bool longPress = m_pressTime != 0 && currentMSecs() - m_pressTime >= kLongPressMs;
-    m_pressTime = 0;
-    if (longPress || button == Qt::RightButton)
-        showRightClickWidget();
+    if (type == QEvent::Enter)
+        focusPanel(panel.widget, true, panel.takesFocus);
+    else if (type == QEvent::Show)
+        adjustWidget(panel.widget);
+    else if (type == QEvent::Hide)
+        uncheckAfterHide();
 }
 
 void CustomToolButton::closeClickPanel()
 {
     const QPointer<CustomToolButton> guard(this);
-    m_clickPanel->hide();
+    m_clickPanel.widget->hide();
     if (guard)
         uncheckAfterHide();
 }
@@ -268,10 +221,15 @@ void CustomToolButton::uncheckAfterHide()
         setChecked(false);
 }
 
-void CustomToolButton::stopHoverTimer()
+void CustomToolButton::attach(AttachedPanel *place, QWidget *panel, bool takeFocus)
 {
-    if (m_hoverTimer->isActive())
-        m_hoverTimer->stop();
+    QWidget *const former = place->widget;
+    *place = {panel, takeFocus};
+    const QList<QWidget *> watched{this, m_clickPanel.widget, m_rightClickPanel.widget, m_hoverPanel.widget};
+    if (former && !watched.contains(former))
+        former->removeEventFilter(this);
+    if (panel)
+        panel->installEventFilter(this);
 }
 
 void CustomToolButton::adjustWidget(QWidget *panel)

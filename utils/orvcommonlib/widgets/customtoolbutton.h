@@ -2,10 +2,14 @@
 
 #include "orvcommonlib_global.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QPointer>
 #include <QtCore/QString>
 #include <QtWidgets/QToolButton>
 
+#include <memory>
+
+class PressGesture;
 class QTimer;
 
 /// The side of a CustomToolButton on which its attached panels open.
@@ -19,45 +23,63 @@ enum SettingWidgetDirection : int {
 /// A tool button that carries up to three attached panels: one opened by a click, one by hovering, and one by
 /// a right click or a long press.
 ///
-/// The panels belong to the application; the button only watches them, and a panel that is destroyed is
-/// forgotten. It places each panel beside itself whenever the panel is shown: in the coordinates of the
-/// panel's parent widget, or in global ones for a panel without a parent. The button consumes no events,
-/// neither its own nor the panels'.
+/// The panels belong to the application; the button only watches them, and forgets one that is destroyed,
+/// replaced or detached. It places each panel beside itself whenever the panel is shown: in the coordinates
+/// of the panel's parent widget, or in global ones for a panel without a parent. The button consumes no
+/// events, neither its own nor the panels'.
 ///
-/// - A click opens the click panel and never closes it; it closes when it loses the focus while the pointer
-/// is not on the
-///   button.
-/// - The right-click panel opens on a right click, or on the release of any button that was held for 1001
-/// milliseconds or
-///   longer.
+/// - The click panel opens at the release of any mouse button. A click never closes it. One that takes the
+///   focus closes when it loses it while the pointer is not on the button; any other stays open.
+/// - The right-click panel opens at the release of the right mouse button, or of any that was held for 1001
+///   milliseconds or longer. A press that loses its release (the button is hidden, closed or disabled
+///   meanwhile, a modal window blocks it, or a popup opens) is no long one. The panel never closes by itself.
 /// - The hover panel opens under the pointer and closes 200 milliseconds after the pointer has left both it
-/// and the
-///   button.
+///   and the button.
 ///
-/// A disabled button opens nothing. While the button is checked it ignores keyboard shortcuts. All distances
-/// are in device-independent pixels. GUI thread only.
+/// A panel is made the active window when the pointer enters it. A disabled button opens nothing, and ignores
+/// that the pointer leaves it. While the button is checked it ignores keyboard shortcuts. All distances are
+/// in device-independent pixels. GUI thread only. Placing a panel logs its rectangle.
 class ORVCOMMONLIB_EXPORT CustomToolButton : public QToolButton
 {
     Q_OBJECT
 
 public:
-    /// With `uncheckOnHide` the button becomes unchecked when an attached panel hides, and the click panel
-    /// does not take the focus when the pointer enters it. A `direction` other than the four places no panel.
+    /// \param uncheckOnHide whether the button becomes unchecked when the right-click panel or the hover
+    ///                      panel is hidden, by whomever, and when the click panel closes by losing the
+    ///                      focus. The click panel then does not take the focus when the pointer enters it,
+    ///                      as it otherwise does.
+    /// \param parent        the parent widget, or null
+    /// \param direction     where the panels open; a value other than the four places no panel
     CustomToolButton(bool uncheckOnHide, QWidget *parent, SettingWidgetDirection direction);
     ~CustomToolButton() override;
 
-    /// Attaches a panel; with `takeFocus` it gets the focus when it opens. Null detaches the panel.
+    /// Attaches the panel that a click opens, in place of the one before.
+    /// \param panel     the panel, not owned; null detaches
+    /// \param takeFocus whether the panel becomes active and gets the focus when it opens, and closes when it
+    ///                  loses it
     void setClickWidget(QWidget *panel, bool takeFocus);
+
+    /// Attaches the panel that a right click or a long press opens, in place of the one before.
+    /// \param panel     the panel, not owned; null detaches
+    /// \param takeFocus whether the panel becomes active and gets the focus when it opens, and the focus when
+    ///                  the pointer enters it
     void setRightClickWidget(QWidget *panel, bool takeFocus);
+
+    /// Attaches the panel that hovering opens, in place of the one before.
+    /// \param panel     the panel, not owned; null detaches
+    /// \param takeFocus whether the panel gets the focus when it opens and when the pointer enters it
     void setHoverWidget(QWidget *panel, bool takeFocus);
-    /// The attached panels, null where there is none.
-    QWidget *clickWidget() const { return m_clickPanel; }
-    QWidget *rightClickWidget() const { return m_rightClickPanel; }
-    QWidget *hoverWidget() const { return m_hoverPanel; }
+
+    /// \return the panel that a click opens, or null
+    QWidget *clickWidget() const { return m_clickPanel.widget; }
+    /// \return the panel that a right click opens, or null
+    QWidget *rightClickWidget() const { return m_rightClickPanel.widget; }
+    /// \return the panel that hovering opens, or null
+    QWidget *hoverWidget() const { return m_hoverPanel.widget; }
     /// Opens the right-click panel, if there is one, as a right click does.
     void showRightClickWidget();
 
-    /// The distance between the button and a panel under it; 6 at first.
+    /// \param offset the distance between the button and a panel under it; 6 at first
     void setSettingWidgetOffset(int offset);
 
     /// Places all panels anew: to be called after the button has moved.
@@ -65,15 +87,21 @@ public:
 
     /// Builds the button's style sheet from the paths of four pictures. The dynamic property `current`, which
     /// the sheet selects on, is the application's to set.
+    /// \param normal   the picture of the button at rest
+    /// \param checked  that of the checked button
+    /// \param hover    that under the pointer
+    /// \param disabled that of the disabled button
     void updateImage(const QString &normal, const QString &checked, const QString &hover,
                      const QString &disabled);
 
-protected:
-    /// The clock that long presses are measured with, in milliseconds since the epoch.
-    virtual qint64 currentMSecs() const;
-
 private:
     Q_DISABLE_COPY(CustomToolButton)
+
+    struct AttachedPanel
+    {
+        QPointer<QWidget> widget;
+        bool takesFocus = false;
+    };
 
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -81,24 +109,22 @@ private:
     bool processClickWidget(QObject *watched, QEvent *event);
     bool processRightClickWidget(QObject *watched, QEvent *event);
     bool processHoverWidget(QObject *watched, QEvent *event);
-    void openOnRelease(Qt::MouseButton button);
+    void processPanel(const AttachedPanel &panel, QEvent::Type type);
+    void attach(AttachedPanel *place, QWidget *panel, bool takeFocus);
     void closeClickPanel();
     void uncheckAfterHide();
-    void stopHoverTimer();
 
     void adjustWidget(QWidget *panel);
     QPoint toPanelParent(const QWidget *panel, QPoint ownPos) const;
     QRect keptInsideWindow(const QWidget *panel, QRect geometry) const;
 
     bool m_uncheckOnHide = false;
-    QPointer<QWidget> m_rightClickPanel;
-    bool m_rightClickTakesFocus = false;
-    qint64 m_pressTime = 0;
-    QPointer<QWidget> m_clickPanel;
-    bool m_clickTakesFocus = false;
-    QPointer<QWidget> m_hoverPanel;
-    bool m_hoverTakesFocus = false;
+    AttachedPanel m_rightClickPanel;
+    std::unique_ptr<PressGesture> m_press;
+    bool m_longPress = false; // the release that is being handled ends one
+    AttachedPanel m_clickPanel;
+    AttachedPanel m_hoverPanel;
     SettingWidgetDirection m_direction = Bottom;
     int m_offset = 6;
-    QTimer *m_hoverTimer = nullptr;
+    QTimer *m_hoverTimer = nullptr; // of the present hover panel
 };
