@@ -3,6 +3,7 @@
 #include "logcapture.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QWindow>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QHBoxLayout>
@@ -351,6 +352,16 @@ void tst_CommonPopupDialog::hidingEndsExec_data()
     QTest::newRow("hide()") << Hide([](CommonPopupDialog *dialog) { dialog->hide(); });
     QTest::newRow("setVisible()") << Hide([](QWidget *dialog) { dialog->setVisible(false); });
     QTest::newRow("close()") << Hide([](CommonPopupDialog *dialog) { dialog->close(); });
+    QTest::newRow("native hide") << Hide([](QWidget *dialog) { dialog->windowHandle()->hide(); });
+    QTest::newRow("hidden natively while it is shown") << Hide([](QWidget *dialog) {
+        dialog->hide();
+        InsideLoop::EventHook hook(dialog, QEvent::ShowToParent, [dialog](QEvent *) {
+            dialog->windowHandle()->hide();
+            return false;
+        });
+        auto *popup = static_cast<CommonPopupDialog *>(dialog);
+        QCOMPARE(popup->exec(), CommonPopupDialog::NoResult);
+    });
     QTest::newRow("new window flags")
         << Hide([](CommonPopupDialog *dialog) { dialog->setWindowFlags(Qt::Tool); });
 }

@@ -1,8 +1,10 @@
 #include "orvmaskctrl.h"
 
+#include "insideloop.h"
 #include "logcapture.h"
 #include "pictures.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QMetaMethod>
 #include <QtCore/QProcess>
 #include <QtTest/QTest>
@@ -11,6 +13,7 @@
 #include <QtWidgets/QPushButton>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <thread>
 #include <type_traits>
@@ -45,6 +48,11 @@ private Q_SLOTS:
     void showsNothingWhenItsWindowIsGone();
     void coversAWindowWithoutSize();
     void isCreatedOnceByConcurrentCalls();
+    void isAskedForWhileItIsCreated();
+    void ownerRegisteredWhileItIsCreated();
+    void isDeletedWhileItIsCreated();
+    void maskIsDestroyedByWhatItTells_data();
+    void maskIsDestroyedByWhatItTells();
 
 private:
     QWidget m_window;
@@ -304,6 +312,92 @@ void tst_OrvMaskCtrl::isCreatedOnceByConcurrentCalls()
         QVERIFY(instance);
         QCOMPARE(instance, instances.front());
     }
+}
+
+namespace {
+
+/// A window that does something when a child comes to it.
+class Mother : public QWidget
+{
+public:
+    std::function<void()> onChild;
+
+protected:
+    void childEvent(QChildEvent *event) override
+    {
+        if (event->added() && onChild)
+            onChild();
+    }
+};
+
+} // namespace
+
+void tst_OrvMaskCtrl::isAskedForWhileItIsCreated()
+{
+    Mother mother;
+    OrvMaskCtrl *nested = nullptr;
+    mother.onChild = [&] {
+        nested = OrvMaskCtrl::getInstance(&m_window);
+    };
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&mother);
+    QVERIFY(mask);
+    QCOMPARE(nested, mask);
+    QCOMPARE(mask->getMaskWidget()->parentWidget(), &mother);
+    QVERIFY(m_window.children().isEmpty());
+}
+
+void tst_OrvMaskCtrl::ownerRegisteredWhileItIsCreated()
+{
+    Mother mother;
+    mother.show();
+    mother.onChild = [&] {
+        OrvMaskCtrl::getInstance(nullptr)->showMasking(&m_first);
+    };
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(&mother);
+    QVERIFY(mask->getMaskWidget()->isVisible());
+    mask->hideMasking(&m_first);
+    QVERIFY(!mask->getMaskWidget()->isVisible());
+}
+
+void tst_OrvMaskCtrl::isDeletedWhileItIsCreated()
+{
+    Mother mother;
+    mother.show();
+    mother.onChild = [] {
+        OrvMaskCtrl::deleteInstance();
+    };
+    QVERIFY(!OrvMaskCtrl::getInstance(&mother));
+    QVERIFY(!OrvMaskCtrl::getInstance(&mother));
+    const auto labels = mother.findChildren<QLabel *>();
+    for (const QLabel *label : labels)
+        QVERIFY(!label->isVisible());
+}
+
+void tst_OrvMaskCtrl::maskIsDestroyedByWhatItTells_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("comes to the front") << int(QEvent::ZOrderChange);
+    QTest::newRow("is shown") << int(QEvent::ShowToParent);
+    QTest::newRow("is hidden") << int(QEvent::HideToParent);
+}
+
+void tst_OrvMaskCtrl::maskIsDestroyedByWhatItTells()
+{
+    QFETCH(const int, type);
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(window.get());
+    InsideLoop::EventHook hook(mask->getMaskWidget(), QEvent::Type(type), [&](QEvent *) {
+        window.reset();
+        OrvMaskCtrl::deleteInstance();
+        return false;
+    });
+    new QWidget(window.get()); // lies above the mask
+    mask->showMasking(&m_first);
+    if (OrvMaskCtrl *alive = OrvMaskCtrl::getInstance(nullptr))
+        alive->hideMasking(&m_first);
+    QVERIFY(!window);
+    QVERIFY(!OrvMaskCtrl::getInstance(nullptr));
 }
 
 static QStringList testFunctions()

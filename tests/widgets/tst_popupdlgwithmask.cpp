@@ -3,11 +3,14 @@
 #include "orvmaskctrl.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QWindow>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QHBoxLayout>
 
 using namespace MaskedDialogs;
+
+Q_DECLARE_METATYPE(Action)
 
 class tst_PopupDlgWithMask : public QObject
 {
@@ -34,6 +37,9 @@ private Q_SLOTS:
     void masksForExec();
     void sharesTheMask();
     void releasesTheMaskWhenDestroyed();
+    void releasesAMaskThatOthersAskedFor_data();
+    void releasesAMaskThatOthersAskedFor();
+    void followsItsNativeWindow();
 
     void acceptsAbsurdArguments();
     void worksWithoutTheMaskController();
@@ -392,6 +398,61 @@ void tst_PopupDlgWithMask::releasesTheMaskWhenDestroyed()
     QVERIFY(isMasked());
     delete parent;
     QVERIFY(!isMasked());
+}
+
+void tst_PopupDlgWithMask::releasesAMaskThatOthersAskedFor_data()
+{
+    QTest::addColumn<Action>("leave");
+    QTest::newRow("hidden") << Action([](PopupDlgWithMask *dialog) {
+        dialog->QWidget::show();
+        dialog->hide();
+    });
+    QTest::newRow("hidden again") << Action([](PopupDlgWithMask *dialog) {
+        dialog->QWidget::show();
+        dialog->hide();
+        mask()->showMasking(dialog);
+        dialog->hide();
+    });
+    QTest::newRow("never shown") << Action([](PopupDlgWithMask *dialog) { dialog->hide(); });
+    QTest::newRow("closed") << Action([](PopupDlgWithMask *dialog) {
+        dialog->QWidget::show();
+        dialog->close();
+    });
+    QTest::newRow("destroyed") << Action([](PopupDlgWithMask *dialog) {
+        dialog->QWidget::show();
+        delete dialog;
+    });
+    QTest::newRow("destroyed, never shown") << Action([](PopupDlgWithMask *dialog) { delete dialog; });
+}
+
+void tst_PopupDlgWithMask::releasesAMaskThatOthersAskedFor()
+{
+    QFETCH(const Action, leave);
+    Options options;
+    options.useMask = true;
+    options.parent = &m_window;
+    const QPointer<PopupDlgWithMask> dialog = newMessage(options);
+    OrvMaskCtrl::getInstance(&m_window)->showMasking(dialog);
+    QVERIFY(isMasked());
+    leave(dialog);
+    QVERIFY(!isMasked());
+    delete dialog;
+}
+
+void tst_PopupDlgWithMask::followsItsNativeWindow()
+{
+    Options options;
+    options.useMask = true;
+    options.parent = &m_window;
+    const auto dialog = makePages(2, options);
+    dialog->show(true);
+    QVERIFY(isMasked());
+    dialog->windowHandle()->hide();
+    QVERIFY(!isMasked());
+    QVERIFY(!pageTimerOf(dialog.get())->isActive());
+    dialog->windowHandle()->show();
+    QVERIFY(dialog->isVisible());
+    QVERIFY(pageTimerOf(dialog.get())->isActive());
 }
 
 void tst_PopupDlgWithMask::acceptsAbsurdArguments()

@@ -3,6 +3,7 @@
 #include "orvmaskctrl.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QWindow>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QHBoxLayout>
@@ -36,6 +37,7 @@ class tst_PopupDlgWithMaskRuns : public QObject
 private Q_SLOTS:
     void initTestCase();
     void maskThenTheVirtualShow();
+    void raisedOnceItIsShown();
     void buttonsEndExec_data();
     void buttonsEndExec();
     void ignoredCloseStillEndsExec();
@@ -51,7 +53,10 @@ private Q_SLOTS:
     void destroyedInItsLoop();
     void destroyedInItsLoopAtPos_data() { destroyedInItsLoop_data(); }
     void destroyedInItsLoopAtPos();
+    void hiddenWhileBeingShown_data();
     void hiddenWhileBeingShown();
+    void destroyedByTheMask_data();
+    void destroyedByTheMask();
     void secondDialogFromASlot();
     void applicationQuits();
 
@@ -85,6 +90,33 @@ void tst_PopupDlgWithMaskRuns::maskThenTheVirtualShow()
     InsideLoop::run([&] { dialog.hide(); });
     dialog.execWithPos(pos);
     QCOMPARE(dialog.notes, (QVector<QPair<bool, bool>>{{true, true}, {true, true}}));
+}
+
+void tst_PopupDlgWithMaskRuns::raisedOnceItIsShown()
+{
+    const auto dialog = makeMessage();
+    QStringList order;
+    InsideLoop::EventHook shown(dialog.get(), QEvent::ShowToParent, [&](QEvent *) {
+        order << QStringLiteral("shown");
+        return false;
+    });
+    InsideLoop::EventHook raised(dialog.get(), QEvent::ZOrderChange, [&](QEvent *) {
+        order << QStringLiteral("raised");
+        return false;
+    });
+    const auto orderWhen = [&](const Action &call) {
+        order.clear();
+        InsideLoop::run([&] { dialog->hide(); });
+        call(dialog.get());
+        return order.mid(order.indexOf(QStringLiteral("shown")));
+    };
+    const QStringList expected{QStringLiteral("shown"), QStringLiteral("raised")};
+    QCOMPARE(orderWhen([](PopupDlgWithMask *it) { it->exec(); }), expected);
+    QCOMPARE(orderWhen([](PopupDlgWithMask *it) {
+                 QPoint pos(5, 5);
+                 it->execWithPos(pos);
+             }),
+             expected);
 }
 
 void tst_PopupDlgWithMaskRuns::buttonsEndExec_data()
@@ -147,6 +179,7 @@ void tst_PopupDlgWithMaskRuns::hidingEndsExec_data()
     QTest::newRow("hide()") << Action([](PopupDlgWithMask *dialog) { dialog->hide(); });
     QTest::newRow("setVisible()") << Action([](QWidget *dialog) { dialog->setVisible(false); });
     QTest::newRow("close()") << Action([](PopupDlgWithMask *dialog) { dialog->close(); });
+    QTest::newRow("native hide") << Action([](QWidget *dialog) { dialog->windowHandle()->hide(); });
     QTest::newRow("forceToExit()") << Action([](PopupDlgWithMask *dialog) { dialog->forceToExit(); });
 }
 
@@ -349,14 +382,32 @@ void tst_PopupDlgWithMaskRuns::destroyedInItsLoopAtPos()
     delete parent;
 }
 
+void tst_PopupDlgWithMaskRuns::hiddenWhileBeingShown_data()
+{
+    QTest::addColumn<Action>("hide");
+    QTest::addColumn<int>("type");
+    const Action hide = [](QWidget *dialog) {
+        dialog->hide();
+    };
+    const Action hideNatively = [](QWidget *dialog) {
+        dialog->windowHandle()->hide();
+    };
+    QTest::newRow("before its window is") << hide << int(QEvent::Show);
+    QTest::newRow("after its window is") << hide << int(QEvent::ShowToParent);
+    QTest::newRow("natively, before its window is") << hideNatively << int(QEvent::Show);
+    QTest::newRow("natively, after its window is") << hideNatively << int(QEvent::ShowToParent);
+}
+
 void tst_PopupDlgWithMaskRuns::hiddenWhileBeingShown()
 {
+    QFETCH(const Action, hide);
+    QFETCH(const int, type);
     Options options;
     options.useMask = true;
     options.parent = &m_window;
     const auto dialog = makePages(2, options);
-    InsideLoop::EventHook hook(dialog.get(), QEvent::Show, [&](QEvent *) {
-        dialog->hide();
+    InsideLoop::EventHook hook(dialog.get(), QEvent::Type(type), [&](QEvent *) {
+        hide(dialog.get());
         return false;
     });
     QCOMPARE(dialog->exec(), PopupDlgWithMask::NoResult);
@@ -364,6 +415,41 @@ void tst_PopupDlgWithMaskRuns::hiddenWhileBeingShown()
     QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::NoResult);
     QVERIFY(!isMasked());
     QVERIFY(!pageTimerOf(dialog.get())->isActive());
+}
+
+void tst_PopupDlgWithMaskRuns::destroyedByTheMask_data()
+{
+    QTest::addColumn<bool>("atPos");
+    QTest::addColumn<int>("type");
+    for (const bool atPos : {false, true}) {
+        const char *call = atPos ? "execWithPos" : "exec";
+        QTest::addRow("%s, the mask comes to the front", call) << atPos << int(QEvent::ZOrderChange);
+        QTest::addRow("%s, the mask is shown", call) << atPos << int(QEvent::ShowToParent);
+        QTest::addRow("%s, the mask is hidden", call) << atPos << int(QEvent::HideToParent);
+    }
+}
+
+void tst_PopupDlgWithMaskRuns::destroyedByTheMask()
+{
+    QFETCH(const bool, atPos);
+    QFETCH(const int, type);
+    Options options;
+    options.useMask = true;
+    const QPointer<PopupDlgWithMask> dialog = newPages(2, 2, 2, options);
+    const QWidget aboveTheMask(&m_window);
+    InsideLoop::EventHook hook(OrvMaskCtrl::getInstance(nullptr)->getMaskWidget(), QEvent::Type(type),
+                               [&](QEvent *) {
+                                   delete dialog;
+                                   return false;
+                               });
+    InsideLoop::run([&] {
+        if (dialog)
+            dialog->hide();
+    });
+    QPoint pos(5, 5);
+    QCOMPARE(int(atPos ? dialog->execWithPos(pos) : dialog->exec()), -1);
+    QVERIFY(!dialog);
+    QVERIFY(!isMasked());
 }
 
 void tst_PopupDlgWithMaskRuns::secondDialogFromASlot()

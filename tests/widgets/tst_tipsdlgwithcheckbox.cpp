@@ -6,6 +6,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QPointer>
 #include <QtGui/QPainter>
+#include <QtGui/QWindow>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QCheckBox>
@@ -521,6 +522,9 @@ void tst_TipsDlgWithCheckbox::execEndsInEveryWay_data()
     QTest::newRow("forceToExit()") << Action([](TipsDlgWithCheckbox *dialog) { dialog->forceToExit(); })
                                    << true;
     QTest::newRow("hide()") << Action([](TipsDlgWithCheckbox *dialog) { dialog->hide(); }) << false;
+    QTest::newRow("native hide") << Action([](TipsDlgWithCheckbox *dialog) {
+        dialog->windowHandle()->hide();
+    }) << false;
     QTest::newRow("setVisible()") << Action([](QWidget *dialog) { dialog->setVisible(false); }) << false;
     QTest::newRow("close()") << Action([](TipsDlgWithCheckbox *dialog) { dialog->close(); }) << true;
     QTest::newRow("deleted") << Action([](TipsDlgWithCheckbox *dialog) { delete dialog; }) << true;

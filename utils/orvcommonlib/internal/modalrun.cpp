@@ -23,7 +23,7 @@ ModalRun::~ModalRun()
 
 void ModalRun::enter(QEventLoop &loop)
 {
-    if (!isDialogAlive() || m_hidden)
+    if (!m_dialog || (m_wasHidden && m_dialog->isHidden()))
         return;
     m_loop = &loop;
     loop.exec(QEventLoop::AllEvents);
@@ -38,12 +38,11 @@ void ModalRun::end(QEventLoop *&recordedLoop)
     recordedLoop = nullptr;
 }
 
-void ModalRun::noteVisibility(const QWidget *dialog)
+void ModalRun::dialogHidden(const QWidget *dialog, QEventLoop *&recordedLoop)
 {
-    for (ModalRun *run = innermostRun; run; run = run->m_outer) {
-        if (run->m_dialog == dialog)
-            run->m_hidden = dialog->isHidden();
-    }
+    for (ModalRun *run = innermostRun; run; run = run->m_outer)
+        run->m_wasHidden = run->m_wasHidden || run->m_dialog == dialog;
+    end(recordedLoop);
 }
 
 void ModalRun::dialogDestroyed(const QWidget *dialog, qint32 result)

@@ -8,9 +8,9 @@ class QWidget;
 /// One blocking run of a dialog's private event loop; lives on the stack of the dialog's exec().
 ///
 /// It outlives the dialog where the dialog is destroyed inside its own run, so exec() asks it before
-/// touching a member. A dialog takes part by calling end(), noteVisibility() and dialogDestroyed(); a
-/// dialog without a run pays nothing. GUI thread only. Runs nest as their stack frames do, also several of
-/// one dialog.
+/// touching a member. A dialog takes part by calling end(), dialogHidden() and dialogDestroyed(); a dialog
+/// without a run pays nothing. GUI thread only. Runs nest as their stack frames do, also several of one
+/// dialog.
 class ModalRun
 {
 public:
@@ -18,8 +18,8 @@ public:
     ~ModalRun();
     Q_DISABLE_COPY(ModalRun)
 
-    /// Runs the loop until it is told to exit. Does nothing when the dialog was hidden again, or destroyed,
-    /// while exec() was still showing it: nothing would end that loop any more.
+    /// Runs the loop until it is told to exit. Does nothing when the dialog was hidden, or destroyed, while
+    /// exec() was still showing it: nothing would end that loop any more.
     void enter(QEventLoop &loop);
 
     /// Whether the dialog still exists.
@@ -30,8 +30,9 @@ public:
     /// Tells the loop that a dialog has recorded to exit with code 0 and forgets it; nothing when none is
     /// recorded.
     static void end(QEventLoop *&recordedLoop);
-    /// To be called whenever the dialog was shown or hidden.
-    static void noteVisibility(const QWidget *dialog);
+    /// To be called whenever the dialog was hidden, by whatever means: ends the run whose loop it has
+    /// recorded.
+    static void dialogHidden(const QWidget *dialog, QEventLoop *&recordedLoop);
     /// To be called by the dialog's destructor: ends every run of the dialog and leaves its result there.
     static void dialogDestroyed(const QWidget *dialog, qint32 result);
 
@@ -40,5 +41,5 @@ private:
     const QWidget *m_dialog = nullptr;
     QEventLoop *m_loop = nullptr;
     qint32 m_lastResult = 0;
-    bool m_hidden = false;
+    bool m_wasHidden = false;
 };

@@ -4,6 +4,7 @@
 #include "modalrun.h"
 
 #include <QtCore/QDebug>
+#include <QtCore/QEvent>
 #include <QtCore/QEventLoop>
 #include <QtCore/QPointer>
 #include <QtGui/QResizeEvent>
@@ -139,7 +140,10 @@ void CommonPopupDialog::exitEventLoop()
 
 bool CommonPopupDialog::event(QEvent *event)
 {
-    return BaseMoveDialog::event(event);
+    const bool handled = BaseMoveDialog::event(event);
+    if (event->type() == QEvent::HideToParent)
+        ModalRun::dialogHidden(this, m_eventLoop);
+    return handled;
 }
 
 void CommonPopupDialog::resizeEvent(QResizeEvent *event)
@@ -151,11 +155,8 @@ void CommonPopupDialog::setVisible(bool visible)
 {
     const QPointer<CommonPopupDialog> alive(this);
     BaseMoveDialog::setVisible(visible);
-    if (!alive)
-        return;
-    ModalRun::noteVisibility(this);
-    if (!visible)
-        exitEventLoop();
+    if (alive && !visible)
+        ModalRun::dialogHidden(this, m_eventLoop);
 }
 
 void CommonPopupDialog::hideTitleLine()

@@ -69,6 +69,7 @@ Q_SIGNALS:
     void sigClosed();
 
 protected:
+    /// Hiding the native window ends a running exec(), too.
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     /// Hiding ends a running exec().

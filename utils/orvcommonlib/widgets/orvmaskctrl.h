@@ -20,9 +20,9 @@ class ORVCOMMONLIB_EXPORT OrvMaskCtrl : public QObject
 {
 public:
     /// The one instance. The first call of the process creates it, with a mask over `parent` in the size that
-    /// `parent` has at that moment: the mask follows no later change of size. Later calls ignore `parent`.
-    /// After deleteInstance() the result is null for good. Without a `parent`, and after it is gone, there is
-    /// no mask: nothing is shown.
+    /// `parent` has at that moment: the mask follows no later change of size. Later calls ignore `parent`, also
+    /// one from within the first, where the mask is still to come. After deleteInstance() the result is null
+    /// for good. Without a `parent`, and after it is gone, there is no mask: nothing is shown.
     static OrvMaskCtrl *getInstance(QWidget *parent);
 
     /// Deletes the instance, as a step of shutting down. The mask label stays with its window, as it is.
@@ -40,8 +40,9 @@ public:
 
 private:
     Q_DISABLE_COPY(OrvMaskCtrl)
+    friend class PopupDlgWithMask;
 
-    explicit OrvMaskCtrl(QWidget *parent);
+    OrvMaskCtrl();
     ~OrvMaskCtrl() override;
 
     QPointer<QLabel> m_maskWidget;

@@ -8,6 +8,7 @@
 #include "styledlabel.h"
 
 #include <QtCore/QDebug>
+#include <QtCore/QEvent>
 #include <QtCore/QEventLoop>
 #include <QtCore/QMargins>
 #include <QtCore/QTimer>
@@ -173,7 +174,7 @@ PopupDlgWithMask::ExecResult PopupDlgWithMask::exec()
 {
     ModalRun run(this);
     QEventLoop loop;
-    if (present(run)) {
+    if (present()) {
         m_eventLoop = &loop;
         run.enter(loop);
     }
@@ -186,7 +187,7 @@ PopupDlgWithMask::ExecResult PopupDlgWithMask::exec()
 PopupDlgWithMask::ExecResult PopupDlgWithMask::execWithPos(QPoint &pos)
 {
     ModalRun run(this);
-    if (present(run)) {
+    if (present()) {
         move(pos.x(), pos.y());
         if (!m_eventLoop)
             m_eventLoop = new QEventLoop;
@@ -196,19 +197,23 @@ PopupDlgWithMask::ExecResult PopupDlgWithMask::execWithPos(QPoint &pos)
 }
 
 /// Brings mask and dialog to the front; false when the dialog did not survive that.
-bool PopupDlgWithMask::present(ModalRun &run)
+bool PopupDlgWithMask::present()
 {
+    const QPointer<PopupDlgWithMask> alive(this);
     requestMask();
-    show(true);
-    if (run.isDialogAlive())
+    if (alive)
+        show(true);
+    if (alive)
         raise();
-    return run.isDialogAlive();
+    return alive;
 }
 
 void PopupDlgWithMask::show(bool)
 {
+    const QPointer<PopupDlgWithMask> alive(this);
     requestMask();
-    QWidget::show();
+    if (alive)
+        QWidget::show();
 }
 
 void PopupDlgWithMask::forceToExit()
@@ -250,17 +255,28 @@ void PopupDlgWithMask::setVisible(bool visible)
 {
     const QPointer<PopupDlgWithMask> alive(this);
     BaseMoveDialog::setVisible(visible);
-    if (!alive)
-        return;
-    ModalRun::noteVisibility(this);
+    if (alive && isHidden() != visible) // a handler may have had it otherwise
+        followVisibility(visible);
+}
+
+/// Anything may happen while the mask shows or hides, which is therefore last.
+void PopupDlgWithMask::followVisibility(bool visible)
+{
+    stopPageTimer();
     if (!visible) {
+        ModalRun::dialogHidden(this, m_eventLoop);
         releaseMask();
-        exitEventLoop();
-        stopPageTimer();
     } else if (m_pageTimer && !isHidden()) {
-        stopPageTimer();
         m_pageTimer->start();
     }
+}
+
+bool PopupDlgWithMask::event(QEvent *event)
+{
+    const bool handled = BaseMoveDialog::event(event);
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+        followVisibility(event->type() == QEvent::ShowToParent);
+    return handled;
 }
 
 void PopupDlgWithMask::exitEventLoop()
@@ -274,27 +290,18 @@ void PopupDlgWithMask::stopPageTimer()
         m_pageTimer->stop();
 }
 
-/// Null when the dialog uses no mask, or when the application has already deleted it.
-OrvMaskCtrl *PopupDlgWithMask::mask() const
-{
-    return m_useMask ? OrvMaskCtrl::getInstance(m_maskParent) : nullptr;
-}
-
 void PopupDlgWithMask::requestMask()
 {
-    m_maskRequested = true;
-    if (OrvMaskCtrl *control = mask())
+    OrvMaskCtrl *control = m_useMask ? OrvMaskCtrl::getInstance(m_maskParent) : nullptr;
+    if (control)
         control->showMasking(this);
 }
 
+/// A controller that does not exist holds no dialog, and is not made now for a window that may be going.
 void PopupDlgWithMask::releaseMask()
 {
-    // The controller is made for the window that first asks for it: not for one that may be going just now,
-    // in the name of a dialog that never asked.
-    if (!m_maskRequested)
-        return;
-    if (OrvMaskCtrl *control = mask())
-        control->hideMasking(this);
+    if (m_useMask && OrvMaskCtrl::m_pInstance)
+        OrvMaskCtrl::m_pInstance->hideMasking(this);
 }
 
 void PopupDlgWithMask::closeButtonClicked()

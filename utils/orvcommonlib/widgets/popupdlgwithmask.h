@@ -9,8 +9,6 @@
 #include <QtCore/QString>
 #include <QtCore/QVector>
 
-class ModalRun;
-class OrvMaskCtrl;
 class QEventLoop;
 class QLabel;
 class QMargins;
@@ -101,6 +99,8 @@ Q_SIGNALS:
     void closeMsgBox();
 
 protected:
+    /// Hiding or showing the native window has the same effect as setVisible().
+    bool event(QEvent *event) override;
     /// Hiding releases the mask, ends a running exec() and stops the page timer; showing starts the page
     /// timer anew.
     void setVisible(bool visible) override;
@@ -110,7 +110,8 @@ private Q_SLOTS:
 
 private:
     void exitEventLoop();
-    bool present(ModalRun &run);
+    bool present();
+    void followVisibility(bool visible);
 
     void initFrame(const QString &backgroundImage, QSize size, const QMargins &border, bool deleteOnClose,
                    bool modal);
@@ -125,7 +126,6 @@ private:
     void initPageTimer();
     void stopPageTimer();
 
-    OrvMaskCtrl *mask() const;
     void requestMask();
     void releaseMask();
 
@@ -149,5 +149,4 @@ private:
     QStackedWidget *m_pageStack = nullptr;
     QTimer *m_pageTimer = nullptr;
     int m_pageCount = 0;
-    bool m_maskRequested = false;
 };

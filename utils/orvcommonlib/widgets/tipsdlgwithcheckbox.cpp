@@ -6,6 +6,7 @@
 #include "modalrun.h"
 #include "styledlabel.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QEventLoop>
 #include <QtCore/QMargins>
 #include <QtCore/QPointer>
@@ -303,11 +304,16 @@ void TipsDlgWithCheckbox::setVisible(bool visible)
 {
     const QPointer<TipsDlgWithCheckbox> alive(this);
     BaseMoveDialogWithBackImage::setVisible(visible);
-    if (!alive)
-        return;
-    ModalRun::noteVisibility(this);
-    if (!visible)
-        exitEventLoop();
+    if (alive && !visible)
+        ModalRun::dialogHidden(this, m_eventLoop);
+}
+
+bool TipsDlgWithCheckbox::event(QEvent *event)
+{
+    const bool handled = BaseMoveDialogWithBackImage::event(event);
+    if (event->type() == QEvent::HideToParent)
+        ModalRun::dialogHidden(this, m_eventLoop);
+    return handled;
 }
 
 void TipsDlgWithCheckbox::exitEventLoop()

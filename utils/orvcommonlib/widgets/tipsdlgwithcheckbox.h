@@ -62,6 +62,8 @@ Q_SIGNALS:
     void sig_checkboxStateChanged(bool checked);
 
 protected:
+    /// Hiding the native window ends a running exec(), too.
+    bool event(QEvent *event) override;
     /// Hiding ends a running exec().
     void setVisible(bool visible) override;
 
