@@ -66,6 +66,7 @@ private Q_SLOTS:
     void pressIsTurnedIntoOneOnTheArrow();
     void leftPressAndReleaseArePassedOn();
     void guardKeepsTheListClosed();
+    void secondOfTwoQuickClicksOpensTheList();
     void openingStartsTheGuard();
     void otherButtonsAreConsumed_data();
     void otherButtonsAreConsumed();
@@ -73,6 +74,7 @@ private Q_SLOTS:
     void disabledComboIgnoresPresses();
     void startOfALongTextStaysInView();
     void worksWithoutALineEdit();
+    void lineEditCanBeReplaced();
     void destroyedWhileItsListIsOpen();
 
 private:
@@ -167,6 +169,24 @@ void tst_customcombox::guardKeepsTheListClosed()
     QVERIFY(m_combo->view()->isVisible());
 }
 
+// The first click closes the list, the second one comes when the guard has ended and opens it again.
+void tst_customcombox::secondOfTwoQuickClicksOpensTheList()
+{
+    QLineEdit *edit = m_combo->lineEdit();
+    m_combo->showPopup();
+    m_combo->hidePopup();
+    m_combo->presses.clear();
+    QTest::mouseDClick(edit, Qt::LeftButton); // while the guard is on
+    QVERIFY(!m_combo->view()->isVisible());
+
+    elapse(*m_combo);
+    QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(3, 3), edit->mapToGlobal(QPoint(3, 3)),
+                       Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(edit, &second);
+    QVERIFY(m_combo->view()->isVisible());
+    QVERIFY(guardTimer(*m_combo)->isActive());
+}
+
 void tst_customcombox::openingStartsTheGuard()
 {
     m_combo->showPopup();
@@ -189,7 +209,8 @@ void tst_customcombox::otherButtonsAreConsumed()
     QFETCH(int, button);
     QLineEdit *edit = m_combo->lineEdit();
     const QSignalSpy changed(m_combo, &QComboBox::currentTextChanged);
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    for (const QEvent::Type type :
+         {QEvent::MouseButtonPress, QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
         QMouseEvent event(type, QPointF(3, 3), edit->mapToGlobal(QPoint(3, 3)), Qt::MouseButton(button),
                           Qt::MouseButton(button), Qt::NoModifier);
         QVERIFY(m_combo->eventFilter(edit, &event));
@@ -238,6 +259,22 @@ void tst_customcombox::worksWithoutALineEdit()
     m_combo->repaint();
     QTest::mousePress(m_combo, Qt::LeftButton);
     QVERIFY(m_combo->view()->isVisible());
+}
+
+// The old one sends events while it is being destroyed, and is none of the combo box's any more.
+void tst_customcombox::lineEditCanBeReplaced()
+{
+    QLineEdit *old = m_combo->lineEdit();
+    old->setFocus();
+    auto *own = new QLineEdit;
+    m_combo->setLineEdit(own);
+    QCOMPARE(m_combo->lineEdit(), own);
+    QCOMPARE(own->text(), QStringLiteral("first"));
+    QCoreApplication::processEvents();
+    m_combo->setEditable(false);
+    m_combo->setEditable(true);
+    m_combo->setCurrentIndex(2);
+    QCOMPARE(m_combo->lineEdit()->text(), QStringLiteral("third"));
 }
 
 void tst_customcombox::destroyedWhileItsListIsOpen()

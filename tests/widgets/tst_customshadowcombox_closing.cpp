@@ -1,6 +1,8 @@
 #include "mouseevents.h"
 #include "shadowcombotesting.h"
 
+#include <QtTest/QSignalSpy>
+
 using namespace ShadowComboTesting;
 
 /// The ways in which the list closes, their signals, and what slots may do in them.
@@ -34,6 +36,11 @@ private Q_SLOTS:
     void anyKeyCloses_data();
     void anyKeyCloses();
     void movesOutsideAreReported();
+    void movesThatAreConsumedAreReported();
+    void listClosesWithWhatItBelongsTo_data();
+    void listClosesWithWhatItBelongsTo();
+    void destroyedWindowReportsNothing();
+    void listClosesWithAMinimisedWindow();
     void closedListReportsNothing();
     void eventsAreNeverConsumed();
     void reopenedByItsOwnReport();
@@ -301,6 +308,78 @@ void tst_CustomShadowComboxClosing::movesOutsideAreReported()
     QCOMPARE(log.take(), QStringList());
 }
 
+// Each delivered move counts, also where equal ones follow one another and another filter takes them away.
+void tst_CustomShadowComboxClosing::movesThatAreConsumedAreReported()
+{
+    class Consumer : public QObject
+    {
+        bool eventFilter(QObject *, QEvent *event) override { return event->type() == QEvent::MouseMove; }
+    };
+    Consumer consumer;
+    qApp->installEventFilter(&consumer);
+    makeWindow(); // its combo box asks before the consumer
+    SignalLog log(m_combo);
+    open();
+    const QPoint outside = m_window->mapToGlobal(QPoint(250, 20));
+    QCursor::setPos(outside);
+    QCoreApplication::processEvents();
+    log.moves.clear();
+    QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), outside, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    for (int count = 1; count <= 6; ++count) {
+        QCoreApplication::sendEvent(m_combo->popup(), &move);
+        QCOMPARE(log.moves, QVector<QPoint>(count, outside));
+    }
+}
+
+void tst_CustomShadowComboxClosing::listClosesWithWhatItBelongsTo_data()
+{
+    QTest::addColumn<QString>("by");
+    for (const char *by : {"hidden", "window hidden", "window closed"})
+        QTest::newRow(by) << QString::fromLatin1(by);
+}
+
+void tst_CustomShadowComboxClosing::listClosesWithWhatItBelongsTo()
+{
+    QFETCH(QString, by);
+    open();
+    SignalLog log(m_combo);
+    provoke(by);
+    QVERIFY(!m_combo->isOpen());
+    QCOMPARE(log.take(), kHiddenOnce);
+    QCoreApplication::processEvents();
+    QCOMPARE(log.take(), QStringList());
+
+    m_window->show();
+    m_combo->show();
+    QVERIFY(!m_combo->isOpen());
+    open();
+    QCOMPARE(log.take(), QStringList());
+}
+
+void tst_CustomShadowComboxClosing::destroyedWindowReportsNothing()
+{
+    open();
+    const QSignalSpy reports(m_combo, &Combo::signalPopWidHideWhenClickOtherPos);
+    const QPointer<QWidget> popup(m_combo->popup());
+    deleteWindow();
+    QVERIFY(!m_combo);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!popup);
+    QCOMPARE(reports.count(), 0);
+}
+
+// The window system hides what is in a minimised window: nobody's hide() is under way.
+void tst_CustomShadowComboxClosing::listClosesWithAMinimisedWindow()
+{
+    open();
+    const QSignalSpy reports(m_combo, &Combo::signalPopWidHideWhenClickOtherPos);
+    QHideEvent hidden;
+    QCoreApplication::sendEvent(m_combo, &hidden);
+    QVERIFY(!m_combo->isOpen());
+    QCOMPARE(reports.count(), 0);
+    QTRY_COMPARE(reports.count(), 1);
+}
+
 void tst_CustomShadowComboxClosing::closedListReportsNothing()
 {
     SignalLog log(m_combo);
@@ -455,6 +534,12 @@ void tst_CustomShadowComboxClosing::provoke(const QString &by)
         QVERIFY(QTest::qWaitForWindowActive(&m_other));
     } else if (by == QLatin1String("move")) {
         QTest::mouseMove(m_window->windowHandle(), outside);
+    } else if (by == QLatin1String("hidden")) {
+        m_combo->hide();
+    } else if (by == QLatin1String("window hidden")) {
+        m_window->hide();
+    } else if (by == QLatin1String("window closed")) {
+        m_window->close();
     } else {
         m_combo->hidePopup();
     }
@@ -479,8 +564,8 @@ void tst_CustomShadowComboxClosing::inEachSignal(const std::function<void()> &sl
 void tst_CustomShadowComboxClosing::destroyedInItsSignals_data()
 {
     QTest::addColumn<QString>("by");
-    for (const char *by :
-         {"row", "gray row", "outside press", "key", "deactivation", "another window", "move", "hidePopup"})
+    for (const char *by : {"row", "gray row", "outside press", "key", "deactivation", "another window",
+                           "move", "hidePopup", "hidden", "window hidden", "window closed"})
         QTest::newRow(by) << QString::fromLatin1(by);
 }
 

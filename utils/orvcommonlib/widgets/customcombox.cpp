@@ -1,5 +1,6 @@
 #include "customcombox.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QAbstractItemView>
@@ -59,17 +60,25 @@ void customcombox::hidePopup()
 
 bool customcombox::eventFilter(QObject *watched, QEvent *event)
 {
-    // Keeps the start of a long text in view, whatever has just happened to it.
-    if (lineEdit())
-        lineEdit()->setCursorPosition(0);
+    // Keeps the start of a long text in view, whatever has just happened to it. A line edit that is replaced
+    // goes while it is still the combo box's own, and sends its last events as a plain widget.
+    QLineEdit *edit = lineEdit();
+    if (edit == watched)
+        edit = qobject_cast<QLineEdit *>(watched);
+    if (edit)
+        edit->setCursorPosition(0);
 
     switch (event->type()) {
-    case QEvent::MouseButtonPress: {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: { // the second of two quick presses
         auto *mouseEvent = static_cast<QMouseEvent *>(event);
         if (mouseEvent->button() != Qt::LeftButton)
             return true;
-        if (watched == lineEdit() && !m_guardTimer->isActive() && isEnabled())
+        if (edit && edit == watched && !m_guardTimer->isActive() && isEnabled()) {
+            const QPointer<QObject> receiver(watched);
             pressArrow(mouseEvent);
+            return !receiver; // what a slot has destroyed cannot get its event any more
+        }
         break;
     }
     case QEvent::MouseButtonRelease:

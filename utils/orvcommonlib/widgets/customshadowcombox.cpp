@@ -243,7 +243,7 @@ void CustomShadowCombox::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
 }
 
-// Runs for every event of the application: what does not concern an open list must leave at once, above all
+// Runs for every event of the application, the list's own included: what does not concern an open list must leave at once, above all
 // before the pointer is asked for, which is a round trip to the server on some platforms.
 bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
 {
@@ -252,7 +252,7 @@ bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
     case QEvent::MouseMove:
     case QEvent::KeyPress:
     case QEvent::WindowDeactivate:
-        if (isPopupOpen() && !m_closing && !isSecondDelivery(watched, event)) {
+        if (isPopupOpen() && !m_closing) {
             const QPointer<QObject> receiver(watched);
             const QPointer<CustomShadowCombox> guard(this);
             ++m_eventDepth;
@@ -263,10 +263,29 @@ bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
             return !receiver;
         }
         break;
+    case QEvent::HideToParent: // the last event of a hide(): the widgets that it has hidden are free again
+        if (m_reportIsDue && watched->isWidgetType() && isHiddenWith(static_cast<QWidget *>(watched))) {
+            const QPointer<QObject> receiver(watched);
+            reportHiding();
+            return !receiver;
+        }
+        break;
     default:
         break;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+// A list does not outlive what it belongs to. Qt goes on using the widgets that it is hiding, which a slot may destroy:
+// what is to be told about it is told when hide() is done with them, or at the latest by the event loop.
+void CustomShadowCombox::hideEvent(QHideEvent *event)
+{
+    if (isPopupOpen() && !m_closing) {
+        closePopup();
+        m_reportIsDue = true;
+        QMetaObject::invokeMethod(this, &CustomShadowCombox::reportHiding, Qt::QueuedConnection);
+    }
+    QWidget::hideEvent(event);
 }
 
 void CustomShadowCombox::init()
@@ -316,7 +335,6 @@ void CustomShadowCombox::connectPopup(ShadowPopupWidget *popup)
             &CustomShadowCombox::slotCurrentIndexChanged);
     connect(m_popup, &ShadowPopupWidget::currentGrayIndexChanged, this,
             &CustomShadowCombox::slotCurrentGrayIndexChanged);
-    m_popup->installEventFilter(this);
     m_popup->hide();
 }
 
@@ -334,14 +352,17 @@ bool CustomShadowCombox::isOutside(QPoint globalPos) const
     return !rect().contains(pos) && !m_popup->geometry().contains(globalPos);
 }
 
-// The popup's own events come twice: through the filter on the application, then through that on the popup.
-bool CustomShadowCombox::isSecondDelivery(const QObject *watched, const QEvent *event)
+// A window that hides because it is being destroyed takes the combo box along, and nobody is told: it has left the
+// focus chain by then.
+bool CustomShadowCombox::isHiddenWith(const QWidget *hidden) const
 {
-    if (watched != m_popup)
-        return false;
-    const bool second = event == m_handledPopupEvent;
-    m_handledPopupEvent = second ? nullptr : event;
-    return second;
+    return (hidden == this || hidden->isAncestorOf(this)) && hidden->nextInFocusChain();
+}
+
+void CustomShadowCombox::reportHiding()
+{
+    if (std::exchange(m_reportIsDue, false))
+        Q_EMIT signalPopWidHideWhenClickOtherPos();
 }
 
 void CustomShadowCombox::handleWhileOpen(const QObject *watched, QEvent::Type type)

@@ -24,8 +24,8 @@ class ShadowPopupWidget;
 /// - a click on another row: the row becomes current, `currentIndexChanged()`, then the list hides;
 /// - a click on the current row: the list hides, nothing is emitted;
 /// - a click on a gray row: the list hides, then `currentGrayIndexChanged()`;
-/// - a press outside, a deactivation, a key press or `hidePopup()`: the list hides, then
-///   `signalPopWidHideWhenClickOtherPos()` once;
+/// - a press outside, a deactivation, a key press, `hidePopup()`, or a combo box or window that is hidden or
+///   closed: the list hides, then `signalPopWidHideWhenClickOtherPos()` once;
 /// - a click on the header while the list is open: the list hides, nothing is emitted;
 /// - `setCurrentIndex()` emits nothing.
 ///
@@ -103,6 +103,7 @@ protected:
     void showPopup();
 
     void resizeEvent(QResizeEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -117,7 +118,8 @@ private:
 
     bool isPopupOpen() const;
     bool isOutside(QPoint globalPos) const;
-    bool isSecondDelivery(const QObject *watched, const QEvent *event);
+    bool isHiddenWith(const QWidget *hidden) const;
+    void reportHiding();
     void handleWhileOpen(const QObject *watched, QEvent::Type type);
     void closePopup();
     void closePopupAndReport();
@@ -127,6 +129,6 @@ private:
     bool m_smallStyle = false;
     qint32 m_rowHeight = 0;
     bool m_closing = false;
-    const QEvent *m_handledPopupEvent = nullptr;
+    bool m_reportIsDue = false; // of a closing because the combo box was hidden
     int m_eventDepth = 0;
 };
