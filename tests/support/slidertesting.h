@@ -16,6 +16,11 @@
 /// events.
 namespace SliderTesting {
 
+/// By how many levels of a channel a painted skin may differ from the plain recipe: what rounding makes of drawing
+/// an image instead of the shapes that it shows.
+constexpr int kOfOpaque = 1;
+constexpr int kOfTranslucent = 2;
+
 /// Sends one mouse event past the pointer, with the buttons as they are after it. True if it was accepted.
 inline bool sendMouse(QWidget *widget, QEvent::Type type, QPoint pos, Qt::MouseButton button = Qt::LeftButton)
 {
@@ -104,7 +109,7 @@ bool paintsAfter(Widget *widget, Action action)
     return QTest::qWaitFor([widget, before] { return widget->paints > before; });
 }
 
-/// A skin of its own, in colours and shapes that no embedded one has.
+/// A skin of its own, in part translucent, in colours and shapes that no embedded one has.
 class SkinFolder
 {
 public:
@@ -115,7 +120,7 @@ public:
         write("groove_bidirection.svg", "<rect y='3' width='206' height='4' fill='#20c040'/>", 206, 10);
         write("groove_bidirection_disabled.svg", "<rect y='4' width='206' height='2' fill='#707070'/>", 206,
               10);
-        const char handle[] = "<circle cx='7' cy='7' r='6.5' fill='#fff0e0' stroke='#402010'/>";
+        const char handle[] = "<circle cx='7' cy='7' r='6' fill='#fff0e0' stroke='#402010' stroke-width='2'/>";
         write("handle.svg", handle, 14, 14);
         write("handle_disabled.svg", "<circle cx='7' cy='7' r='5' fill='#a0a0a0' opacity='0.5'/>", 14, 14);
         write("zero.svg", "<circle cx='2' cy='2' r='2' fill='#ff00ff'/>", 4, 4);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "skinrenderer.h"
+#include "skinpainter.h"
 #include "slidertravel.h"
 
 #include <QtCore/QPointer>
@@ -39,9 +39,9 @@ public:
     int half() const { return m_slider->m_handleSize.width() / 2; }
     /// Where the centre of the range lies.
     double zeroX() const;
-    /// The part of the groove's image that takes the colour. `shortening` is what it lacks at the handle on
+    /// The columns of the groove's image that take the colour. `shortening` is what it lacks at the handle on
     /// the positive side of a bidirectional slider.
-    QRectF valuePart(const QSize &pixels, double ratio, double shortening) const;
+    SkinPainter::Columns valueColumns(double ratio, double shortening) const;
 
 private:
     SliderTravel travel() const;
@@ -59,6 +59,7 @@ void HorizontalSliderLogic<Slider>::setUp(const QSize &size)
     m_slider->setCursor(Qt::PointingHandCursor);
     m_slider->setContentsMargins(0, 0, 0, 0);
     m_slider->setFixedSize(size);
+    SkinPainter::forgetFiles();
 }
 
 template<typename Slider>
@@ -206,18 +207,12 @@ double HorizontalSliderLogic<Slider>::zeroX() const
 }
 
 template<typename Slider>
-QRectF HorizontalSliderLogic<Slider>::valuePart(const QSize &pixels, double ratio, double shortening) const
+SkinPainter::Columns HorizontalSliderLogic<Slider>::valueColumns(double ratio, double shortening) const
 {
-    QRectF part(QPointF(0, 0), QSizeF(pixels));
     const double handleX = m_slider->m_handlePosition;
-    if (!m_slider->m_bidirectional) {
-        part.setRight(handleX * ratio);
-    } else if (m_slider->m_value >= travel().middle()) {
-        part.setLeft(zeroX() * ratio);
-        part.setRight((handleX - shortening) * ratio);
-    } else {
-        part.setLeft(handleX * ratio);
-        part.setRight(zeroX() * ratio);
-    }
-    return part;
+    if (!m_slider->m_bidirectional)
+        return {0, handleX * ratio};
+    if (m_slider->m_value >= travel().middle())
+        return {zeroX() * ratio, (handleX - shortening) * ratio};
+    return {handleX * ratio, zeroX() * ratio};
 }

@@ -1,11 +1,10 @@
 #include "customsliderbarwidget.h"
 
-#include "skinrenderer.h"
+#include "skinpainter.h"
 
 #include <QtCore/QDebug>
 #include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
-#include <QtGui/QPainter>
 
 #include <cmath>
 
@@ -42,6 +41,7 @@ CustomSliderBarWidget::CustomSliderBarWidget(QWidget *parent)
     setAttribute(Qt::WA_AcceptTouchEvents);
     setContentsMargins(0, 0, 0, 0);
     setFixedSize(kSize);
+    SkinPainter::forgetFiles();
 }
 
 CustomSliderBarWidget::~CustomSliderBarWidget()
@@ -144,36 +144,25 @@ qint64 CustomSliderBarWidget::fillX() const
 
 void CustomSliderBarWidget::paintEvent(QPaintEvent *)
 {
-    QPainter painter(this);
-    SkinRenderer::prepare(&painter);
-    paintBackground(&painter);
-    paintMarks(&painter);
-    SkinRenderer::paint(&painter, skinFile("select"), squareAt(fillX(), kKnobSide));
-}
-
-void CustomSliderBarWidget::paintBackground(QPainter *painter) const
-{
+    SkinPainter painter(this, m_skinPath);
     const qreal ratio = devicePixelRatioF();
-    const QSize pixels = SkinRenderer::pixelSize(area().size(), ratio);
     // The column that the fill reaches belongs to it.
-    const QRectF filled(0, 0, std::trunc(double(fillX()) * ratio) + 1, pixels.height());
-    painter->drawImage(area(),
-                       SkinRenderer::coloredImage(skinFile("background"), pixels, filled, kFillColor));
-}
-
-void CustomSliderBarWidget::paintMarks(QPainter *painter) const
-{
+    painter.paintColored(QStringLiteral("background.svg"), area(),
+                         SkinPainter::pixelSize(area().size(), ratio),
+                         {0, std::trunc(double(fillX()) * ratio) + 1}, QColor(kFillColor));
     const qint64 reached = qBound<qint64>(0, qint64(m_currentIndex) + 1, m_count);
-    paintMarks(painter, skinFile("item_active"), 0, reached);
-    paintMarks(painter, skinFile("item"), reached, m_count);
+    paintMarks(&painter, QStringLiteral("item_active.svg"), 0, reached);
+    paintMarks(&painter, QStringLiteral("item.svg"), reached, m_count);
+    painter.paint(QStringLiteral("select.svg"), squareAt(fillX(), kKnobSide));
 }
 
-void CustomSliderBarWidget::paintMarks(QPainter *painter, const QString &file, qint64 from, qint64 to) const
+void CustomSliderBarWidget::paintMarks(SkinPainter *painter, const QString &piece, qint64 from,
+                                       qint64 to) const
 {
     if (markDistance() == 0)
         to = qMin(to, from + kMostVisibleLayers);
     for (qint64 index = from; index < to; ++index)
-        SkinRenderer::paint(painter, file, squareAt(markX(index), kMarkSide));
+        painter->paint(piece, squareAt(markX(index), kMarkSide));
 }
 
 QRectF CustomSliderBarWidget::squareAt(qint64 centerX, int side) const
@@ -181,9 +170,4 @@ QRectF CustomSliderBarWidget::squareAt(qint64 centerX, int side) const
     QRectF square(0, 0, side, side);
     square.moveCenter(QPointF(qreal(centerX), height() / 2.0));
     return square;
-}
-
-QString CustomSliderBarWidget::skinFile(const char *piece) const
-{
-    return m_skinPath + QLatin1Char('/') + QLatin1String(piece) + QLatin1String(".svg");
 }

@@ -6,6 +6,8 @@
 #include <QtCore/QString>
 #include <QtWidgets/QWidget>
 
+class SkinPainter;
+
 /// A painted bar with a few steps, 117 x 12 pixels, that the user clicks or drags to; it tells the chosen
 /// step when the button is released.
 ///
@@ -55,10 +57,7 @@ private:
     qint64 markX(qint64 index) const;
     qint64 fillX() const;
     QRectF squareAt(qint64 centerX, int side) const;
-    QString skinFile(const char *piece) const;
-    void paintBackground(QPainter *painter) const;
-    void paintMarks(QPainter *painter) const;
-    void paintMarks(QPainter *painter, const QString &file, qint64 from, qint64 to) const;
+    void paintMarks(SkinPainter *painter, const QString &piece, qint64 from, qint64 to) const;
 
     int m_count = 2;
     int m_currentIndex = 0;

@@ -53,6 +53,7 @@ void HorizontalSlider::setValue(int val)
 void HorizontalSlider::setSkinPath(QString skinPath)
 {
     m_skinPath = std::move(skinPath);
+    SkinPainter::forgetFiles();
 }
 
 QString HorizontalSlider::getSkinPath() const
@@ -111,16 +112,14 @@ void HorizontalSlider::paintEvent(QPaintEvent *)
     const QRectF area = grooveArea();
     logic.layOut(area, area.width() - m_handleSize.width());
 
-    QPainter painter(this);
-    SkinRenderer::prepare(&painter);
+    SkinPainter painter(this, m_skinPath);
     const qreal ratio = devicePixelRatioF();
-    const QSize pixels = SkinRenderer::pixelSize(QSize(width(), m_grooveHeight), ratio);
-    painter.drawImage(area,
-                      SkinRenderer::coloredImage(QStringLiteral("%1/groove.svg").arg(m_skinPath), pixels,
-                                                 logic.valuePart(pixels, ratio, 0), m_valueColor));
-    SkinRenderer::paint(&painter, QStringLiteral("%1/handle.svg").arg(m_skinPath), logic.handleRect());
+    const QSize pixels = SkinPainter::pixelSize(QSize(width(), m_grooveHeight), ratio);
+    painter.paintColored(QStringLiteral("groove.svg"), area, pixels, logic.valueColumns(ratio, 0),
+                         m_valueColor);
+    painter.paint(QStringLiteral("handle.svg"), logic.handleRect());
     if (m_zeroFlag)
-        SkinRenderer::paint(&painter, QStringLiteral("%1/zero.svg").arg(m_skinPath), zeroRect());
+        painter.paint(QStringLiteral("zero.svg"), zeroRect());
 }
 
 void HorizontalSlider::mousePressEvent(QMouseEvent *event)

@@ -20,8 +20,8 @@ class HorizontalSliderLogic;
 /// there. A bidirectional slider colours from the centre of the range to the handle instead of from the left
 /// end.
 ///
-/// The looks are SVG files in a folder, the skin: "groove.svg", "handle.svg" and "zero.svg". Each is read
-/// once per process; one that is missing or broken paints nothing.
+/// The looks are SVG files in a folder, the skin: "groove.svg", "handle.svg" and "zero.svg". One that is
+/// missing or broken paints nothing.
 ///
 /// Lengths are device-independent pixels. To be used in the GUI thread only. Logs nothing. A slot of any of
 /// the signals may destroy the slider.
@@ -49,7 +49,8 @@ public:
     /// handle then stands outside.
     void setValue(int val);
 
-    /// The folder of the skin, ":/images/images/hslider/" at first. Shows at the next paint.
+    /// The folder of the skin, ":/images/images/hslider/" at first. Shows at the next paint; with the folder
+    /// that it is already, what has changed in there since shows then, in all sliders.
     void setSkinPath(QString skinPath);
     QString getSkinPath() const;
 

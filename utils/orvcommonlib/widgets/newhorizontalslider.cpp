@@ -38,6 +38,7 @@ void NewHorizontalSlider::setValue(int val)
 void NewHorizontalSlider::setSkinPath(QString skinPath)
 {
     m_skinPath = std::move(skinPath);
+    SkinPainter::forgetFiles();
 }
 
 QString NewHorizontalSlider::getSkinPath() const
@@ -76,28 +77,20 @@ void NewHorizontalSlider::updateValue()
     Logic(this).updateValue();
 }
 
-QString NewHorizontalSlider::skinFile(const QString &piece) const
-{
-    const QString suffix = m_sliderEnabled ? QStringLiteral(".svg") : QStringLiteral("_disabled.svg");
-    return m_skinPath + QLatin1Char('/') + piece + suffix;
-}
-
 void NewHorizontalSlider::paintEvent(QPaintEvent *)
 {
     Logic logic(this);
     const QRectF area(QPointF(0, 0), QSizeF(m_size));
     logic.layOut(area, area.width() - 2 * logic.half());
 
-    QPainter painter(this);
-    SkinRenderer::prepare(&painter);
+    SkinPainter painter(this, m_skinPath);
+    const QString suffix = m_sliderEnabled ? QStringLiteral(".svg") : QStringLiteral("_disabled.svg");
     const QString groove = m_bidirectional ? QStringLiteral("groove_bidirection") : QStringLiteral("groove");
     // On the positive side the colour deliberately ends where the handle begins; on the negative side it does
     // not.
-    const QRectF part = logic.valuePart(m_size, 1, logic.half());
-    painter.drawImage(area,
-                      SkinRenderer::coloredImage(skinFile(groove), m_size, part,
-                                                 m_sliderEnabled ? m_valueColor : m_disabledValueColor));
-    SkinRenderer::paint(&painter, skinFile(QStringLiteral("handle")), logic.handleRect());
+    painter.paintColored(groove + suffix, area, m_size, logic.valueColumns(1, logic.half()),
+                         m_sliderEnabled ? m_valueColor : m_disabledValueColor);
+    painter.paint(QStringLiteral("handle") + suffix, logic.handleRect());
 }
 
 void NewHorizontalSlider::mousePressEvent(QMouseEvent *event)

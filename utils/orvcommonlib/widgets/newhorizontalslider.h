@@ -20,9 +20,7 @@ class HorizontalSliderLogic;
 /// end.
 ///
 /// The looks are SVG files in a folder, the skin: "groove.svg" or "groove_bidirection.svg", "handle.svg", and
-/// each with
-/// "_disabled" before the suffix. Each is read once per process; one that is missing or broken paints
-/// nothing.
+/// each with "_disabled" before the suffix. One that is missing or broken paints nothing.
 ///
 /// Lengths are device-independent pixels. To be used in the GUI thread only. Logs nothing. A slot of any of
 /// the signals may destroy the slider.
@@ -48,7 +46,8 @@ public:
     /// handle then stands outside.
     void setValue(int val);
 
-    /// The folder of the skin, ":/images/images/hslider2/" at first. Shows at the next paint.
+    /// The folder of the skin, ":/images/images/hslider2/" at first. Shows at the next paint; with the folder
+    /// that it is already, what has changed in there since shows then, in all sliders.
     void setSkinPath(QString skinPath);
     QString getSkinPath() const;
 
@@ -89,8 +88,6 @@ protected:
 private:
     Q_DISABLE_COPY(NewHorizontalSlider)
     friend class HorizontalSliderLogic<NewHorizontalSlider>;
-
-    QString skinFile(const QString &piece) const;
 
     bool m_bidirectional;
     QString m_skinPath;
