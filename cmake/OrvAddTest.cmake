@@ -1,4 +1,4 @@
-# orv_add_test(<name> [SOURCE <file>] [INTERNAL | STANDALONE] [X11] [SERIAL] [SCALES <ratio>...] [LIBRARIES <target>...]
+# orv_add_test(<name> [SOURCE <file>] [INTERNAL | STANDALONE] [X11] [SERIAL] [POISONED] [SCALES <ratio>...] [LIBRARIES <target>...]
 #              [ENVIRONMENT <VAR=value>...])
 #
 # Builds the QtTest program <name> from <name>.cpp (or SOURCE) and registers it with CTest. It runs on the offscreen
@@ -6,9 +6,10 @@
 #   INTERNAL   links the library's objects instead of the library: for classes that are not exported
 #   STANDALONE links nothing of the library: for tests that load it themselves, from the file ORVCOMMONLIB_FILE
 #   SERIAL     never beside another test (for tests that count time or processes)
+#   POISONED   overwrites freed memory, so that uses of destroyed objects crash; sanitizers do that by themselves
 #   SCALES     runs once more for each device pixel ratio, as <name>@<ratio>
 function(orv_add_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL;STANDALONE;X11;SERIAL" "SOURCE" "SCALES;LIBRARIES;ENVIRONMENT")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNAL;STANDALONE;X11;SERIAL;POISONED" "SOURCE" "SCALES;LIBRARIES;ENVIRONMENT")
     if(NOT arg_SOURCE)
         set(arg_SOURCE ${name}.cpp)
     endif()
@@ -25,6 +26,10 @@ function(orv_add_test name)
     target_link_libraries(${name} PRIVATE orv_test_support Qt5::Test Qt5::Widgets ${arg_LIBRARIES})
     if(ORV_SANITIZERS MATCHES thread)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/threadsanitizer.cpp)
+    endif()
+    if(arg_POISONED AND NOT ORV_SANITIZERS)
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/poisonedmemory.cpp)
+        target_compile_definitions(${name} PRIVATE ORV_POISONED_MEMORY)
     endif()
     if(arg_INTERNAL)
         target_compile_definitions(${name} PRIVATE ORVCOMMONLIB_LIBRARY)

@@ -228,10 +228,15 @@ void CustomShadowCombox::showPopup()
     pos.rx() -= kShadowWidth;
     m_header->setIconState(above);
 
-    m_popup->move(pos);
-    m_popup->show();
-    m_popup->activateWindow();
-    m_popup->raise();
+    // A handler of the application may destroy the combo box on the way.
+    const QPointer<QWidget> popup(m_popup);
+    popup->move(pos);
+    if (popup)
+        popup->show();
+    if (popup)
+        popup->activateWindow();
+    if (popup)
+        popup->raise();
 }
 
 void CustomShadowCombox::resizeEvent(QResizeEvent *event)
