@@ -68,8 +68,8 @@ private Q_SLOTS:
     void slicesAgainOnlyWhenTheSizeChanges();
     void staysTransparentWhenTheImageIsMissing();
     void leavesStyleSheetsUnpainted();
-    void survivesAbsurdMeasures_data();
-    void survivesAbsurdMeasures();
+    void paintsItsRecipeWithAbsurdMeasures_data();
+    void paintsItsRecipeWithAbsurdMeasures();
 };
 
 void tst_BaseMoveDialogWithBackImage::isATranslucentMovableDialog_data()
@@ -221,7 +221,7 @@ void tst_BaseMoveDialogWithBackImage::leavesStyleSheetsUnpainted()
     QCOMPARE(differingPixels(renderWidget(&dialog), whiteRectangle(dialog, 8)), 0);
 }
 
-void tst_BaseMoveDialogWithBackImage::survivesAbsurdMeasures_data()
+void tst_BaseMoveDialogWithBackImage::paintsItsRecipeWithAbsurdMeasures_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<int>("border");
@@ -237,17 +237,26 @@ void tst_BaseMoveDialogWithBackImage::survivesAbsurdMeasures_data()
     }
 }
 
-void tst_BaseMoveDialogWithBackImage::survivesAbsurdMeasures()
+void tst_BaseMoveDialogWithBackImage::paintsItsRecipeWithAbsurdMeasures()
 {
     QFETCH(QString, path);
     QFETCH(int, border);
     QFETCH(QSize, size);
     BaseMoveDialogWithBackImage dialog(path, border, true, true, nullptr);
-    dialog.resize(size);
+    const auto recipe = [&] {
+        return path.isEmpty() ? whiteRectangle(dialog, border)
+                              : sliced(dialog, path, border, border, border, border);
+    };
     const LogCapture log; // Qt's own remarks on such sizes
-    renderWidget(&dialog);
+    dialog.resize(size);
+    QCOMPARE(dialog.size(), size);
+    QCOMPARE(differingPixels(renderWidget(&dialog), recipe()), 0);
     dialog.show();
     dialog.repaint();
+
+    // What it has kept of that does not spoil the next picture.
+    dialog.resize(kSize);
+    QCOMPARE(differingPixels(renderWidget(&dialog), recipe()), 0);
 }
 
 QTEST_MAIN(tst_BaseMoveDialogWithBackImage)

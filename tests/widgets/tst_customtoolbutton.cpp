@@ -587,8 +587,16 @@ void tst_CustomToolButton::destroyedPanelsAreForgotten()
     sendMouse(m_button, QEvent::MouseButtonPress, Qt::RightButton);
     sendMouse(m_button, QEvent::MouseButtonRelease, Qt::RightButton);
     sendHover(m_button, QEvent::HoverLeave);
+    const LogCapture log;
     m_button->adjustWidgetPosition();
-    QVERIFY(m_button->isEnabled());
+    QCOMPARE(log.texts(), QStringList()); // nothing was placed
+    QVERIFY(!m_button->clickWidget() && !m_button->rightClickWidget() && !m_button->hoverWidget());
+
+    // Others take their places.
+    auto *other = new Panel(m_window);
+    m_button->setClickWidget(other, false);
+    sendMouse(m_button, QEvent::MouseButtonRelease, Qt::LeftButton);
+    QVERIFY(other->isVisible());
 }
 
 void tst_CustomToolButton::panelDestroyedWhileItOpens()
@@ -690,10 +698,15 @@ void tst_CustomToolButton::nullPanels()
     newButton(true)->setClickWidget(nullptr, true);
     m_button->setRightClickWidget(nullptr, true);
     m_button->setHoverWidget(nullptr, true);
+    const LogCapture log;
     sendHover(m_button, QEvent::HoverEnter);
+    sendHover(m_button, QEvent::HoverLeave);
     QTest::mouseClick(m_button, Qt::RightButton);
+    m_button->showRightClickWidget();
     m_button->adjustWidgetPosition();
-    QVERIFY(m_button->findChild<QTimer *>());
+    QTRY_VERIFY(!m_button->findChild<QTimer *>()->isActive());
+    QCOMPARE(log.texts(), QStringList());
+    QVERIFY(!panel()->isVisible());
 }
 
 QTEST_MAIN(tst_CustomToolButton)

@@ -527,17 +527,23 @@ void tst_FramelessHelper::survivesRemovalInsideItsOwnActions()
         else
             m_window.reset();
     };
+    QRect result = kFrame;
     m_helper->setRubberBandOnMove(action == 4);
+    if (action == 4)
+        rubberBand();
     switch (action) {
     case 0:
+    case 4:
         m_window->show();
         m_window->onMove = strike;
         drag(kTitle, kMiddle);
+        result.translate(kMiddle - kTitle);
         break;
     case 1:
         m_window->show();
         m_window->onResize = strike;
         drag({299, 249}, {320, 260});
+        result.setBottomRight(at({320, 260}));
         break;
     case 2:
         m_window->onCursorChange = strike;
@@ -548,11 +554,6 @@ void tst_FramelessHelper::survivesRemovalInsideItsOwnActions()
         m_window->onCursorChange = strike;
         MouseEvents::hover(m_window.get(), at(kMiddle));
         break;
-    case 4:
-        m_window->show();
-        m_window->onMove = strike;
-        drag(kTitle, kMiddle);
-        break;
     default:
         m_window->setWindowFlags(m_window->windowFlags() | Qt::WindowStaysOnTopHint);
         m_window->show();
@@ -561,6 +562,17 @@ void tst_FramelessHelper::survivesRemovalInsideItsOwnActions()
         break;
     }
     QVERIFY(ran);
+    QVERIFY(rubberBands().isEmpty());
+    if (!m_window)
+        return;
+
+    // The action itself was done, and the widget is nobody's any more.
+    QCOMPARE(m_window->geometry(), result);
+    QVERIFY(!m_window->hasMouseTracking());
+    QVERIFY(!m_window->testAttribute(Qt::WA_Hover));
+    MouseEvents::press(m_window.get(), result.topLeft() + kTitle);
+    MouseEvents::move(m_window.get(), result.topLeft() + kMiddle);
+    QCOMPARE(m_window->geometry(), result);
 }
 
 // Qt offers an event that is not accepted to the parent, which it asks the receiver for.

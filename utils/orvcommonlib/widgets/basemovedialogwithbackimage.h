@@ -18,12 +18,21 @@ class ORVCOMMONLIB_EXPORT BaseMoveDialogWithBackImage : public BaseMoveDialog
 public:
     /// \param imagePath the image file, or an empty path for the white rectangle
     /// \param border    the width of all four borders of the nine-patch, in pixels of the image; also the
-    /// corner radius
-    ///                  of the white rectangle
-    /// \param canMove, asDialog, parent as for BaseMoveDialog
+    ///                  corner radius of the white rectangle
+    /// \param canMove   whether the user may drag the dialog
+    /// \param asDialog  whether the window is a Qt::Dialog; otherwise it keeps the plain flags of a widget
+    /// \param parent    the window that this one belongs to, or null
     BaseMoveDialogWithBackImage(QString imagePath, int border, bool canMove, bool asDialog, QWidget *parent);
 
-    /// The same with a width for each border; `top` is also the corner radius of the white rectangle.
+    /// The same with a width for each border of the nine-patch, in pixels of the image.
+    /// \param imagePath the image file, or an empty path for the white rectangle
+    /// \param left      the width of the left border
+    /// \param top       the height of the top border; also the corner radius of the white rectangle
+    /// \param right     the width of the right border
+    /// \param bottom    the height of the bottom border
+    /// \param canMove   whether the user may drag the dialog
+    /// \param asDialog  whether the window is a Qt::Dialog; otherwise it keeps the plain flags of a widget
+    /// \param parent    the window that this one belongs to, or null
     BaseMoveDialogWithBackImage(QString imagePath, int left, int top, int right, int bottom, bool canMove,
                                 bool asDialog, QWidget *parent);
     ~BaseMoveDialogWithBackImage() override;
