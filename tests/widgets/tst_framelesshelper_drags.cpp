@@ -12,6 +12,7 @@ private Q_SLOTS:
 
     void movesByTheTitleStrip_data();
     void movesByTheTitleStrip();
+    void movesAndResizesByMovesWithoutButtons();
     void movesWhereverTheMeasuresSay();
     void leavesTheWidgetAloneUnlessMovable();
     void leavesTheWidgetAloneAfterTheRelease();
@@ -66,6 +67,19 @@ void tst_FramelessHelper_drags::movesByTheTitleStrip()
         QCOMPARE(m_window->geometry(), moves ? kFrame.translated(by) : kFrame);
     }
     release(from);
+}
+
+// Whether the button is held is known from the press and the release alone; clients' tests rely on it.
+void tst_FramelessHelper_drags::movesAndResizesByMovesWithoutButtons()
+{
+    press(kTitle);
+    MouseEvents::move(m_window.get(), at(kTitle) + QPoint(4, 5), Qt::NoButton);
+    QCOMPARE(m_window->geometry(), kFrame.translated(4, 5));
+    MouseEvents::move(m_window.get(), at(kTitle), Qt::NoButton);
+    release(kTitle);
+    press({0, 130});
+    MouseEvents::move(m_window.get(), at({-20, 130}), Qt::NoButton);
+    QCOMPARE(m_window->geometry(), kFrame.adjusted(-20, 0, 0, 0));
 }
 
 void tst_FramelessHelper_drags::movesWhereverTheMeasuresSay()
