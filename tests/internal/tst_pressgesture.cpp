@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -299,6 +300,8 @@ private Q_SLOTS:
     void keepsItsEnd_data();
     void keepsItsEnd();
     void watchesWhileUnderWayOnly();
+    void leavesOtherFiltersTheirEvents_data();
+    void leavesOtherFiltersTheirEvents();
     void diesWithItsWidget();
     void mayBeDestroyedByTheLoss_data();
     void mayBeDestroyedByTheLoss();
@@ -433,6 +436,55 @@ void tst_pressgesture::watchesWhileUnderWayOnly()
     QCOMPARE(gesture.seen, 2);
     MouseEvents::move(&widget, {5, 5});
     QCOMPARE(gesture.seen, 2);
+}
+
+void tst_pressgesture::leavesOtherFiltersTheirEvents_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("after");
+    for (int before = 0; before < 3; ++before) {
+        for (int after = 0; after < 3; ++after)
+            QTest::addRow("%d gestures before, %d after", before, after) << before << after;
+    }
+}
+
+// The filters of an application change while they are being asked, when several gestures end in one event.
+void tst_pressgesture::leavesOtherFiltersTheirEvents()
+{
+    QFETCH(int, before);
+    QFETCH(int, after);
+    class HideCounter : public QObject
+    {
+    public:
+        bool eventFilter(QObject *receiver, QEvent *event) override
+        {
+            hides += receiver->isWidgetType() && event->type() == QEvent::Hide ? 1 : 0;
+            return false;
+        }
+        int hides = 0;
+    };
+    QWidget widget;
+    widget.show();
+    std::vector<std::unique_ptr<PressGesture>> gestures;
+    int announcements = 0;
+    const auto addGestures = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            const std::size_t index = gestures.size();
+            const bool announces = index % 2 == 1;
+            gestures.push_back(std::make_unique<PressGesture>(&widget, [&, index, announces] {
+                if (announces)
+                    gestures.at(index)->announce([&announcements] { ++announcements; });
+            }));
+            gestures.back()->begin();
+        }
+    };
+    addGestures(before);
+    HideCounter counter;
+    QCoreApplication::instance()->installEventFilter(&counter);
+    addGestures(after);
+    widget.hide();
+    QCOMPARE(counter.hides, 1);
+    QTRY_COMPARE(announcements, (before + after) / 2);
 }
 
 void tst_pressgesture::diesWithItsWidget()

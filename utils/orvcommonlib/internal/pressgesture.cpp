@@ -101,9 +101,11 @@ bool PressGesture::leavesTheWidgetAlone(QObject *receiver, QEvent *event) const
 void PressGesture::lose()
 {
     m_underWay = false;
-    watchWhileNeeded();
+    const QPointer<PressGesture> guard(this);
     if (const std::function<void()> lost = m_lost) // a copy, which outlives the gesture
         lost();
+    if (guard)
+        watchWhileNeeded();
 }
 
 bool PressGesture::announceNow()
