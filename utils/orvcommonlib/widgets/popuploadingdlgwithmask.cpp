@@ -1,13 +1,10 @@
 #include "popuploadingdlgwithmask.h"
 
 #include "accessiblecontent.h"
-#include "stylesheetpainting.h"
-
 #include <QtCore/QMargins>
 #include <QtGui/QMovie>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
-#include <QtGui/QPaintEvent>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
 
@@ -18,51 +15,10 @@ constexpr char kCaptionStyle[] =
     "QLabel \n{ \n background: transparent;font-size: 12px;\n font-weight: Normal; \n color: #666666; \n"
     " text-align: center; \n}";
 
-constexpr int kBoxRadius = 10;
 constexpr QMargins kBoxMargins(23, 12, 23, 17);
 constexpr int kBoxSpacing = 4;
 constexpr QSize kMovieSize(50, 50);
 constexpr int kCaptionHeight = 20;
-
-/// Shows the animation without having the box and the tint behind it painted anew for every frame.
-///
-/// It lies on the plain white of the box and can fill that in by itself, before its own background. It does
-/// so only where the result is the same to the pixel: away from the round corners of the box, and where its
-/// edges are edges of device pixels.
-class AnimationLabel : public QLabel
-{
-public:
-    explicit AnimationLabel(QWidget *box)
-        : QLabel(box)
-    {
-    }
-
-protected:
-    void paintEvent(QPaintEvent *event) override
-    {
-        const bool wasOpaque = testAttribute(Qt::WA_OpaquePaintEvent);
-        const bool isOpaque = liesOnPlainWhite();
-        if (wasOpaque) {
-            QPainter(this).fillRect(event->rect(), Qt::white);
-            paintStyleSheet(this);
-        }
-        if (wasOpaque != isOpaque) {
-            setAttribute(Qt::WA_OpaquePaintEvent, isOpaque);
-            update();
-        }
-        QLabel::paintEvent(event);
-    }
-
-private:
-    bool liesOnPlainWhite() const
-    {
-        const QRect box = parentWidget()->rect();
-        const qreal ratio = devicePixelRatioF();
-        return qFuzzyCompare(ratio, qreal(qRound(ratio))) &&
-               (box.adjusted(kBoxRadius, 0, -kBoxRadius, 0).contains(geometry()) ||
-                box.adjusted(0, kBoxRadius, 0, -kBoxRadius).contains(geometry()));
-    }
-};
 
 } // namespace
 
@@ -103,10 +59,11 @@ void PopupLoadingDlgWithMask::initWidget(QWidget *box)
     layout->setSpacing(kBoxSpacing);
     layout->addStretch();
 
-    m_movieLabel = new AnimationLabel(box);
+    m_movieLabel = new QLabel(box);
     m_movieLabel->setFixedSize(kMovieSize);
     m_movie = new QMovie(QStringLiteral(":/surface/resources/surface/live/connecting.gif"), QByteArray());
     m_movie->setScaledSize(m_movieLabel->size());
+    m_movie->setCacheMode(QMovie::CacheAll); // decoding costs more than all the painting of a frame
     m_movieLabel->setMovie(m_movie);
 
     auto *caption = new QLabel(box);

@@ -6,9 +6,9 @@
 #include <QtCore/QPointer>
 #include <QtCore/QSize>
 #include <QtCore/QString>
-#include <QtGui/QMovie>
 
 class QLabel;
+class QMovie;
 
 /// A busy indicator over an area: a faint grey tint with a white rounded box in its middle, which shows a
 /// spinner and one line of text.
