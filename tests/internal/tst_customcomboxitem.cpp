@@ -12,6 +12,8 @@
 
 #include <functional>
 
+#include <functional>
+
 using Make = std::function<CustomComboxItem *()>;
 Q_DECLARE_METATYPE(Make)
 
@@ -72,6 +74,8 @@ const QString kLongText =
 
 } // namespace
 
+Q_DECLARE_METATYPE(std::function<void(CustomComboxItem *)>)
+
 class tst_CustomComboxItem : public QObject
 {
     Q_OBJECT
@@ -87,6 +91,8 @@ private Q_SLOTS:
     void badgeIsOnlyForRowsThatStartGray_data();
     void badgeIsOnlyForRowsThatStartGray();
     void hoversWithThePointer();
+    void changesApplyAnUnchangedSheet_data();
+    void changesApplyAnUnchangedSheet();
     void paintsItsStyleSheet_data();
     void paintsItsStyleSheet();
     void elidesItsText();
@@ -306,6 +312,32 @@ void tst_CustomComboxItem::hoversWithThePointer()
     QCOMPARE(row.styleSheet(), rowSheet(true, 8));
     MouseEvents::leave(&row);
     QCOMPARE(row.styleSheet(), rowSheet(false, 8));
+}
+
+void tst_CustomComboxItem::changesApplyAnUnchangedSheet_data()
+{
+    QTest::addColumn<std::function<void(CustomComboxItem *)>>("change");
+    using Change = std::function<void(CustomComboxItem *)>;
+    QTest::newRow("checked") << Change([](CustomComboxItem *row) { row->setChecked(false); });
+    QTest::newRow("gray") << Change([](CustomComboxItem *row) { row->setGrayState(false); });
+    QTest::newRow("hovered") << Change([](CustomComboxItem *row) { row->setHovered(false); });
+    QTest::newRow("resized") << Change(
+        [](CustomComboxItem *row) { row->resize(row->width() + 1, row->height()); });
+}
+
+// What a sheet selects on may have changed since.
+void tst_CustomComboxItem::changesApplyAnUnchangedSheet()
+{
+    QFETCH(std::function<void(CustomComboxItem *)>, change);
+    QWidget list;
+    list.setStyleSheet(QStringLiteral("QWidget[current=true]{font-family:\"Loud\";}"));
+    auto *row = new CustomComboxItem(QStringLiteral("Row"), &list);
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    row->setProperty("current", true);
+    QVERIFY(row->font().family() != QLatin1String("Loud"));
+    change(row);
+    QCOMPARE(row->font().family(), QStringLiteral("Loud"));
 }
 
 void tst_CustomComboxItem::paintsItsStyleSheet_data()

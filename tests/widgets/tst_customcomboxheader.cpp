@@ -54,6 +54,8 @@ private Q_SLOTS:
     void onlyTheLeftButtonClicks();
     void secondPressDoesNotCount();
     void strayReleaseIsNoClick();
+    void lostPressIsNoClick_data();
+    void lostPressIsNoClick();
     void doubleClickIsTwoClicks();
     void letsEventsThrough();
     void destroyedByItsOwnClick();
@@ -281,6 +283,32 @@ void tst_CustomComboxHeader::strayReleaseIsNoClick()
     const QSignalSpy clicked(&header, &CustomComboxHeader::signalClicked);
     MouseEvents::release(&header, header.mapToGlobal(QPoint(0, 0)));
     QCOMPARE(clicked.count(), 0);
+}
+
+void tst_CustomComboxHeader::lostPressIsNoClick_data()
+{
+    QTest::addColumn<QEvent::Type>("end");
+    QTest::newRow("hidden") << QEvent::Hide;
+    QTest::newRow("closed") << QEvent::Close;
+    QTest::newRow("a modal window") << QEvent::WindowBlocked;
+    QTest::newRow("the mouse is taken") << QEvent::UngrabMouse;
+}
+
+void tst_CustomComboxHeader::lostPressIsNoClick()
+{
+    QFETCH(QEvent::Type, end);
+    CustomComboxHeader header(nullptr);
+    const QSignalSpy clicked(&header, &CustomComboxHeader::signalClicked);
+    const QPoint pos = header.mapToGlobal(QPoint(20, 20));
+    MouseEvents::press(&header, pos);
+    QEvent event(end);
+    QCoreApplication::sendEvent(&header, &event);
+    MouseEvents::release(&header, pos);
+    QCOMPARE(clicked.count(), 0);
+    // The next press starts afresh, where it is.
+    MouseEvents::press(&header, pos + QPoint(100, 0));
+    MouseEvents::release(&header, pos + QPoint(100, 0));
+    QCOMPARE(clicked.count(), 1);
 }
 
 void tst_CustomComboxHeader::doubleClickIsTwoClicks()

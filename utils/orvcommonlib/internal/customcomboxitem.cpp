@@ -76,12 +76,6 @@ public:
     Qt::Orientations expandingDirections() const override { return {}; }
 };
 
-void applySheet(QWidget *widget, const QString &sheet)
-{
-    if (widget->styleSheet() != sheet)
-        widget->setStyleSheet(sheet);
-}
-
 } // namespace
 
 CustomComboxItem::CustomComboxItem(QString text, QWidget *parent)
@@ -137,20 +131,20 @@ CustomComboxItem::CustomComboxItem(QString text, int fontSize, QWidget *parent)
 
 void CustomComboxItem::setChecked(bool checked)
 {
-    if (std::exchange(m_checked, checked) != checked)
-        updateStyle();
+    m_checked = checked;
+    updateStyle();
 }
 
 void CustomComboxItem::setGrayState(bool gray)
 {
-    if (std::exchange(m_gray, gray) != gray)
-        updateStyle();
+    m_gray = gray;
+    updateStyle();
 }
 
 void CustomComboxItem::setHovered(bool hovered)
 {
-    if (std::exchange(m_hovered, hovered) != hovered)
-        updateStyle();
+    m_hovered = hovered;
+    updateStyle();
 }
 
 void CustomComboxItem::setData(const QVariant &data)
@@ -203,13 +197,13 @@ void CustomComboxItem::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    m_pressed = true;
+    m_press.begin();
     m_pressPos = event->pos();
 }
 
 void CustomComboxItem::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton || !std::exchange(m_pressed, false))
+    if (event->button() != Qt::LeftButton || !m_press.end())
         return;
     m_releasePos = event->pos();
     if (!isClick(m_pressPos, m_releasePos))
@@ -237,12 +231,6 @@ void CustomComboxItem::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     updateStyle();
-}
-
-void CustomComboxItem::hideEvent(QHideEvent *event)
-{
-    m_pressed = false; // the release of a press that the list did not outlive never comes
-    QWidget::hideEvent(event);
 }
 
 void CustomComboxItem::paintEvent(QPaintEvent *event)
@@ -293,8 +281,11 @@ QLabel *CustomComboxItem::newImageLabel(QSize size)
 
 void CustomComboxItem::updateStyle()
 {
-    applySheet(this, rowStyle());
-    applySheet(m_textLabel, textStyle());
+    // The row's sheet is applied at each change, as what it selects on may have changed; with it that of the label, which
+    // lies in the row.
+    if (m_textLabel->styleSheet() != textStyle())
+        m_textLabel->setStyleSheet(textStyle());
+    setStyleSheet(rowStyle());
     updateLabels();
     elideText();
 }

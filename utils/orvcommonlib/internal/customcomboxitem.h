@@ -1,5 +1,7 @@
 #pragma once
 
+#include "pressgesture.h"
+
 #include <QtCore/QPoint>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
@@ -27,6 +29,7 @@ public:
     void setChecked(bool checked);
     /// A row that becomes gray only here has no badge: just its text turns gray.
     void setGrayState(bool gray);
+    bool isHovered() const { return m_hovered; }
     void setHovered(bool hovered);
 
     /// The full text; the label may show an elided copy.
@@ -53,7 +56,6 @@ protected:
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
@@ -73,7 +75,7 @@ private:
     QLabel *m_badgeLabel = nullptr;
     QPoint m_pressPos;
     QPoint m_releasePos;
-    bool m_pressed = false;
+    PressGesture m_press{this};
     bool m_small = false;
     QString m_text;
     QVariant m_data;

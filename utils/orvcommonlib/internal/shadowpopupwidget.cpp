@@ -193,8 +193,10 @@ void ShadowPopupWidget::hideEvent(QHideEvent *event)
 {
     BaseMoveDialogWithBackImage::hideEvent(event);
     // The pointer is gone without a leave event: no row stays highlighted for the next opening.
-    for (int row = 0; row < count(); ++row)
-        m_rows.at(row)->setHovered(false);
+    for (CustomComboxItem *row : qAsConst(m_rows)) {
+        if (row->isHovered())
+            row->setHovered(false);
+    }
 }
 
 // All rows are laid out anew whenever one of them changes its looks, unless that one's size is fixed.

@@ -1,6 +1,7 @@
 #include "customcomboxheader.h"
 
 #include "clickdetection.h"
+#include "pressgesture.h"
 #include "stylesheetpainting.h"
 
 #include <QtCore/QPointer>
@@ -45,14 +46,14 @@ QString smallDownArrowStyle()
 } // namespace
 
 CustomComboxHeader::CustomComboxHeader(QWidget *parent)
-    : QWidget(parent)
+    : CustomComboxHeader(false, parent)
 {
-    initUI();
 }
 
 CustomComboxHeader::CustomComboxHeader(bool isSmallStyle, QWidget *parent)
     : QWidget(parent)
     , m_smallStyle(isSmallStyle)
+    , m_press(std::make_unique<PressGesture>(this))
 {
     if (m_smallStyle)
         initSmallUIStyle();
@@ -70,11 +71,8 @@ void CustomComboxHeader::setText(QString text)
 
 void CustomComboxHeader::setIconState(bool isUp)
 {
-    if (!m_iconLabel)
-        return;
-    const QString style = isUp ? upArrowStyle() : downArrowStyle();
-    if (m_iconLabel->styleSheet() != style)
-        m_iconLabel->setStyleSheet(style);
+    if (m_iconLabel)
+        m_iconLabel->setStyleSheet(isUp ? upArrowStyle() : downArrowStyle());
 }
 
 void CustomComboxHeader::setCustomStyle(QString styleTemplate)
@@ -91,8 +89,8 @@ void CustomComboxHeader::setCustomTextStyle(QString style)
 
 void CustomComboxHeader::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && !m_pressed) {
-        m_pressed = true;
+    if (event->button() == Qt::LeftButton && !m_press->isUnderWay()) {
+        m_press->begin();
         m_pressPos = event->pos();
     }
     QWidget::mousePressEvent(event);
@@ -100,7 +98,7 @@ void CustomComboxHeader::mousePressEvent(QMouseEvent *event)
 
 void CustomComboxHeader::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (m_pressed) {
+    if (m_press->end()) {
         m_releasePos = event->pos();
         if (isClick(m_pressPos, m_releasePos)) {
             const QPointer<CustomComboxHeader> guard(this);
@@ -108,7 +106,6 @@ void CustomComboxHeader::mouseReleaseEvent(QMouseEvent *event)
             if (!guard)
                 return;
         }
-        m_pressed = false;
     }
     QWidget::mouseReleaseEvent(event);
 }

@@ -6,6 +6,9 @@
 #include <QtCore/QString>
 #include <QtWidgets/QWidget>
 
+#include <memory>
+
+class PressGesture;
 class QHBoxLayout;
 class QLabel;
 
@@ -57,5 +60,5 @@ private:
     bool m_smallStyle = false;
     QPoint m_pressPos;
     QPoint m_releasePos;
-    bool m_pressed = false;
+    std::unique_ptr<PressGesture> m_press;
 };

@@ -2,6 +2,7 @@
 
 #include "accessiblenotification.h"
 #include "clickdetection.h"
+#include "pressgesture.h"
 #include "stylesheetpainting.h"
 
 #include <QtCore/QPointer>
@@ -18,10 +19,11 @@ QString iconSheet(const QString &imagePath)
     return QStringLiteral("QLabel{background:transparent; border:none; image:url(%1);}").arg(imagePath);
 }
 
-// An empty sheet leaves the look alone.
-void applySheet(QWidget *widget, const QString &sheet, bool onlyIfChanged)
+// An empty sheet leaves the look alone. One that is in force already is applied again: what it selects on may have
+// changed.
+void applySheet(QWidget *widget, const QString &sheet)
 {
-    if (widget && !sheet.isEmpty() && !(onlyIfChanged && widget->styleSheet() == sheet))
+    if (!sheet.isEmpty())
         widget->setStyleSheet(sheet);
 }
 
@@ -33,6 +35,7 @@ CustomizeIconButton::CustomizeIconButton(QSize iconSize, QString text, int spaci
     , m_iconSize(iconSize)
     , m_text(std::move(text))
     , m_spacing(spacing)
+    , m_press(std::make_unique<PressGesture>(this, [this] { updateUI(); }))
 {
     initControls(isCenter);
 }
@@ -70,7 +73,7 @@ void CustomizeIconButton::enterEvent(QEvent *event)
 {
     if (m_enabled) {
         m_hovered = true;
-        updateState();
+        updateUI();
     }
     QWidget::enterEvent(event);
 }
@@ -79,7 +82,7 @@ void CustomizeIconButton::leaveEvent(QEvent *event)
 {
     if (m_enabled) {
         m_hovered = false;
-        updateState();
+        updateUI();
     }
     QWidget::leaveEvent(event);
 }
@@ -87,9 +90,9 @@ void CustomizeIconButton::leaveEvent(QEvent *event)
 void CustomizeIconButton::mousePressEvent(QMouseEvent *event)
 {
     if (m_enabled && event->button() == Qt::LeftButton) {
-        m_pressed = true;
+        m_press->begin();
         m_pressPos = event->pos();
-        updateState();
+        updateUI();
     }
     QWidget::mousePressEvent(event);
 }
@@ -97,8 +100,8 @@ void CustomizeIconButton::mousePressEvent(QMouseEvent *event)
 void CustomizeIconButton::mouseReleaseEvent(QMouseEvent *event)
 {
     if (m_enabled && event->button() == Qt::LeftButton) {
-        const bool wasPressed = std::exchange(m_pressed, false);
-        updateState();
+        const bool wasPressed = m_press->end();
+        updateUI();
         if (wasPressed && isClick(m_pressPos, event->pos())) {
             const QPointer<CustomizeIconButton> guard(this);
             Q_EMIT clicked();
@@ -143,22 +146,10 @@ void CustomizeIconButton::initControls(bool isCenter)
 
 void CustomizeIconButton::updateUI()
 {
-    applySheets(false);
-}
-
-// Between states a sheet that is in force already needs no second parsing. A setter applies it all the same:
-// what the sheet selects on may have changed.
-void CustomizeIconButton::updateState()
-{
-    applySheets(true);
-}
-
-void CustomizeIconButton::applySheets(bool onlyIfChanged)
-{
     const State now = state();
-    applySheet(this, m_overallSheets[now], onlyIfChanged);
-    applySheet(m_iconLabel, m_iconSheets[now], onlyIfChanged);
-    applySheet(m_textLabel, m_textSheets[now], onlyIfChanged);
+    applySheet(this, m_overallSheets[now]);
+    applySheet(m_iconLabel, m_iconSheets[now]);
+    applySheet(m_textLabel, m_textSheets[now]);
     update();
 }
 
@@ -166,7 +157,7 @@ CustomizeIconButton::State CustomizeIconButton::state() const
 {
     if (!m_enabled)
         return Disabled;
-    if (m_pressed)
+    if (m_press->isUnderWay())
         return Pressed;
     return m_hovered ? Hover : Normal;
 }

@@ -8,32 +8,42 @@
 #include <QtWidgets/QWidget>
 
 #include <array>
+#include <memory>
 
+class PressGesture;
 class QLabel;
 
 /// A light button of an icon and a text whose whole look is style sheets: one for the button, one for the
 /// icon and one for the text in each of the states normal, hover, pressed and disabled.
 ///
-/// An empty sheet leaves the one in force that was applied before. The object name is the client's to set,
-/// for sheets that select on it.
+/// An empty sheet leaves the one in force that was applied before. The object name is the client's to set, for sheets
+/// that select on it. Each change of state applies its sheets anew, so that they see what they select on as it is then.
 ///
-/// A click is a left press and its release within `QApplication::startDragDistance()`; `clicked()` is emitted
-/// after the look has gone back. GUI thread only.
+/// A click is a left press and its release within `QApplication::startDragDistance()`; `clicked()` is emitted after the
+/// look has gone back. A press whose release cannot come, because the button is hidden or a modal window opens, ends
+/// without a click. A slot may destroy the button. GUI thread only.
 class ORVCOMMONLIB_EXPORT CustomizeIconButton : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// `iconSize` and `spacing` (between icon and text) are in device-independent pixels. `isCenter` puts
-    /// expanding room on both sides.
+    /// \param iconSize the size of the icon, in device-independent pixels
+    /// \param text     the text beside the icon
+    /// \param spacing  the gap between icon and text, in device-independent pixels
+    /// \param parent   the owner; may be null
+    /// \param isCenter whether expanding room is put on both sides
     CustomizeIconButton(QSize iconSize, QString text, int spacing, QWidget *parent, bool isCenter);
     ~CustomizeIconButton() override;
 
-    /// Paths of the icon's pictures in the four states.
+    /// Sets the icon's pictures, each a file name or resource path. A path with a quote, a comma, a parenthesis or a
+    /// backslash does not work in a style sheet.
+    /// \param normal,hover,pressed,disabled the picture in each state
     void setIconImage(QString normal, QString hover, QString pressed, QString disabled);
-    /// Style sheets of the text label in the four states.
+    /// Sets the style sheets of the text label.
+    /// \param normal,hover,pressed,disabled the sheet in each state; an empty one leaves the look alone
     void setTextStyle(QString normal, QString hover, QString pressed, QString disabled);
-    /// Style sheets of the button itself in the four states. The spelling is the interface's.
+    /// Sets the style sheets of the button itself. The spelling is the interface's.
+    /// \param normal,hover,pressed,disabled the sheet in each state; an empty one leaves the look alone
     void setOveralStyle(QString normal, QString hover, QString pressed, QString disabled);
 
     QString text() const { return m_text; }
@@ -62,8 +72,6 @@ private:
 
     void initControls(bool isCenter);
     void updateUI();
-    void updateState();
-    void applySheets(bool onlyIfChanged);
     State state() const;
 
     QLabel *m_iconLabel = nullptr;
@@ -75,7 +83,7 @@ private:
     Sheets m_iconSheets;
     Sheets m_textSheets;
     bool m_hovered = false;
-    bool m_pressed = false;
+    std::unique_ptr<PressGesture> m_press;
     bool m_enabled = true;
     QPoint m_pressPos;
 };
