@@ -31,34 +31,36 @@ public:
         Closed = 2     ///< closed with the close button
     };
 
-    /// Builds the dialog with the fixed size `size`.
-    /// @param parent the owner; may be null
-    /// @param showCloseButton false hides the close button, and its place in the title row collapses
-    /// @param movable the user may drag the dialog
-    /// @param transparentBody the body gets a transparent background
-    /// @param modal see setModal()
-    /// @param translucentBackground what no style sheet paints is see-through
+    /// \param parent the owner; may be null
+    /// \param title the text of the title bar
+    /// \param size the fixed size of the dialog
+    /// \param showCloseButton false hides the close button, and its place in the title row collapses
+    /// \param movable the user may drag the dialog
+    /// \param transparentBody the body gets a transparent background
+    /// \param modal see setModal()
+    /// \param translucentBackground what no style sheet paints is see-through
     CommonPopupDialog(QWidget *parent, QString title, QSize size, bool showCloseButton, bool movable,
                       bool transparentBody, bool modal, bool translucentBackground);
     ~CommonPopupDialog() override;
 
     /// Shows the dialog and returns at once.
     void show();
-    /// Whether the dialog blocks input to every other window of the application, for show() and exec()
-    /// alike.
+    /// \param modal whether the dialog blocks input to every other window of the application, for show() and
+    ///        exec() alike
     void setModal(bool modal);
     /// Shows the dialog and blocks until it is hidden in any way, exitEventLoop() is called, the
     /// application quits or the dialog is destroyed. Logs one line before and one after the loop.
-    /// @return the result as it stands then: Closed once the close button has been pressed, NoResult
+    /// \return the result as it stands then: Closed once the close button has been pressed, NoResult
     ///        before. The result is deliberately not reset: after one press of the close button every later
     ///        run returns Closed, unless a subclass sets another value.
-    /// @note An exec() inside the exec() of the same dialog takes over the recorded loop: only the
+    /// \note An exec() inside the exec() of the same dialog takes over the recorded loop: only the
     ///        innermost one can then be ended through the dialog. The outer one ends when the dialog is
     ///        destroyed or the application quits.
     ExecResult exec();
     /// The text of the title label.
     QString title() const;
-    /// Sets the text of the title bar; the window title stays "CommonPopupDialog".
+    /// The window title stays "CommonPopupDialog".
+    /// \param title the text of the title bar
     void setTitle(QString title);
     /// Makes a running exec() return, without hiding the dialog. Nothing happens when none is running.
     void exitEventLoop();
@@ -71,13 +73,14 @@ Q_SIGNALS:
 protected:
     /// Hiding the native window ends a running exec(), too.
     bool event(QEvent *event) override;
+    /// Keeps title, rule and body in step, and the dialog at its new size.
     void resizeEvent(QResizeEvent *event) override;
     /// Hiding ends a running exec().
     void setVisible(bool visible) override;
 
     /// Hides the rule below the title row, for subclasses that separate title and body in their own way.
     void hideTitleLine();
-    /// Sets what exec() returns.
+    /// \param result what exec() returns from now on
     void setExecResult(ExecResult result);
 
 private:

@@ -24,27 +24,32 @@ class ORVCOMMONLIB_EXPORT CustomKeySequenceEdit : public QKeySequenceEdit
     Q_OBJECT
 
 public:
+    /// \param parent the owner; may be null
+    /// \param placeholder what an empty editor shows
     explicit CustomKeySequenceEdit(QWidget *parent = nullptr, QString placeholder = QString());
+    /// \param sequence the sequence to begin with
+    /// \param parent the owner; may be null
+    /// \param placeholder what an empty editor shows
     CustomKeySequenceEdit(const QKeySequence &sequence, QWidget *parent, QString placeholder);
     ~CustomKeySequenceEdit() override;
 
-    /// Sets the sequence; an empty one brings the constructor's placeholder back. `keySequenceChanged()` is
-    /// emitted by the base, when the sequence is a different one.
+    /// The base emits `keySequenceChanged()` when the sequence is a different one.
+    /// \param sequence the new sequence; an empty one brings the constructor's placeholder back
     void setKeySequence(const QKeySequence &sequence);
 
-    /// Sets the placeholder that shows now. The constructor's one stays stored and returns with the next
-    /// clearing.
+    /// \param text the placeholder that shows now. The constructor's one stays stored and returns with the
+    ///        next clearing.
     void setPlaceHolderText(const QString &text);
 
-    /// Fixes the size of the inner line edit, in device-independent pixels.
+    /// \param size the fixed size of the inner line edit, in device-independent pixels
     void setEditSize(QSize size);
 
-    /// Gives the inner line edit an object name of the client's own, for style sheets to select on. The other
-    /// setters go on finding it by that name.
+    /// Renames the inner line edit, for style sheets to select on. The other setters go on finding it.
+    /// \param name an object name of the client's own
     void setCustomObjectName(const QString &name);
 
-    /// True takes the context menu from the inner line edit; false does nothing, it does not bring the menu
-    /// back.
+    /// \param noMenu true takes the context menu from the inner line edit; false does nothing, it does not
+    ///        bring the menu back
     void setNoContextMenu(bool noMenu);
 
 public Q_SLOTS:

@@ -12,11 +12,13 @@ class ORVCOMMONLIB_EXPORT CustomPlainTextEdit : public QPlainTextEdit
     Q_OBJECT
 
 public:
+    /// \param parent the owner; may be null
     explicit CustomPlainTextEdit(QWidget *parent = nullptr);
     ~CustomPlainTextEdit() override;
 
-    /// Sets the room, in device-independent pixels, between the frame and the text on each side. Negative
-    /// margins are passed on as they are: the viewport then grows beyond the frame.
+    /// Sets the room, in device-independent pixels, between the frame and the text.
+    /// \param left,top,right,bottom the room on each side. Negative margins are passed on as they are: the
+    ///        viewport then grows beyond the frame.
     void adjustViewPortMargin(int left, int top, int right, int bottom);
 
 private:

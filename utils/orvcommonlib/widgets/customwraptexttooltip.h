@@ -23,23 +23,30 @@ public:
         DirectionBottom = 1, ///< arrow on the bottom edge near the right, pointing down
     };
 
-    /// One line, 30 high, with the arrow on the left.
+    /// The form that is 30 high, with the arrow on the left: room for one line. A longer text wraps, too, and
+    /// what does not fit into that height is cut off.
+    /// \param parent the owner; may be null
     explicit customWrapTextToolTip(QWidget *parent = nullptr);
 
-    /// Text of the fixed `width`, wrapped over as many lines as it takes. `rightMargin` is the room to the
-    /// right of the text in the form with the arrow at the bottom. A direction other than the two paints no
-    /// background.
+    /// The form of a fixed width, with a text over as many lines as it takes.
+    /// \param direction where the arrow is; a value other than the two paints no background
+    /// \param width the width of the text
+    /// \param parent the owner; may be null
+    /// \param rightMargin the room to the right of the text in the form with the arrow at the bottom
     customWrapTextToolTip(directionType direction, int width, QWidget *parent, int rightMargin);
     ~customWrapTextToolTip() override;
 
-    /// Sets the text and fits the window to it.
+    /// Fits the window to a new text.
+    /// \param text the text, which wraps
     void setText(const QString &text);
 
-    /// Shows `text` in a one-line tooltip whose top-left corner is at the global point `pos`. The tooltip
-    /// owns itself.
+    /// Shows a tooltip of the first form, which owns itself.
+    /// \param pos the global position of its top-left corner
+    /// \param text the text
     static void popup(QPoint pos, const QString &text);
 
 protected:
+    /// Closes the tooltip when it loses activation, which it watches as a filter of its own.
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

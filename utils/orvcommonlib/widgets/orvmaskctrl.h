@@ -19,23 +19,26 @@ class QWidget;
 class ORVCOMMONLIB_EXPORT OrvMaskCtrl : public QObject
 {
 public:
-    /// The one instance. The first call of the process creates it, with a mask over `parent` in the size that
-    /// `parent` has at that moment: the mask follows no later change of size. Later calls ignore `parent`, also
-    /// one from within the first, where the mask is still to come. After deleteInstance() the result is null
-    /// for good. Without a `parent`, and after it is gone, there is no mask: nothing is shown.
+    /// The one instance, which the first call of the process creates.
+    /// \param parent the window that the mask covers, in the size that it has at the first call: the mask
+    ///        follows no later change of size. Without one, and after it is gone, there is no mask: nothing is
+    ///        shown. Later calls ignore it, also one from within the first, where the mask is still to come.
+    /// \return null for good after deleteInstance()
     static OrvMaskCtrl *getInstance(QWidget *parent);
 
     /// Deletes the instance, as a step of shutting down. The mask label stays with its window, as it is.
     static void deleteInstance();
 
-    /// Registers `owner`, an opaque token; registering it again changes nothing. Raises and shows the mask.
+    /// Registers an owner, then raises and shows the mask.
+    /// \param owner an opaque token; registering it again changes nothing
     void showMasking(void *owner);
 
-    /// Removes `owner`, and hides the mask if no owner remains. A null `owner` hides the mask at once; the
-    /// owners stay registered, so that the next showMasking() shows it again.
+    /// Removes an owner, and hides the mask if none remains.
+    /// \param owner what was registered, anything else is ignored. Null hides the mask at once; the owners stay
+    ///        registered, so that the next showMasking() shows it again.
     void hideMasking(void *owner);
 
-    /// The mask label, owned by the window that it covers; null if there is no such window.
+    /// \return the mask label, owned by the window that it covers; null if there is no such window
     QWidget *getMaskWidget();
 
 private:

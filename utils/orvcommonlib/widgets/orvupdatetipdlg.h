@@ -25,14 +25,16 @@ class ORVCOMMONLIB_EXPORT OrvUpdateTipDlg : public BaseMoveDialogWithBackImage
     Q_DISABLE_COPY(OrvUpdateTipDlg)
 
 public:
-    /// @param size the fixed size of the dialog; the contents are 400 pixels wide inside the border
-    /// @param backgroundImage a file name or resource path of the nine-patch background; empty: a white
+    /// \param size the fixed size of the dialog; the contents are 400 pixels wide inside the border
+    /// \param backgroundImage a file name or resource path of the nine-patch background; empty: a white
     ///        rounded rectangle
-    /// @param border1,border2,border3,border4 the left, top, right and bottom borders of the image, which
+    /// \param border1,border2,border3,border4 the left, top, right and bottom borders of the image, which
     ///        the contents keep free
-    /// @param parent the owner; may be null
-    /// @param compactButtons buttons of 97 pixels under a text area of 66, in place of 116 and 52
-    /// @param showCancelButton false hides the white cancel button
+    /// \param parent the owner; may be null
+    /// \param confirmText the text of the blue button
+    /// \param cancelText the text of the white button
+    /// \param compactButtons buttons of 97 pixels under a text area of 66, in place of 116 and 52
+    /// \param showCancelButton false hides the white cancel button
     OrvUpdateTipDlg(QSize size, QString backgroundImage, int border1, int border2, int border3, int border4,
                     QWidget *parent, QString confirmText, QString cancelText, bool compactButtons,
                     bool showCancelButton);
@@ -40,10 +42,12 @@ public:
 
     /// The text of the title label.
     QString title() const;
+    /// \param title the text of the title row
     void setTitle(QString title);
-    /// Sets the grey text, which wraps.
+    /// \param content the grey text, which wraps
     void setContentTips(QString content);
-    /// Sets the blue line. An anchor in a rich text opens in the system's browser; no signal tells of that.
+    /// \param link the blue line. An anchor in a rich text opens in the system's browser; no signal tells of
+    ///        that.
     void setNewVersionLink(QString link);
 
 Q_SIGNALS:

@@ -21,7 +21,8 @@ class QVBoxLayout;
 /// button. While it is visible it can darken the main window with the mask of OrvMaskCtrl.
 ///
 /// It is shown with show(bool), exec() or execWithPos(); QWidget::show() is hidden on purpose, as it would
-/// leave the mask out. The user cannot drag it. The image
+/// leave the mask out. However it is hidden, and when it is destroyed, it lets go of the mask, also where
+/// somebody else has asked for the mask in its name. The user cannot drag it. The image
 /// ":/noviceguide/resources/newui/noviceguide/closebtn.png" of the close button belongs to the application,
 /// as the background image does; without them these parts stay transparent. GUI thread only. Sizes are in
 /// device-independent pixels.
@@ -39,25 +40,33 @@ public:
     };
 
     /// A message box with one wrapped text of at most two lines.
-    /// @param backgroundImage a file name or resource path; the image is stretched over the whole dialog
-    /// @param size the fixed size of the dialog, including the transparent border of the image
-    /// @param marginLeft,marginTop,marginRight,marginBottom the widths of that transparent border; the
+    /// \param backgroundImage a file name or resource path; the image is stretched over the whole dialog. The
+    ///        path becomes part of a style sheet, where one with a quote, a comma, a parenthesis, a percent
+    ///        sign or a backslash does not work: no image is shown then.
+    /// \param size the fixed size of the dialog, including the transparent border of the image
+    /// \param marginLeft,marginTop,marginRight,marginBottom the widths of that transparent border; the
     ///        contents keep 16 pixels more
-    /// @param useMask darken the main window while the dialog is visible
-    /// @param deleteOnClose the dialog deletes itself when it is closed; do not touch it after exec() has
+    /// \param title the text above the message
+    /// \param content the message
+    /// \param noteText a short text at the bottom left, such as "1/3"
+    /// \param confirmText the text of the confirm button
+    /// \param useMask darken the main window while the dialog is visible
+    /// \param deleteOnClose the dialog deletes itself when it is closed; do not touch it after exec() has
     ///        returned
-    /// @param dialogWindow kept for the base class; the window is a tool window either way
-    /// @param modal block input to every other window of the application
-    /// @param parent the owner, and the window to darken where no mask exists yet
+    /// \param dialogWindow kept for the base class; the window is a tool window either way
+    /// \param modal block input to every other window of the application
+    /// \param parent the owner, and the window to darken where no mask exists yet
     PopupDlgWithMask(QString backgroundImage, QSize size, int marginLeft, int marginTop, int marginRight,
                      int marginBottom, QString title, QString content, QString noteText, QString confirmText,
                      bool useMask, bool deleteOnClose, bool dialogWindow, bool modal, QWidget *parent);
 
     /// A message box with pages that turn by themselves every three seconds while it is visible.
     ///
-    /// The three lists hold one entry for each page: the path of a picture, a title and a one-line text.
-    /// Lists of unequal lengths give a dialog without pages. The lists are copied. The other arguments are
-    /// those of the first form.
+    /// The three lists hold one entry for each page. Lists of unequal lengths give a dialog without pages.
+    /// The lists are copied. The other arguments are those of the first form.
+    /// \param pageImages the paths of the pictures, under the same restrictions as `backgroundImage`
+    /// \param pageTitles the titles below the pictures
+    /// \param pageContents a one-line text for each page
     PopupDlgWithMask(QString backgroundImage, QSize size, int marginLeft, int marginTop, int marginRight,
                      int marginBottom, QString title, QVector<QString> &pageImages,
                      QVector<QString> &pageTitles, QVector<QString> &pageContents, QString noteText,
@@ -67,16 +76,17 @@ public:
 
     /// Shows the dialog, and the mask if it uses one, and blocks until it is hidden in any way, the
     /// application quits or the dialog is destroyed.
-    /// @return Confirmed or Closed after a press of that button. The result is deliberately not reset: a
+    /// \return Confirmed or Closed after a press of that button. The result is deliberately not reset: a
     ///        run that ends in another way returns what the run before returned, NoResult if there was
     ///        none.
-    /// @note An exec() inside a run of the same dialog takes over the recorded loop: only the innermost one
+    /// \note An exec() inside a run of the same dialog takes over the recorded loop: only the innermost one
     ///        can then be ended through the dialog. The outer one ends when the dialog is destroyed or the
     ///        application quits.
     ExecResult exec();
-    /// Like exec(), with the top-left corner at `pos` (global), to which the dialog moves once it is shown.
-    /// `pos` is only read.
-    /// @note Inside a run of the same dialog it returns at once. Each loop is deliberately left to the
+    /// Like exec(), at a given position, to which the dialog moves once it is shown.
+    /// \param pos the global position of the top-left corner; only read
+    /// \return as exec()
+    /// \note Inside a run of the same dialog it returns at once. Each loop is deliberately left to the
     ///        process when the run has ended; one that was ended by other means than the dialog is used
     ///        again.
     ExecResult execWithPos(QPoint &pos);
@@ -88,9 +98,11 @@ public:
 
     /// The text of the title label.
     QString title() const;
+    /// \param title the text above the message or the pages
     void setTitle(QString title);
-    /// Sets the message; a dialog with pages has none and ignores it.
+    /// \param content the message; a dialog with pages has none and ignores it
     void setContent(QString content);
+    /// \param text the text of the confirm button
     void setConfirmBtnText(QString text);
 
 Q_SIGNALS:

@@ -23,15 +23,16 @@ class ORVCOMMONLIB_EXPORT PopupLoadingDlgWithMask : public BaseMoveDialog
     Q_DISABLE_COPY(PopupLoadingDlgWithMask)
 
 public:
-    /// @param dialogSize the size of the area to cover
-    /// @param boxSize the size of the white box; a box larger than the dialog is clipped
-    /// @param text the caption, fixed for the life of the dialog
-    /// @param parent the owner; may be null
+    /// \param dialogSize the size of the area to cover
+    /// \param boxSize the size of the white box; a box larger than the dialog is clipped
+    /// \param text the caption, fixed for the life of the dialog
+    /// \param parent the owner; may be null
     PopupLoadingDlgWithMask(QSize dialogSize, QSize boxSize, QString text, QWidget *parent);
     /// Stops the animation. The movie itself is deliberately not deleted.
     ~PopupLoadingDlgWithMask() override;
 
 protected:
+    /// The tint, and what style sheets paint over it.
     void paintEvent(QPaintEvent *event) override;
     /// Starts the animation; it goes on while the dialog is hidden.
     void showEvent(QShowEvent *event) override;

@@ -28,12 +28,17 @@ class ORVCOMMONLIB_EXPORT TipsDlgWithCheckbox : public BaseMoveDialogWithBackIma
 
 public:
     /// A tip of one wrapped paragraph.
-    /// @param size the size of the visible part; the border of the background image adds 20 pixels to the
+    /// \param parent the owner; may be null
+    /// \param size the size of the visible part; the border of the background image adds 20 pixels to the
     ///        width and 23 to the height. The width is fixed, the height is kept between 210 and 648.
+    /// \param title the text above the paragraph
+    /// \param content the paragraph
+    /// \param checkboxText the text of the checkbox, which is not ticked at first
+    /// \param buttonText the text of the button
     TipsDlgWithCheckbox(QWidget *parent, QSize size, QString title, QString content, QString checkboxText,
                         QString buttonText);
-    /// A tip of three paragraphs and a warning. Any other number of `lines` than four leaves the content
-    /// empty.
+    /// A tip of three paragraphs and a warning. The other arguments are those of the first form.
+    /// \param lines the three paragraphs and the warning; any other number than four leaves the content empty
     TipsDlgWithCheckbox(QWidget *parent, QSize size, QString title, QVector<QString> lines,
                         QString checkboxText, QString buttonText);
     ~TipsDlgWithCheckbox() override;
@@ -44,11 +49,13 @@ public:
     /// Ends a running exec() and closes the dialog; no signal is emitted.
     void forceToExit();
     /// Ticks or unticks the checkbox; no signal is emitted.
+    /// \param checked whether it is ticked
     void setCheckboxState(bool checked);
     /// The text of the title label.
     QString title() const;
+    /// \param title the text above the paragraphs
     void setTitle(QString title);
-    /// Sets the paragraph; a dialog with three of them ignores it.
+    /// \param content the paragraph; a dialog with three of them ignores it
     void setContent(QString content);
 
 Q_SIGNALS:
@@ -57,8 +64,8 @@ Q_SIGNALS:
     /// The button was pressed; emitted after the dialog has been closed.
     void sig_BtnClicked();
     /// The button was pressed while the checkbox was ticked; emitted after the dialog has been closed and
-    /// before sig_BtnClicked(). Deliberately never emitted with false, nor when the box is ticked or
-    /// unticked.
+    /// before sig_BtnClicked().
+    /// \param checked deliberately always true; nothing is emitted when the box is ticked or unticked
     void sig_checkboxStateChanged(bool checked);
 
 protected:
