@@ -158,6 +158,21 @@ public:
         return result;
     }
 
+    /// As people write them: references stand apart, and no value refers to another.
+    QString rule()
+    {
+        const QString brace = below(3) == 0 ? QStringLiteral("@{%1}") : QStringLiteral("@%1");
+        return name() + QLatin1String(":") + brace.arg(name()) + QStringLiteral(";b\n");
+    }
+
+    QString tidyTheme()
+    {
+        QString result;
+        for (int keys = below(30); keys > 0; --keys)
+            result += name() + QLatin1Char('=') + (below(4) == 0 ? QString() : name()) + QLatin1Char('\n');
+        return result;
+    }
+
 private:
     QRandomGenerator m_random;
 };
@@ -198,13 +213,19 @@ private Q_SLOTS:
     void copiesOutliveTheOriginal();
     void resultStylesWidgets();
     void equalsThePlainRecipe();
-    void multiplyingValues();
+    void equalsThePlainRecipeForLongSheets();
+    void valuesMayEnlargeTheSheet();
+    void whatWouldGrowTooLongStays_data();
+    void whatWouldGrowTooLongStays();
+    void whatWouldGrowTooLongStaysInTheTheme();
+    void sheetsAddUpToTheLimit();
     void manyNamesThatBeginAlike();
     void largeSheetsAndThemes();
 
 private:
     QString file(const QByteArray &content);
     QString resolved(const QByteArray &theme, const QByteArray &sheet);
+    void compareToThePlainRecipe(quint32 seed, const QByteArray &theme, const QByteArray &sheet);
 
     QTemporaryDir m_folder;
     int m_files = 0;
@@ -282,6 +303,10 @@ void tst_orvresloader::resolvesReferences_data()
     row("joined in front", "a=x\nbx=2\n", "@b@a @bx", "x x");
     row("joined to a later reference", "a=x\nbx=7\nz=@zz\nzz=@b\n", "@z@a @bx", "7 7");
     row("joined braces", "b=1\n", "@z @{@zb} @{b}", " 1 1");
+    row("joined to a sign", "a=b\nb=1\n", "@@a @b", "1 1");
+    row("joined to a brace", "a=b\nb=1\n", "@{@a} @{b}", "1 1");
+    row("joined to letters", "a=x\nbcx=1\n", "@{bc@a} @{bcx}", "1 1");
+    row("letters in front", "a=x\n", "bc@a {bc@a @-bc@a @{z}bc@a", "bcx {bcx @-bcx bcx");
     row("empty sheet", "a=1\n", "", "");
     row("theme name is a value too", "ThemeName=Dark\n", "@ThemeName", "Dark");
 }
@@ -292,6 +317,9 @@ void tst_orvresloader::resolvesReferences()
     QFETCH(const QByteArray, sheet);
     QFETCH(const QString, expected);
     QCOMPARE(resolved(theme, sheet), expected);
+    // Long sheets are worked through in another way.
+    const QByteArray filler(10000, '\n');
+    QCOMPARE(resolved(theme, sheet + filler), expected + QString::fromLatin1(filler));
 }
 
 void tst_orvresloader::sectionsAreFlat()
@@ -492,6 +520,7 @@ void tst_orvresloader::themeValuesAreReadByQSettings_data()
     QTest::addColumn<QByteArray>("theme");
     QTest::addColumn<QString>("expected"); // of the sheet "@a"
     QTest::newRow("quoted") << QByteArray("a=\"rgb(1, 2, 3)\"\n") << QStringLiteral("rgb(1, 2, 3)");
+    QTest::newRow("quoted semicolon") << QByteArray("a=\"x;y\"\n") << QStringLiteral("x;y");
     QTest::newRow("a list has no text") << QByteArray("a=rgb(1, 2, 3)\n") << QString();
     QTest::newRow("comment") << QByteArray("; a=2\na=1 ; one\n") << QStringLiteral("1");
     QTest::newRow("Latin-1") << QByteArray("a=\xe9\n") << QString(QChar(0xe9));
@@ -563,6 +592,29 @@ void tst_orvresloader::resultStylesWidgets()
     QCOMPARE(label.font().pixelSize(), 17);
 }
 
+void tst_orvresloader::compareToThePlainRecipe(quint32 seed, const QByteArray &theme, const QByteArray &sheet)
+{
+    const QString themeFile = file(theme);
+    const QString sheetFile = file(sheet);
+
+    PlainLoader plain;
+    plain.loadThemeFile(themeFile);
+    const QString expected = plain.appendQssFile(sheetFile);
+
+    LogCapture log;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(themeFile);
+    const QString result = loader.loadQssFile(sheetFile);
+    QFile::remove(themeFile);
+    QFile::remove(sheetFile);
+    QVERIFY2(result == expected && log.texts() == plain.log(),
+             qPrintable(
+                 QStringLiteral("seed %1\ntheme:\n%2\nsheet: %3\nresult: %4\nplain:  %5\nlog: %6\nplain: %7")
+                     .arg(seed)
+                     .arg(QString::fromUtf8(theme), QString::fromUtf8(sheet), result, expected,
+                          log.texts().join(QLatin1Char(';')), plain.log().join(QLatin1Char(';')))));
+}
+
 void tst_orvresloader::equalsThePlainRecipe()
 {
 #ifdef Q_OS_WIN
@@ -571,49 +623,103 @@ void tst_orvresloader::equalsThePlainRecipe()
     constexpr quint32 kRounds = 4000;
 #endif
     const quint32 first = firstSeed();
-    for (quint32 seed = first; seed != first + kRounds; ++seed) {
+    for (quint32 seed = first; seed != first + kRounds && !QTest::currentTestFailed(); ++seed) {
         RandomText random(seed);
         const QByteArray theme = random.theme().toUtf8();
-        const QByteArray sheet = random.text(random.below(25)).toUtf8();
-        const QString themeFile = file(theme);
-        const QString sheetFile = file(sheet);
-
-        PlainLoader plain;
-        plain.loadThemeFile(themeFile);
-        const QString expected = plain.appendQssFile(sheetFile);
-
-        LogCapture log;
-        OrvResourceLoader loader;
-        loader.loadThemeFile(themeFile);
-        const QString result = loader.loadQssFile(sheetFile);
-        QFile::remove(themeFile);
-        QFile::remove(sheetFile);
-        if (result == expected && log.texts() == plain.log())
-            continue;
-        QFAIL(qPrintable(
-            QStringLiteral("seed %1\ntheme:\n%2\nsheet: %3\nresult: %4\nplain:  %5\nlog: %6\nplain: %7")
-                .arg(seed)
-                .arg(QString::fromUtf8(theme), QString::fromUtf8(sheet), result, expected,
-                     log.texts().join(QLatin1Char(';')), plain.log().join(QLatin1Char(';')))));
+        compareToThePlainRecipe(seed, theme, random.text(random.below(25)).toUtf8());
     }
 }
 
-void tst_orvresloader::multiplyingValues()
+void tst_orvresloader::equalsThePlainRecipeForLongSheets()
 {
-    // Ten times itself, ten times over: no memory holds that. The value stays what it is.
-    const QByteArray filler(1000, 'x');
-    const QByteArray value = ("@a;" + filler).repeated(10);
-    QCOMPARE(resolved("a=\"" + value + "\"\n", "@a"), QString::fromLatin1(value));
-    // Each name twice the next one, asked in an order in which every step finds all that the one before has
-    // made.
-    QByteArray theme;
-    QByteArray sheet;
-    for (int i = 10; i < 60; ++i) {
-        const QByteArray next = "@n" + QByteArray::number(i + 1) + '-' + filler;
-        theme += 'n' + QByteArray::number(i) + '=' + next + next + '\n';
-        sheet += "@n" + QByteArray::number(i) + ' ';
+#ifdef Q_OS_WIN
+    constexpr quint32 kRounds = 100;
+#else
+    constexpr quint32 kRounds = 400;
+#endif
+    const quint32 first = firstSeed();
+    for (quint32 seed = first; seed != first + kRounds && !QTest::currentTestFailed(); ++seed) {
+        RandomText random(seed);
+        // Seldom anything that a replacement could join to a new reference, else it is there every time.
+        const bool isTidy = random.below(4) != 0;
+        QByteArray sheet;
+        for (int rules = 100; rules > 0; --rules)
+            sheet += (isTidy && random.below(200) != 0 ? random.rule() : random.text(8)).toUtf8();
+        compareToThePlainRecipe(seed, isTidy ? random.tidyTheme().toUtf8() : random.theme().toUtf8(), sheet);
     }
-    QCOMPARE(resolved(theme, sheet), QString::fromLatin1(sheet));
+}
+
+namespace {
+
+constexpr int kMebi = 1024 * 1024;
+
+} // namespace
+
+void tst_orvresloader::valuesMayEnlargeTheSheet()
+{
+    // 24 times what the sheet itself holds, and more than 16 Mi characters.
+    const QByteArray value(kMebi, 'x');
+    const QString result = resolved("a=" + value + "\nb=@{a}@a\n", "@b;" + QByteArray("@a;").repeated(22));
+    QCOMPARE(result.size(), 24 * kMebi + 23);
+    QCOMPARE(result.count(QLatin1Char('x')), 24 * kMebi);
+}
+
+void tst_orvresloader::whatWouldGrowTooLongStays_data()
+{
+    QTest::addColumn<QByteArray>("sheet");
+    QTest::addColumn<QString>("expected");
+    // With a value of 1 Mi characters for "large".
+    const QByteArray many = QByteArray("@large ").repeated(300);
+    QTest::newRow("the others are replaced")
+        << "@small " + many + "@small" << QLatin1String("1 ") + QString::fromLatin1(many) + QLatin1Char('1');
+    QTest::newRow("one character too many") << QByteArray("@large").repeated(256) + '!'
+                                            << QStringLiteral("@large").repeated(256) + QLatin1Char('!');
+    QTest::newRow("joined to others") << "@small" + many << QLatin1Char('1') + QString::fromLatin1(many);
+}
+
+void tst_orvresloader::whatWouldGrowTooLongStays()
+{
+    QFETCH(const QByteArray, sheet);
+    QFETCH(const QString, expected);
+    OrvResourceLoader loader;
+    {
+        const LogCapture quiet;
+        loader.loadThemeFile(file("large=" + QByteArray(kMebi, 'x') + "\nsmall=1\n"));
+    }
+    LogCapture log;
+    QVERIFY(loader.loadQssFile(file(sheet)) == expected);
+    QCOMPARE(log.texts(), QStringList{QStringLiteral("\"large\" makes the text too long")});
+    const LogLine line = log.lines().constFirst();
+    QCOMPARE(line.type, QtWarningMsg);
+    QCOMPARE(line.category, QStringLiteral("default"));
+    QVERIFY(line.file.endsWith(QLatin1String("orvresloader.cpp")));
+    // The loader goes on.
+    QCOMPARE(loader.loadQssFile(file("@small")), QStringLiteral("1"));
+}
+
+void tst_orvresloader::whatWouldGrowTooLongStaysInTheTheme()
+{
+    // A thousand times itself, a thousand times over: no memory holds that.
+    const QByteArray value = QByteArray("@a;" + QByteArray(300, 'x')).repeated(1000);
+    LogCapture log;
+    OrvResourceLoader loader;
+    loader.loadThemeFile(file("a=\"" + value + "\"\nb=@c\nc=1\n"));
+    QCOMPARE(log.texts(), (QStringList{QStringLiteral("theme name: \"\""),
+                                       QStringLiteral("\"a\" makes the text too long")}));
+    QCOMPARE(loader.loadQssFile(file("@b")), QStringLiteral("1"));
+    QVERIFY(loader.loadQssFile(file("@a")) == QString::fromLatin1(value));
+}
+
+void tst_orvresloader::sheetsAddUpToTheLimit()
+{
+    OrvResourceLoader loader;
+    LogCapture log;
+    loader.loadThemeFile(file("large=" + QByteArray(16 * kMebi, 'x') + '\n'));
+    QCOMPARE(loader.loadQssFile(file("@large @large")).size(), 32 * kMebi + 1);
+    log.clear();
+    const QByteArray many = QByteArray("@large").repeated(14);
+    QVERIFY(loader.appendQssFile(file(many)).endsWith(QLatin1Char('x') + QString::fromLatin1(many)));
+    QCOMPARE(log.texts(), QStringList{QStringLiteral("\"large\" makes the text too long")});
 }
 
 void tst_orvresloader::manyNamesThatBeginAlike()

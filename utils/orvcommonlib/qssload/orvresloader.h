@@ -21,38 +21,52 @@ class QRegularExpression;
 /// image (`icon@2x.png`) too. A reference to a missing name, or to an empty value, becomes nothing; the info
 /// line <name> "not exist" tells.
 ///
-/// A text that would grow by more than 16 MiB is left as it is: values that multiply each other (a name that
-/// stands twice in its own value, say) would otherwise do so without end.
+/// Sheets and values may grow to 256 Mi characters. A value that would make one longer stays a reference
+/// there: values that multiply each other (a name that stands twice in its own value, say) would otherwise do
+/// so without end. The warning <name> "makes the text too long" tells.
 ///
 /// Loaders can be copied; each is used in one thread. The time to load grows with the sizes of theme and
 /// sheet, not with their product.
 class ORVCOMMONLIB_EXPORT OrvResourceLoader
 {
 public:
+    /// A loader without any values: every reference becomes nothing.
     OrvResourceLoader();
     OrvResourceLoader(const OrvResourceLoader &other);
     OrvResourceLoader &operator=(const OrvResourceLoader &other);
     ~OrvResourceLoader();
 
     /// Adds the values of a theme file to those already known, replacing values of the same name, and
-    /// resolves the references between them. Always true: a file that is missing or is no INI file adds
-    /// nothing.
+    /// resolves the references between them.
     ///
     /// Sections only arrange the file: the name of a value is its key without the section. A key of a section
     /// wins over one outside of any section, and a later section, as QSettings lists them, over an earlier
     /// one. The text encoding is the one in which QSettings reads INI files by default.
     ///
+    /// A value with a comma needs quotes, as in `shade="rgba(0, 0, 0, 0.1)"`: without them QSettings reads a
+    /// list, which counts as an empty value. One with a semicolon needs them, too: it begins a comment.
+    ///
     /// Values are resolved once, in the order of their names: a value that refers to a name further back in
     /// that order receives that name's value as it stands in the file, references included. The info line
     /// "theme name:" tells the value of the key "ThemeName".
+    ///
+    /// \param fileName path of an INI file, in the file system or among the resources
+    /// \return always true, deliberately: a file that is missing, cannot be read or is no INI file adds
+    ///         nothing, and only the empty name in the info line tells
     bool loadThemeFile(const QString &fileName) { return initConfigFile(fileName); }
 
-    /// Starts anew with this style sheet, and returns it with its references replaced. A file that cannot be
-    /// opened counts as an empty sheet; a warning tells why.
+    /// Starts anew with a style sheet. A file that cannot be opened counts as an empty one; a warning tells
+    /// why.
+    ///
+    /// \param fileName path of a UTF-8 text, in the file system or among the resources
+    /// \return the sheet with its references replaced
     QString loadQssFile(QString fileName);
 
-    /// Adds this style sheet to those loaded since the last loadQssFile(), and returns all of them together.
-    /// A file that cannot be opened adds nothing; a warning tells why.
+    /// Adds a style sheet to those loaded since the last loadQssFile(). A file that cannot be opened adds
+    /// nothing; a warning tells why.
+    ///
+    /// \param fileName path of a UTF-8 text, in the file system or among the resources
+    /// \return all of these sheets together, with their references replaced
     QString appendQssFile(QString fileName);
 
 private:
@@ -62,7 +76,7 @@ private:
     void applyThemeValue(QString &text) const;
 
     QStringList referencesIn(const QString &text) const;
-    void replaceReferences(QString &text, const QStringList &references) const;
+    void replaceReferences(QString &text, QStringList references) const;
 
     QMap<QString, QString> m_themeValues;         ///< by bare name, without "@" and braces
     const QRegularExpression *m_referencePattern; ///< shared by all copies and never deleted
