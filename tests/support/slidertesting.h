@@ -88,15 +88,21 @@ protected:
     }
 };
 
-/// Shows a widget and waits until it has nothing left to paint.
+/// Shows a widget, by itself or in a window, and waits until it has nothing left to paint.
+template<typename Widget>
+bool showPainted(Widget *widget, QWidget *window)
+{
+    window->show();
+    const bool shown =
+        QTest::qWaitForWindowExposed(window) && QTest::qWaitFor([widget] { return widget->paints > 0; });
+    QCoreApplication::processEvents();
+    return shown;
+}
+
 template<typename Widget>
 bool showPainted(Widget *widget)
 {
-    widget->show();
-    const bool shown =
-        QTest::qWaitForWindowExposed(widget) && QTest::qWaitFor([widget] { return widget->paints > 0; });
-    QCoreApplication::processEvents();
-    return shown;
+    return showPainted(widget, widget);
 }
 
 /// True if the action makes a widget that is shown paint itself again.
@@ -120,7 +126,8 @@ public:
         write("groove_bidirection.svg", "<rect y='3' width='206' height='4' fill='#20c040'/>", 206, 10);
         write("groove_bidirection_disabled.svg", "<rect y='4' width='206' height='2' fill='#707070'/>", 206,
               10);
-        const char handle[] = "<circle cx='7' cy='7' r='6' fill='#fff0e0' stroke='#402010' stroke-width='2'/>";
+        const char handle[] =
+            "<circle cx='7' cy='7' r='6' fill='#fff0e0' stroke='#402010' stroke-width='2'/>";
         write("handle.svg", handle, 14, 14);
         write("handle_disabled.svg", "<circle cx='7' cy='7' r='5' fill='#a0a0a0' opacity='0.5'/>", 14, 14);
         write("zero.svg", "<circle cx='2' cy='2' r='2' fill='#ff00ff'/>", 4, 4);

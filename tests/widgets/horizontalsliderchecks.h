@@ -1,12 +1,17 @@
 #pragma once
 
 #include "logcapture.h"
+#include "lostpresses.h"
+#include "memoryresource.h"
+#include "pictures.h"
 #include "slidertesting.h"
 
 #include <QtCore/QScopedPointer>
 #include <QtCore/QStringList>
+#include <QtCore/QTimer>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QDialog>
 
 #include <functional>
 #include <limits>
@@ -395,6 +400,166 @@ void checkDestroyedInSlots(const std::function<Slider *()> &make, const Measures
     QObject::connect(slider.data(), &Slider::valueChanged, qApp, [&] { delete slider.data(); });
     slider->setValue(1);
     QVERIFY(!slider);
+}
+
+/// A press whose release never comes. `slider` lies in a window; `loss` takes the release.
+template<typename Slider>
+void checkLostPress(Slider *slider, const Measures &measures, const Loss &loss)
+{
+    using namespace SliderTesting;
+    QVERIFY(showPainted(slider, slider->window()));
+    prepare(slider, measures);
+    Recorder<Slider> recorder(slider);
+    const auto lose = [&] {
+        loss(slider);
+        QCoreApplication::processEvents();
+    };
+    // A press on the handle, of which nothing was told.
+    press(slider, measures.at(0));
+    lose();
+    QCOMPARE(recorder.taken(), QString());
+    move(slider, measures.at(20));
+    release(slider, measures.at(20));
+    QCOMPARE(recorder.taken(), QString());
+
+    // A drag, which is told to have ended.
+    press(slider, measures.at(0));
+    move(slider, measures.at(30));
+    QCOMPARE(recorder.taken(), text("moving 1, changed 30, moved 30"));
+    QVERIFY(paintsAfter(slider, [&] { lose(); }));
+    QCOMPARE(recorder.taken(), text("moving 0"));
+    move(slider, measures.at(40));
+    release(slider, measures.at(40));
+    QCOMPARE(recorder.taken(), QString());
+    QCOMPARE(slider->value(), 30);
+
+    // The handle goes with the value again.
+    slider->setValue(70);
+    painted(slider);
+    press(slider, measures.at(70));
+    move(slider, measures.at(71));
+    release(slider, measures.at(71));
+    QCOMPARE(recorder.taken(), text("changed 70, moving 1, changed 71, moved 71, moving 0"));
+
+    // A press on the groove is no click; the next one is.
+    press(slider, measures.at(10));
+    lose();
+    release(slider, measures.at(10));
+    QCOMPARE(recorder.taken(), QString());
+    click(slider, measures.at(10));
+    QCOMPARE(recorder.taken(), text("changed 10"));
+}
+
+/// A slot of each signal of a drag opens a modal dialog.
+template<typename Slider>
+void checkDialogInASlot(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    QVERIFY(showPainted(slider, slider->window()));
+    prepare(slider, measures);
+    const auto openDialog = [] {
+        QDialog dialog;
+        QTimer::singleShot(0, &dialog, &QDialog::reject);
+        dialog.exec();
+    };
+    const struct
+    {
+        std::function<QMetaObject::Connection(QObject *)> connect;
+        const char *told;
+    } rows[] = {{[&](QObject *context) {
+                     return QObject::connect(slider, &Slider::sliderMoving, context, [=](bool moving) {
+                         if (moving)
+                             openDialog();
+                     });
+                 },
+                 "moving 1, moving 0"},
+                {[&](QObject *context) {
+                     return QObject::connect(slider, &Slider::valueChanged, context, openDialog);
+                 },
+                 "moving 1, changed 30, moving 0"},
+                {[&](QObject *context) {
+                     return QObject::connect(slider, &Slider::sliderMoved, context, openDialog);
+                 },
+                 "moving 1, changed 30, moved 30, moving 0"}};
+    Recorder<Slider> recorder(slider);
+    const auto restart = [&] {
+        slider->setValue(0);
+        painted(slider);
+        recorder.taken();
+        press(slider, measures.at(0));
+    };
+    for (const auto &row : rows) {
+        QObject context;
+        restart();
+        row.connect(&context);
+        move(slider, measures.at(30));
+        QCoreApplication::processEvents();
+        move(slider, measures.at(40));
+        release(slider, measures.at(40));
+        QCOMPARE(recorder.taken(), text(row.told));
+    }
+    // At the release the drag has its end already.
+    restart();
+    move(slider, measures.at(30));
+    recorder.taken();
+    QObject context;
+    QObject::connect(slider, &Slider::valueChanged, &context, openDialog);
+    release(slider, measures.at(31));
+    QCoreApplication::processEvents();
+    QCOMPARE(recorder.taken(), text("changed 31, moved 31, moving 0"));
+}
+
+/// The slider goes when it is told that its drag was lost.
+template<typename Slider>
+void checkDestroyedByALoss(Slider *slider, const Measures &measures)
+{
+    using namespace SliderTesting;
+    QVERIFY(showPainted(slider, slider->window()));
+    prepare(slider, measures);
+    const QPointer<Slider> guard(slider);
+    press(slider, measures.at(0));
+    move(slider, measures.at(30));
+    QObject::connect(slider, &Slider::sliderMoving, qApp, [=] { delete slider; });
+    slider->hide();
+    QVERIFY(!guard);
+}
+
+/// What lies in a skin's folder is seen when the skin is set, be it the same folder, and in new sliders.
+template<typename Slider>
+void checkSkinIsWhatLiesThereNow(const std::function<Slider *()> &make)
+{
+    using namespace SliderTesting;
+    const QScopedPointer<Slider> slider(make());
+    const auto handleColor = [](Slider *shown) {
+        const qreal ratio = shown->devicePixelRatioF();
+        return painted(shown, Qt::white).pixelColor(int(4 * ratio), int(4 * ratio));
+    };
+    const auto handle = [](const QColor &color) {
+        return QByteArray("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9'><rect width='9' "
+                          "height='9' fill='") +
+               color.name().toLatin1() + "'/></svg>";
+    };
+    SkinFolder folder;
+    const QString resourceFolder = QStringLiteral(":/client/skin/");
+    for (const QColor &color : {QColor(Qt::red), QColor(Qt::blue), QColor(Qt::red)}) {
+        folder.writeRaw("handle.svg", handle(color));
+        const MemoryResource resource(QStringLiteral("/client/skin"),
+                                      {{QStringLiteral("handle.svg"), handle(color)}});
+        for (const QString &path : {folder.path(), resourceFolder}) {
+            slider->setSkinPath(path);
+            QCOMPARE(handleColor(slider.data()), color);
+        }
+        QCOMPARE(slider->getSkinPath(), resourceFolder);
+    }
+    slider->setSkinPath(resourceFolder);
+    QCOMPARE(handleColor(slider.data()), QColor(Qt::white));
+
+    // Another slider is enough.
+    slider->setSkinPath(folder.path());
+    QCOMPARE(handleColor(slider.data()), QColor(Qt::red));
+    folder.writeRaw("handle.svg", handle(Qt::green));
+    const QScopedPointer<Slider> other(make());
+    QCOMPARE(handleColor(slider.data()), QColor(Qt::green));
 }
 
 /// Ranges that make no sense: nothing crashes, and the pointer changes no value.

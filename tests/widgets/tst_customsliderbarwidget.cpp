@@ -1,5 +1,6 @@
 #include "customsliderbarwidget.h"
 #include "logcapture.h"
+#include "lostpresses.h"
 #include "pictures.h"
 #include "slidertesting.h"
 
@@ -88,6 +89,8 @@ class tst_customsliderbarwidget : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void moveBeforeAnyPressOfTheProcess(); // the first of all
+
     void startsAsDocumented();
     void countIsAtLeastTwo();
     void currentIndexIsNotChecked();
@@ -111,9 +114,19 @@ private Q_SLOTS:
     void destroyedWhilePressedEndsTheDrag();
     void destroyedBesideThePressedOneKeepsTheDrag();
     void destroyedInItsSlot();
+    void lostPressEndsForAllBars_data();
+    void lostPressEndsForAllBars();
+    void lossOfAFollowingBarIsItsOwn();
     void eventsGoOnToTheBase();
     void touchComesAsMouse();
 };
+
+void tst_customsliderbarwidget::moveBeforeAnyPressOfTheProcess()
+{
+    CustomSliderBarWidget bar;
+    move(&bar, QPoint(100, 6));
+    QCOMPARE(bar.getCurrentIndex(), 0);
+}
 
 void tst_customsliderbarwidget::startsAsDocumented()
 {
@@ -253,25 +266,38 @@ void tst_customsliderbarwidget::moreStepsThanPixels()
     }
 }
 
+// Steps far beside the bar are not there, and where steps have no width the pointer finds none.
 void tst_customsliderbarwidget::absurdNumbers()
 {
     CustomSliderBarWidget bar;
+    const LogCapture log;
     for (const int count : {2, 3, 1000, kHighest}) {
         bar.setCount(count);
-        for (const int index : {kHighest, kLowest, 1000000, -1000000, 3}) {
+        bar.setCurrenIndex(-1);
+        const QImage nothingReached = painted(&bar);
+        for (const int index : {kLowest, -1000000}) {
             bar.setCurrenIndex(index);
-            painted(&bar);
+            QCOMPARE(painted(&bar), nothingReached);
+        }
+        bar.setCurrenIndex(1000000);
+        const QImage allReached = painted(&bar);
+        for (const int index : {1000000, kHighest}) {
+            bar.setCurrenIndex(index);
+            QCOMPARE(painted(&bar), allReached);
             click(&bar, QPoint(60, 6));
-            painted(&bar);
+            QCOMPARE(bar.getCurrentIndex(), count < 1000 ? 1 : index);
         }
     }
-    for (const QSize &size : {QSize(0, 0), QSize(1, 1), QSize(7, 500), QSize(20000, 2)}) {
+    for (const QSize &size : {QSize(1, 1), QSize(7, 500), QSize(20000, 2)}) {
         bar.setFixedSize(size);
         bar.setCount(3);
         painted(&bar);
+        bar.setCurrenIndex(0);
         click(&bar, QPoint(1, 1));
+        QCOMPARE(bar.getCurrentIndex(), searchedIndex(1, size.width(), 3, 0));
         painted(&bar);
     }
+    QCOMPARE(log.texts(), QStringList());
 }
 
 void tst_customsliderbarwidget::everyPixelOfEveryCount()
@@ -429,6 +455,56 @@ void tst_customsliderbarwidget::destroyedInItsSlot()
     press(bar, QPoint(8, 6));
     release(bar, QPoint(8, 6));
     QVERIFY(!bar);
+}
+
+void tst_customsliderbarwidget::lostPressEndsForAllBars_data()
+{
+    LostPresses::addRows();
+}
+
+// Whatever the button: a right press may be lost to a context menu.
+void tst_customsliderbarwidget::lostPressEndsForAllBars()
+{
+    QFETCH(Loss, loss);
+    QWidget window;
+    Bar bar(&window);
+    CustomSliderBarWidget other;
+    QVERIFY(showPainted(&bar, &window));
+    const QSignalSpy spy(&bar, &CustomSliderBarWidget::selectFinish);
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        bar.setCurrenIndex(0);
+        press(&bar, QPoint(20, 6), button);
+        QVERIFY(paintsAfter(&bar, [&] { loss(&bar); }));
+        hover(&bar, QPoint(100, 6));
+        hover(&other, QPoint(100, 6));
+        QCOMPARE(bar.getCurrentIndex(), 0);
+        QCOMPARE(other.getCurrentIndex(), 0);
+        QCOMPARE(differingPixels(painted(&bar), plain(bar, 2, 0), kOfOpaque), 0);
+        QCOMPARE(spy.count(), 0);
+    }
+    press(&bar, QPoint(20, 6));
+    hover(&bar, QPoint(100, 6));
+    QCOMPARE(bar.getCurrentIndex(), 1);
+    release(&bar, QPoint(100, 6));
+    QCOMPARE(spy.count(), 1);
+}
+
+void tst_customsliderbarwidget::lossOfAFollowingBarIsItsOwn()
+{
+    CustomSliderBarWidget pressed;
+    CustomSliderBarWidget following;
+    following.show();
+    press(&pressed, QPoint(20, 6));
+    hover(&following, QPoint(20, 6));
+    const int x = 20;
+    QCOMPARE(differingPixels(painted(&following), plain(following, 2, 0, &x), kOfOpaque), 0);
+    following.hide();
+    QCOMPARE(differingPixels(painted(&following), plain(following, 2, 0), kOfOpaque), 0);
+    hover(&pressed, QPoint(100, 6));
+    QCOMPARE(pressed.getCurrentIndex(), 1);
+    hover(&following, QPoint(100, 6));
+    QCOMPARE(following.getCurrentIndex(), 1);
+    release(&pressed, QPoint(100, 6));
 }
 
 // QWidget's own handlers leave mouse events to the parent.

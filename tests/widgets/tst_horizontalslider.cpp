@@ -49,11 +49,14 @@ private Q_SLOTS:
     void paintsLikeThePlainRecipe_data();
     void paintsLikeThePlainRecipe();
     void paintsEveryValueLikeThePlainRecipe();
+    void paintsMarksOfAnySize_data();
+    void paintsMarksOfAnySize();
     void paintsTheSameInItsWindow();
     void paintsEmbeddedSkin();
     void showsChangesAtTheNextPaint();
     void missingOrBrokenPiecesPaintNothing_data();
     void missingOrBrokenPiecesPaintNothing();
+    void absurdMeasures_data();
     void absurdMeasures();
 
     void behaves_data();
@@ -61,6 +64,11 @@ private Q_SLOTS:
     void beforeTheFirstPaint();
     void protectedSteps();
     void destroyedInSlots();
+    void lostPresses_data();
+    void lostPresses();
+    void lostToADialogInASlot();
+    void destroyedByALoss();
+    void skinIsWhatLiesThereNow();
 };
 
 void tst_horizontalslider::startsAsDocumented()
@@ -195,6 +203,32 @@ void tst_horizontalslider::paintsEveryValueLikeThePlainRecipe()
     }
 }
 
+void tst_horizontalslider::paintsMarksOfAnySize_data()
+{
+    QTest::addColumn<int>("spacing");
+    QTest::addColumn<QSize>("zeroSize");
+    QTest::newRow("wide") << 3 << QSize(9, 3);
+    QTest::newRow("high") << 5 << QSize(3, 8);
+    QTest::newRow("below the handle's centre") << -6 << QSize(20, 4);
+}
+
+void tst_horizontalslider::paintsMarksOfAnySize()
+{
+    QFETCH(int, spacing);
+    QFETCH(QSize, zeroSize);
+    HorizontalSlider slider(nullptr, true, true, spacing, zeroSize);
+    slider.setRange(-20, 30);
+    SliderPicture picture = pictureOf(slider);
+    picture.bidirectional = true;
+    picture.zeroFlag = true;
+    picture.zeroSpacing = spacing;
+    picture.zeroSize = zeroSize;
+    picture.minimum = -20;
+    picture.maximum = 30;
+    for (const QColor &ground : kGrounds)
+        QCOMPARE(differingPixels(painted(&slider, ground), plain(slider, picture, ground), kOfOpaque), 0);
+}
+
 // Through the window's own store, at an odd place; over and over, since what is kept is made at the second
 // paint.
 void tst_horizontalslider::paintsTheSameInItsWindow()
@@ -309,26 +343,57 @@ void tst_horizontalslider::missingOrBrokenPiecesPaintNothing()
     QCOMPARE(log.texts(), QStringList());
 }
 
-// No measure crashes or takes the machine's memory; what is too small or too far away is not there.
-void tst_horizontalslider::absurdMeasures()
+// No measure crashes or takes the machine's memory; what is too small or too far away is not there, and the rest
+// is what it would be without it.
+void tst_horizontalslider::absurdMeasures_data()
 {
+    QTest::addColumn<int>("side");
     constexpr int kHighest = std::numeric_limits<int>::max();
     constexpr int kLowest = std::numeric_limits<int>::min();
+    for (const int side : {0, -1, -300, kLowest, kHighest})
+        QTest::addRow("%d", side) << side;
+}
+
+void tst_horizontalslider::absurdMeasures()
+{
+    QFETCH(int, side);
+    const SkinFolder skin;
+    SkinFolder bareSkin; // of which the groove is left
+    bareSkin.remove("zero.svg");
+    bareSkin.remove("handle.svg");
     const LogCapture log;
-    for (const int side : {0, -1, 1, 300, 100000, kHighest, kLowest}) {
-        HorizontalSlider slider(nullptr, true, true, side, QSize(side, side));
-        slider.setFixedHeight(30);
-        painted(&slider);
-        slider.setHandleSize(QSize(side, side));
-        painted(&slider);
-        slider.setValue(70);
-        painted(&slider);
-        click(&slider, QPoint(60, -5));
-        slider.setGrooveHeight(side);
-        painted(&slider);
-        slider.setFixedSize(1, 1);
-        painted(&slider);
-    }
+    HorizontalSlider slider(nullptr, true, true, side, QSize(side, side));
+    slider.setFixedHeight(30);
+    SliderPicture picture = pictureOf(slider);
+    picture.bidirectional = true;
+    picture.zeroFlag = true;
+    const auto paints = [&](const QString &path) {
+        slider.setSkinPath(skin.path());
+        picture.skin = path;
+        return differingPixels(painted(&slider), plain(slider, picture), kOfTranslucent) == 0;
+    };
+    SkinFolder withoutMark;
+    withoutMark.remove("zero.svg");
+    QVERIFY(paints(withoutMark.path()));
+    slider.setValue(70);
+    picture.value = 70;
+    QVERIFY(paints(withoutMark.path()));
+
+    slider.setGrooveHeight(side);
+    SkinFolder handleAlone;
+    handleAlone.remove("zero.svg");
+    handleAlone.remove("groove.svg");
+    QVERIFY(paints(handleAlone.path()));
+    slider.setGrooveHeight(10);
+
+    slider.setHandleSize(QSize(14, side));
+    const QImage withoutHandle = painted(&slider);
+    slider.setSkinPath(bareSkin.path());
+    QCOMPARE(painted(&slider), withoutHandle);
+    slider.setHandleSize(QSize(side, side));
+    painted(&slider);
+    click(&slider, QPoint(60, -5));
+    painted(&slider);
     QCOMPARE(log.texts(), QStringList());
 }
 
@@ -369,6 +434,37 @@ void tst_horizontalslider::protectedSteps()
 void tst_horizontalslider::destroyedInSlots()
 {
     Checks::checkDestroyedInSlots<HorizontalSlider>([] { return new HorizontalSlider; }, kMeasures);
+}
+
+void tst_horizontalslider::lostPresses_data()
+{
+    LostPresses::addRows();
+}
+
+void tst_horizontalslider::lostPresses()
+{
+    QFETCH(Loss, loss);
+    QWidget window;
+    Probe slider(&window);
+    Checks::checkLostPress(&slider, kMeasures, loss);
+}
+
+void tst_horizontalslider::lostToADialogInASlot()
+{
+    QWidget window;
+    Probe slider(&window);
+    Checks::checkDialogInASlot(&slider, kMeasures);
+}
+
+void tst_horizontalslider::destroyedByALoss()
+{
+    QWidget window;
+    Checks::checkDestroyedByALoss(new Probe(&window), kMeasures);
+}
+
+void tst_horizontalslider::skinIsWhatLiesThereNow()
+{
+    Checks::checkSkinIsWhatLiesThereNow<HorizontalSlider>([] { return new HorizontalSlider; });
 }
 
 QTEST_MAIN(tst_horizontalslider)

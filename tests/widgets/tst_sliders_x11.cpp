@@ -8,6 +8,8 @@
 #include <QtGui/QWindow>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QDialog>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QStyle>
@@ -81,6 +83,35 @@ void clickTheGroove(Slider *slider, int handleWidth)
     QCOMPARE(moved.count(), 0);
 }
 
+// A slot of the drag opens a modal dialog, into which the release goes.
+template<typename Slider>
+void loseADrag(Slider *slider, int handleWidth)
+{
+    const QSignalSpy moving(slider, &Slider::sliderMoving);
+    QDialog dialog(slider->window());
+    dialog.setModal(true);
+    const QMetaObject::Connection opening =
+        QObject::connect(slider, &Slider::sliderMoved, &dialog, [&](int value) {
+            if (value > 30)
+                dialog.open();
+        });
+    XPointer::moveTo(handleAt(*slider, handleWidth, 0));
+    XPointer::press();
+    XPointer::glideTo(handleAt(*slider, handleWidth, 50));
+    QTRY_VERIFY(dialog.isVisible());
+    XPointer::release();
+    QTRY_COMPARE(moving.constLast().constFirst().toBool(), false);
+    QObject::disconnect(opening);
+    dialog.accept();
+    QTRY_VERIFY(!dialog.isVisible());
+    const int value = slider->value();
+    XPointer::moveTo(handleAt(*slider, handleWidth, 80));
+    XPointer::moveTo(handleAt(*slider, handleWidth, 90));
+    QCOMPARE(slider->value(), value);
+    XPointer::click(handleAt(*slider, handleWidth, 0));
+    QTRY_COMPARE(slider->value(), 0);
+}
+
 } // namespace
 
 /// The sliders under a real pointer.
@@ -97,6 +128,7 @@ private Q_SLOTS:
     void bidirectionSliderLetsTheAreaScroll();
     void stepBarDrag();
     void stepBarHoverAndLeave();
+    void stepBarMenu();
     void cursors();
 };
 
@@ -108,6 +140,7 @@ void tst_SlidersX11::horizontalSlider()
     QVERIFY(XPointer::showAndWait(&stage));
     dragEndToEnd(&slider, 14);
     clickTheGroove(&slider, 14);
+    loseADrag(&slider, 14);
 }
 
 void tst_SlidersX11::newHorizontalSlider()
@@ -118,6 +151,7 @@ void tst_SlidersX11::newHorizontalSlider()
     QVERIFY(XPointer::showAndWait(&stage));
     dragEndToEnd(&slider, 10);
     clickTheGroove(&slider, 10);
+    loseADrag(&slider, 10);
 }
 
 void tst_SlidersX11::disabledNewHorizontalSlider()
@@ -242,6 +276,37 @@ void tst_SlidersX11::stepBarHoverAndLeave()
     XPointer::moveTo(other.mapToGlobal(QPoint(100, 6)));
     XPointer::moveTo(other.mapToGlobal(QPoint(90, 6)));
     QCOMPARE(other.getCurrentIndex(), 0);
+}
+
+// The menu takes the release: afterwards no bar follows the pointer.
+void tst_SlidersX11::stepBarMenu()
+{
+    Stage stage;
+    CustomSliderBarWidget bar(&stage);
+    CustomSliderBarWidget other(&stage);
+    bar.move(90, 60);
+    other.move(90, 120);
+    QMenu menu;
+    menu.addAction(QStringLiteral("action"));
+    bar.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&bar, &QWidget::customContextMenuRequested, &menu,
+            [&] { menu.popup(stage.mapToGlobal(QPoint(200, 20))); });
+    QVERIFY(XPointer::showAndWait(&stage));
+    const QSignalSpy finished(&bar, &CustomSliderBarWidget::selectFinish);
+    XPointer::moveTo(bar.mapToGlobal(QPoint(8, 6)));
+    XPointer::press(3);
+    QTRY_VERIFY(menu.isVisible());
+    XPointer::release(3);
+    menu.close();
+    for (CustomSliderBarWidget *hovered : {&bar, &other}) {
+        XPointer::moveTo(hovered->mapToGlobal(QPoint(100, 6)));
+        XPointer::moveTo(hovered->mapToGlobal(QPoint(90, 6)));
+        QCOMPARE(hovered->getCurrentIndex(), 0);
+    }
+    QCOMPARE(finished.count(), 0);
+    XPointer::click(bar.mapToGlobal(QPoint(100, 6)));
+    QTRY_COMPARE(finished.count(), 1);
+    QCOMPARE(bar.getCurrentIndex(), 1);
 }
 
 void tst_SlidersX11::cursors()

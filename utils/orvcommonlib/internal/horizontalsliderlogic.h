@@ -1,29 +1,44 @@
 #pragma once
 
+#include "pressgesture.h"
 #include "skinpainter.h"
-#include "slidertravel.h"
 
-#include <QtCore/QPointer>
-#include <QtGui/QMouseEvent>
-#include <QtGui/QPainter>
-#include <QtWidgets/QApplication>
+#include <QtCore/QPoint>
+#include <QtCore/QRectF>
+#include <QtCore/QSize>
 
-/// What HorizontalSlider and NewHorizontalSlider do alike, on the members that both have under the same
-/// names: finding values, moving the handle, and the order of the signals. A friend of both.
+class QMouseEvent;
+class QWidget;
+struct SliderTravel;
+
+/// What HorizontalSlider and NewHorizontalSlider have in common: range and value, where the handle stands, its
+/// drags, clicks on the groove, and the order of the signals.
 ///
-/// A slot may destroy the slider: functions that emit return false when that has happened.
-template<typename Slider>
+/// A slot may destroy the slider, and this with it: functions that emit return false when that has happened.
 class HorizontalSliderLogic
 {
 public:
-    explicit HorizontalSliderLogic(Slider *slider)
+    /// \param slider     whose member this is, and whose signals it emits
+    /// \param size       the size that the slider gets
+    /// \param handleSize the size of its handle
+    template<typename Slider>
+    HorizontalSliderLogic(Slider *slider, const QSize &size, const QSize &handleSize)
         : m_slider(slider)
+        , m_valueChanged([](QWidget *s, int val) { Q_EMIT static_cast<Slider *>(s)->valueChanged(val); })
+        , m_sliderMoved([](QWidget *s, int val) { Q_EMIT static_cast<Slider *>(s)->sliderMoved(val); })
+        , m_sliderMoving(
+              [](QWidget *s, int moving) { Q_EMIT static_cast<Slider *>(s)->sliderMoving(moving != 0); })
+        , m_handleSize(handleSize)
+        , m_press(slider, [this] { losePress(); })
     {
+        setUp(size);
     }
 
-    void setUp(const QSize &size);
     void setRange(int min, int max);
-    void setValue(int val);
+    int value() const { return m_value; }
+    bool setValue(int val);
+    QSize handleSize() const { return m_handleSize; }
+    void setHandleSize(const QSize &size) { m_handleSize = size; }
 
     /// False if the press is none of ours and belongs to the base class.
     bool press(QMouseEvent *event);
@@ -36,183 +51,40 @@ public:
     void layOut(const QRectF &grooveArea, double rangeLength);
     QRectF handleRect() const;
     /// Half a handle width, in whole pixels.
-    int half() const { return m_slider->m_handleSize.width() / 2; }
+    int half() const { return m_handleSize.width() / 2; }
     /// Where the centre of the range lies.
     double zeroX() const;
-    /// The columns of the groove's image that take the colour. `shortening` is what it lacks at the handle on
+    /// The columns of the groove's image that take the colour. `shortening` is what they lack at the handle on
     /// the positive side of a bidirectional slider.
-    SkinPainter::Columns valueColumns(double ratio, double shortening) const;
+    SkinPainter::Columns valueColumns(bool bidirectional, double ratio, double shortening) const;
 
 private:
-    SliderTravel travel() const;
+    Q_DISABLE_COPY(HorizontalSliderLogic)
+
+    using Signal = void (*)(QWidget *slider, int number);
+    enum Pressed { Nothing, Groove, Handle };
+
+    void setUp(const QSize &size);
+    bool tell(Signal signal, int number) const;
+    void losePress();
     bool clickGroove(int x);
     void moveHandle(double position);
+    SliderTravel travel() const;
 
-    Slider *const m_slider;
+    QWidget *const m_slider;
+    const Signal m_valueChanged;
+    const Signal m_sliderMoved;
+    const Signal m_sliderMoving;
+
+    int m_minimum = 0;
+    int m_maximum = 100;
+    int m_value = 0;
+    QSize m_handleSize;
+    Pressed m_pressed = Nothing;
+    bool m_moving = false;
+    QPoint m_lastPosition;
+    double m_step = 1.0;         // pixels per value, as last painted
+    double m_handlePosition = 0; // the handle's centre
+    QRectF m_grooveRect;         // the travel of the handle's centre, as last painted
+    PressGesture m_press;
 };
-
-template<typename Slider>
-void HorizontalSliderLogic<Slider>::setUp(const QSize &size)
-{
-    m_slider->setAttribute(Qt::WA_TranslucentBackground, true);
-    m_slider->setWindowFlags(m_slider->windowFlags() | Qt::FramelessWindowHint);
-    m_slider->setCursor(Qt::PointingHandCursor);
-    m_slider->setContentsMargins(0, 0, 0, 0);
-    m_slider->setFixedSize(size);
-    SkinPainter::forgetFiles();
-}
-
-template<typename Slider>
-void HorizontalSliderLogic<Slider>::setRange(int min, int max)
-{
-    m_slider->m_minimum = min;
-    m_slider->m_maximum = max;
-    m_slider->update();
-}
-
-template<typename Slider>
-void HorizontalSliderLogic<Slider>::setValue(int val)
-{
-    if (val == m_slider->m_value)
-        return;
-    m_slider->m_value = val;
-    m_slider->update();
-    Q_EMIT m_slider->valueChanged(val);
-}
-
-template<typename Slider>
-bool HorizontalSliderLogic<Slider>::press(QMouseEvent *event)
-{
-    if (event->button() != Qt::LeftButton)
-        return false;
-    m_slider->m_lastPosition = event->pos();
-    const bool onHandle = handleRect().contains(event->pos());
-    m_slider->m_pressedOnHandle = m_slider->m_pressedOnHandle || onHandle;
-    m_slider->m_pressedOnGroove = !onHandle;
-    event->accept();
-    return true;
-}
-
-template<typename Slider>
-bool HorizontalSliderLogic<Slider>::move(QMouseEvent *event)
-{
-    if (!m_slider->m_pressedOnHandle)
-        return true;
-    const QPointer<Slider> guard(m_slider);
-    Q_EMIT m_slider->sliderMoving(true);
-    if (!guard)
-        return false;
-    m_slider->m_moving = true;
-    // Beyond the edges the drag rests until the pointer is back inside.
-    if (event->x() < 0 || event->x() > m_slider->width())
-        return true;
-    if (!updateState(event->pos()))
-        return false;
-    m_slider->m_lastPosition = event->pos();
-    return true;
-}
-
-template<typename Slider>
-bool HorizontalSliderLogic<Slider>::release(QMouseEvent *event)
-{
-    const QPointer<Slider> guard(m_slider);
-    if (m_slider->m_pressedOnHandle) {
-        if (m_slider->m_moving) {
-            if (!updateState(event->pos()))
-                return false;
-            m_slider->m_moving = false;
-            Q_EMIT m_slider->sliderMoving(false);
-            if (!guard)
-                return false;
-        }
-        m_slider->m_pressedOnHandle = false;
-    } else if (m_slider->m_pressedOnGroove && event->button() == Qt::LeftButton) {
-        m_slider->m_pressedOnGroove = false;
-        return clickGroove(event->x());
-    }
-    return true;
-}
-
-// The travel is signed on purpose: however far the pointer went to the left, it was a click.
-template<typename Slider>
-bool HorizontalSliderLogic<Slider>::clickGroove(int x)
-{
-    if (qint64(x) - m_slider->m_lastPosition.x() >= QApplication::startDragDistance())
-        return true;
-    moveHandle(x);
-    if (!updateValue())
-        return false;
-    m_slider->update();
-    return true;
-}
-
-template<typename Slider>
-bool HorizontalSliderLogic<Slider>::updateState(QPoint point)
-{
-    moveHandle(m_slider->m_handlePosition + (double(point.x()) - m_slider->m_lastPosition.x()));
-    if (!updateValue())
-        return false;
-    m_slider->update();
-    return true;
-}
-
-template<typename Slider>
-bool HorizontalSliderLogic<Slider>::updateValue()
-{
-    int found = 0;
-    if (!travel().valueAt(m_slider->m_handlePosition, &found) || found == m_slider->m_value)
-        return true;
-    const QPointer<Slider> guard(m_slider);
-    m_slider->m_value = found;
-    Q_EMIT m_slider->valueChanged(found);
-    if (guard && guard->m_moving)
-        Q_EMIT guard->sliderMoved(found);
-    return !guard.isNull();
-}
-
-template<typename Slider>
-void HorizontalSliderLogic<Slider>::moveHandle(double position)
-{
-    m_slider->m_handlePosition =
-        qBound(m_slider->m_grooveRect.left(), position, m_slider->m_grooveRect.right());
-}
-
-template<typename Slider>
-void HorizontalSliderLogic<Slider>::layOut(const QRectF &grooveArea, double rangeLength)
-{
-    m_slider->m_grooveRect = grooveArea.adjusted(half(), 0, -half(), 0);
-    m_slider->m_step = SliderTravel::stepFor(rangeLength, m_slider->m_minimum, m_slider->m_maximum);
-    if (!m_slider->m_moving)
-        m_slider->m_handlePosition = travel().position(m_slider->m_value);
-}
-
-template<typename Slider>
-SliderTravel HorizontalSliderLogic<Slider>::travel() const
-{
-    return {m_slider->m_minimum, m_slider->m_maximum, double(half()), m_slider->m_step};
-}
-
-template<typename Slider>
-QRectF HorizontalSliderLogic<Slider>::handleRect() const
-{
-    QRectF rect(QPointF(0, 0), QSizeF(m_slider->m_handleSize));
-    rect.moveCenter(QPointF(m_slider->m_handlePosition, rect.height() / 2));
-    return rect;
-}
-
-template<typename Slider>
-double HorizontalSliderLogic<Slider>::zeroX() const
-{
-    return travel().position(travel().middle());
-}
-
-template<typename Slider>
-SkinPainter::Columns HorizontalSliderLogic<Slider>::valueColumns(double ratio, double shortening) const
-{
-    const double handleX = m_slider->m_handlePosition;
-    if (!m_slider->m_bidirectional)
-        return {0, handleX * ratio};
-    if (m_slider->m_value >= travel().middle())
-        return {zeroX() * ratio, (handleX - shortening) * ratio};
-    return {handleX * ratio, zeroX() * ratio};
-}

@@ -18,12 +18,13 @@ class ORVCOMMONLIB_EXPORT CustomBidirectionSlider : public QSlider
 
 public:
     /// \param lineWidth   the thickness of the coloured line in pixels, 0 for a hairline
-    /// \param handleWidth how wide the handle is taken to be: the line ends half of it before the handle's
-    /// centre \param lineColor   the colour of the line
+    /// \param handleWidth how wide the handle is taken to be: the line ends half of it before the handle's centre
+    /// \param lineColor   the colour of the line
+    /// \param parent      the parent widget, or null
     CustomBidirectionSlider(int lineWidth, int handleWidth, QColor lineColor, QWidget *parent);
     ~CustomBidirectionSlider() override;
 
-    /// Whether the wheel changes the value; false at first.
+    /// \param enable whether the wheel changes the value, false at first
     void enableWheel(bool enable);
 
 protected:

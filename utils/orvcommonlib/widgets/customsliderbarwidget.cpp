@@ -1,5 +1,6 @@
 #include "customsliderbarwidget.h"
 
+#include "pressgesture.h"
 #include "skinpainter.h"
 
 #include <QtCore/QDebug>
@@ -23,15 +24,15 @@ constexpr QRgb kFillColor = 0xFFABADBF;
 // this often.
 constexpr qint64 kMostVisibleLayers = 256;
 
-// From a press on any bar to the next release on any bar.
-bool dragInProgress = false;
-// The bar of that press: when it is destroyed, nobody will see the release.
+// The bar that was pressed last, until a button is released on any bar. As long as it is pressed, all bars
+// follow the pointer.
 const CustomSliderBarWidget *pressedBar = nullptr;
 
 } // namespace
 
 CustomSliderBarWidget::CustomSliderBarWidget(QWidget *parent)
     : QWidget(parent)
+    , m_press(std::make_unique<PressGesture>(this, [this] { update(); }))
     , m_skinPath(QStringLiteral(":/images/images/slider/"))
 {
     setAttribute(Qt::WA_TranslucentBackground);
@@ -41,15 +42,12 @@ CustomSliderBarWidget::CustomSliderBarWidget(QWidget *parent)
     setAttribute(Qt::WA_AcceptTouchEvents);
     setContentsMargins(0, 0, 0, 0);
     setFixedSize(kSize);
-    SkinPainter::forgetFiles();
 }
 
 CustomSliderBarWidget::~CustomSliderBarWidget()
 {
-    if (pressedBar == this) {
-        dragInProgress = false;
+    if (pressedBar == this)
         pressedBar = nullptr;
-    }
 }
 
 void CustomSliderBarWidget::setCount(int count)
@@ -82,28 +80,30 @@ bool CustomSliderBarWidget::event(QEvent *event)
     const QPointer<CustomSliderBarWidget> guard(this);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        dragInProgress = true;
         pressedBar = this;
-        m_pressed = true;
-        updateState(static_cast<QMouseEvent *>(event)->pos());
+        follow(static_cast<QMouseEvent *>(event)->pos());
         break;
     case QEvent::MouseButtonRelease:
-        dragInProgress = false;
         pressedBar = nullptr;
-        m_pressed = false;
+        m_press->end();
         update();
         Q_EMIT selectFinish(m_currentIndex);
         break;
     case QEvent::MouseMove:
-        if (dragInProgress) {
-            m_pressed = true;
-            updateState(static_cast<QMouseEvent *>(event)->pos());
-        }
+        if (pressedBar && pressedBar->m_press->isUnderWay())
+            follow(static_cast<QMouseEvent *>(event)->pos());
         break;
     default:
         break;
     }
     return !guard || QWidget::event(event);
+}
+
+// A bar that another one's drag has come to looks pressed, too.
+void CustomSliderBarWidget::follow(QPoint point)
+{
+    m_press->begin();
+    updateState(point);
 }
 
 // Step i reaches from i * step to (i + 1) * step, both included, of which the first one that fits is taken.
@@ -137,7 +137,7 @@ qint64 CustomSliderBarWidget::markX(qint64 index) const
 
 qint64 CustomSliderBarWidget::fillX() const
 {
-    if (!m_pressed)
+    if (!m_press->isUnderWay())
         return markX(m_currentIndex);
     return qBound(area().left() + kKnobMargin, m_lastPosition.x(), area().right() - kKnobMargin);
 }

@@ -6,6 +6,9 @@
 #include <QtCore/QString>
 #include <QtWidgets/QWidget>
 
+#include <memory>
+
+class PressGesture;
 class SkinPainter;
 
 /// A painted bar with a few steps, 117 x 12 pixels, that the user clicks or drags to; it tells the chosen
@@ -14,8 +17,10 @@ class SkinPainter;
 /// The looks are embedded SVG files: "background.svg", "item.svg", "item_active.svg" and "select.svg" under
 /// ":/images/images/slider/".
 ///
-/// While a button is held on one bar, every bar that receives pointer moves follows them: whether that is so
-/// is deliberately known to the process and not to the bar. Touch reaches the bar as the mouse events that Qt
+/// While a button is held on one bar, every bar that receives pointer moves follows them, whatever buttons
+/// these carry: whether that is so is deliberately known to the process and not to the bar. A press that loses
+/// its release (the bar is hidden, closed or disabled meanwhile, a modal window blocks it, or a popup such as a
+/// context menu opens) ends for all bars without being told. Touch reaches the bar as the mouse events that Qt
 /// makes of it.
 ///
 /// To be used in the GUI thread only. A slot of the signal may destroy the bar.
@@ -24,26 +29,32 @@ class ORVCOMMONLIB_EXPORT CustomSliderBarWidget : public QWidget
     Q_OBJECT
 
 public:
+    /// \param parent the parent widget, or null
     explicit CustomSliderBarWidget(QWidget *parent = nullptr);
     /// A bar that is destroyed while it is pressed ends the press for all bars.
     ~CustomSliderBarWidget() override;
 
-    /// The number of steps, 2 at first. Less than 2 is not taken over, and logged at info level. Shows at the
-    /// next paint.
+    /// Shows at the next paint.
+    /// \param count the number of steps, 2 at first; less than 2 is not taken over, and logged at info level
     void setCount(int count);
+    /// \return the number of steps
     int getCount() const;
 
-    /// The current step, 0 at first. Any number is taken over, deliberately unchecked; nothing is emitted.
+    /// Nothing is emitted.
+    /// \param index the current step, 0 at first; any number is taken over, deliberately unchecked
     void setCurrenIndex(int index);
+    /// \return the current step
     int getCurrentIndex() const;
 
 Q_SIGNALS:
     /// A button was released on the bar; any button, and whether or not the step has changed.
+    /// \param index the current step
     void selectFinish(int index);
 
 protected:
-    /// Makes the step under the position current; of two that meet there the lower one. Beyond the last
-    /// step's half the current one stays.
+    /// Makes the step under the pointer current; of two that meet there the lower one. Beyond the last step's
+    /// half the current one stays.
+    /// \param point where the pointer is, in the bar's coordinates
     void updateState(QPoint point);
 
     bool event(QEvent *event) override;
@@ -52,6 +63,7 @@ protected:
 private:
     Q_DISABLE_COPY(CustomSliderBarWidget)
 
+    void follow(QPoint point);
     QRect area() const;
     int markDistance() const;
     qint64 markX(qint64 index) const;
@@ -61,7 +73,7 @@ private:
 
     int m_count = 2;
     int m_currentIndex = 0;
-    bool m_pressed = false;
+    std::unique_ptr<PressGesture> m_press;
     QPoint m_lastPosition;
     QString m_skinPath;
 };

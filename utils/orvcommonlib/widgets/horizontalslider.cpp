@@ -7,18 +7,16 @@
 namespace {
 
 constexpr int kWidth = 206;
-constexpr int kHandleHeight = 14;
+constexpr QSize kHandleSize(14, 14);
 
 // A client's measures may be anything; a widget's height may not.
-int fixedHeight(bool zeroFlag, int zeroSpacing, int zeroHeight)
+QSize fixedSize(bool zeroFlag, int zeroSpacing, int zeroHeight)
 {
-    const qint64 height = kHandleHeight + (zeroFlag ? qint64(zeroSpacing) + zeroHeight : 0);
-    return int(qBound<qint64>(0, height, QWIDGETSIZE_MAX));
+    const qint64 height = kHandleSize.height() + (zeroFlag ? qint64(zeroSpacing) + zeroHeight : 0);
+    return {kWidth, int(qBound<qint64>(0, height, QWIDGETSIZE_MAX))};
 }
 
 } // namespace
-
-using Logic = HorizontalSliderLogic<HorizontalSlider>;
 
 HorizontalSlider::HorizontalSlider(QWidget *parent, bool bidirectional, bool zeroFlag, int zeroSpacing,
                                    QSize zeroSize)
@@ -28,26 +26,27 @@ HorizontalSlider::HorizontalSlider(QWidget *parent, bool bidirectional, bool zer
     , m_skinPath(QStringLiteral(":/images/images/hslider/"))
     , m_zeroSpacing(zeroSpacing)
     , m_zeroSize(zeroSize)
+    , m_logic(std::make_unique<HorizontalSliderLogic>(
+          this, fixedSize(zeroFlag, zeroSpacing, zeroSize.height()), kHandleSize))
     , m_valueColor(0xAB, 0xAD, 0xBF)
 {
-    Logic(this).setUp(QSize(kWidth, fixedHeight(zeroFlag, zeroSpacing, zeroSize.height())));
 }
 
 HorizontalSlider::~HorizontalSlider() = default;
 
 void HorizontalSlider::setRange(int min, int max)
 {
-    Logic(this).setRange(min, max);
+    m_logic->setRange(min, max);
 }
 
 int HorizontalSlider::value() const
 {
-    return m_value;
+    return m_logic->value();
 }
 
 void HorizontalSlider::setValue(int val)
 {
-    Logic(this).setValue(val);
+    m_logic->setValue(val);
 }
 
 void HorizontalSlider::setSkinPath(QString skinPath)
@@ -68,7 +67,7 @@ void HorizontalSlider::setGrooveHeight(int height)
 
 void HorizontalSlider::setHandleSize(QSize size)
 {
-    m_handleSize = size;
+    m_logic->setHandleSize(size);
 }
 
 void HorizontalSlider::setValueColor(QColor color)
@@ -83,59 +82,58 @@ void HorizontalSlider::showZeroFlag()
 
 void HorizontalSlider::updateState(QPoint point)
 {
-    Logic(this).updateState(point);
+    m_logic->updateState(point);
 }
 
 void HorizontalSlider::updateValue()
 {
-    Logic(this).updateValue();
+    m_logic->updateValue();
 }
 
 QRectF HorizontalSlider::grooveArea() const
 {
-    const int baseHeight = m_zeroFlag ? m_handleSize.height() : height();
+    const int baseHeight = m_zeroFlag ? m_logic->handleSize().height() : height();
     const qint64 top = (qint64(baseHeight) - m_grooveHeight) / 2;
     return {0, qreal(top), qreal(width()), qreal(m_grooveHeight)};
 }
 
-QRectF HorizontalSlider::zeroRect()
+QRectF HorizontalSlider::zeroRect() const
 {
     QRectF rect(QPointF(0, 0), QSizeF(m_zeroSize));
-    rect.moveCenter(
-        QPointF(Logic(this).zeroX(), double(m_handleSize.height()) + m_zeroSpacing + rect.height() / 2));
+    const double centerY = double(m_logic->handleSize().height()) + m_zeroSpacing + rect.height() / 2;
+    rect.moveCenter(QPointF(m_logic->zeroX(), centerY));
     return rect;
 }
 
 void HorizontalSlider::paintEvent(QPaintEvent *)
 {
-    Logic logic(this);
     const QRectF area = grooveArea();
-    logic.layOut(area, area.width() - m_handleSize.width());
+    m_logic->layOut(area, area.width() - m_logic->handleSize().width());
 
     SkinPainter painter(this, m_skinPath);
     const qreal ratio = devicePixelRatioF();
-    const QSize pixels = SkinPainter::pixelSize(QSize(width(), m_grooveHeight), ratio);
-    painter.paintColored(QStringLiteral("groove.svg"), area, pixels, logic.valueColumns(ratio, 0),
-                         m_valueColor);
-    painter.paint(QStringLiteral("handle.svg"), logic.handleRect());
+    painter.paintColored(QStringLiteral("groove.svg"), area,
+                         SkinPainter::pixelSize(QSize(width(), m_grooveHeight), ratio),
+                         m_logic->valueColumns(m_bidirectional, ratio, 0), m_valueColor);
+    painter.paint(QStringLiteral("handle.svg"), m_logic->handleRect());
     if (m_zeroFlag)
         painter.paint(QStringLiteral("zero.svg"), zeroRect());
 }
 
 void HorizontalSlider::mousePressEvent(QMouseEvent *event)
 {
-    if (!Logic(this).press(event))
+    if (!m_logic->press(event))
         QWidget::mousePressEvent(event);
 }
 
 void HorizontalSlider::mouseMoveEvent(QMouseEvent *event)
 {
-    if (Logic(this).move(event))
+    if (m_logic->move(event))
         QWidget::mouseMoveEvent(event);
 }
 
 void HorizontalSlider::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (Logic(this).release(event))
+    if (m_logic->release(event))
         QWidget::mouseReleaseEvent(event);
 }

@@ -9,7 +9,8 @@
 #include <QtGui/QColor>
 #include <QtWidgets/QWidget>
 
-template<typename Slider>
+#include <memory>
+
 class HorizontalSliderLogic;
 
 /// A painted horizontal slider, 206 pixels wide, whose groove takes a colour up to the handle; a mark below
@@ -19,6 +20,10 @@ class HorizontalSliderLogic;
 /// one; a click on the groove, which is a left press beside the handle and its release, moves the handle
 /// there. A bidirectional slider colours from the centre of the range to the handle instead of from the left
 /// end.
+///
+/// A press that loses its release (the slider is hidden, closed or disabled meanwhile, a modal window blocks it,
+/// or a popup opens) ends without one: it changes no value any more, and the handle goes back to where the
+/// value is.
 ///
 /// The looks are SVG files in a folder, the skin: "groove.svg", "handle.svg" and "zero.svg". One that is
 /// missing or broken paints nothing.
@@ -30,6 +35,7 @@ class ORVCOMMONLIB_EXPORT HorizontalSlider : public QWidget
     Q_OBJECT
 
 public:
+    /// \param parent        the parent widget, or null
     /// \param bidirectional whether the colour starts at the centre of the range
     /// \param zeroFlag      whether the centre mark is drawn; the slider is then higher by spacing and mark
     /// \param zeroSpacing   the gap between handle and centre mark
@@ -38,27 +44,33 @@ public:
                               int zeroSpacing = 3, QSize zeroSize = QSize(4, 4));
     ~HorizontalSlider() override;
 
-    /// 0 to 100 at first. The value is left alone, even outside the range. With `max` equal to `min` the
-    /// handle rests at the left end; with `max` below `min` the slider paints backwards and the pointer
-    /// changes no value.
+    /// Leaves the value alone, even outside the range. With both ends equal the handle rests at the left end;
+    /// with the right one below the left one the slider paints backwards and the pointer changes no value.
+    /// \param min the value at the left end, 0 at first
+    /// \param max the value at the right end, 100 at first
     void setRange(int min, int max);
 
-    /// 0 at first.
+    /// \return the value, 0 at first
     int value() const;
-    /// Emits valueChanged() if the value is another one. It is deliberately not brought into the range: the
-    /// handle then stands outside.
+    /// Emits valueChanged() if the value is another one.
+    /// \param val the value, deliberately not brought into the range: the handle then stands outside
     void setValue(int val);
 
-    /// The folder of the skin, ":/images/images/hslider/" at first. Shows at the next paint; with the folder
-    /// that it is already, what has changed in there since shows then, in all sliders.
+    /// Shows at the next paint, and so does what has changed in the folder since it was set the last time: what
+    /// a file contains is remembered until a skin is set in any slider, or a slider is made.
+    /// \param skinPath the folder of the skin, ":/images/images/hslider/" at first
     void setSkinPath(QString skinPath);
+    /// \return the folder of the skin
     QString getSkinPath() const;
 
-    /// 10 at first. Shows at the next paint, as do the following two.
+    /// Shows at the next paint.
+    /// \param height the height of the groove, 10 at first
     void setGrooveHeight(int height);
-    /// 14 x 14 at first. The slider keeps its size.
+    /// Shows at the next paint. The slider keeps its size.
+    /// \param size the size of the handle, 14 x 14 at first
     void setHandleSize(QSize size);
-    /// The colour of the groove up to the value, "#ABADBF" at first.
+    /// Shows at the next paint.
+    /// \param color the colour of the groove up to the value, "#ABADBF" at first
     void setValueColor(QColor color);
 
     /// Draws the centre mark from the next paint on. The slider keeps its size, so that the mark of one that
@@ -67,16 +79,20 @@ public:
 
 Q_SIGNALS:
     /// The value is another one, by setValue() or by the user.
+    /// \param val the value
     void valueChanged(int val);
     /// A drag has changed the value; follows valueChanged().
+    /// \param val the value
     void sliderMoved(int val);
-    /// True for every move of the pointer with the handle held, before the value follows; false when a drag
-    /// has ended, after its last value.
+    /// A drag goes on, or has ended.
+    /// \param bMoving true for every move of the pointer with the handle held, before the value follows; false
+    ///                when the drag has ended, after its last value. A drag that loses its release ends, too.
     void sliderMoving(bool bMoving);
 
 protected:
-    /// Moves the handle by the horizontal way from the last pointer position to `point`, within the groove,
-    /// and takes over the value there.
+    /// Moves the handle by the horizontal way from the last pointer position, within the groove, and takes over
+    /// the value there.
+    /// \param point where the pointer is, in the slider's coordinates
     void updateState(QPoint point);
     /// Takes over the value nearest to the handle. A handle outside its travel changes nothing.
     void updateValue();
@@ -88,27 +104,16 @@ protected:
 
 private:
     Q_DISABLE_COPY(HorizontalSlider)
-    friend class HorizontalSliderLogic<HorizontalSlider>;
 
     QRectF grooveArea() const;
-    QRectF zeroRect();
+    QRectF zeroRect() const;
 
     bool m_bidirectional;
     bool m_zeroFlag;
     QString m_skinPath;
     int m_zeroSpacing;
     QSize m_zeroSize;
-    int m_minimum = 0;
-    int m_maximum = 100;
-    int m_value = 0;
-    QSize m_handleSize = QSize(14, 14);
+    std::unique_ptr<HorizontalSliderLogic> m_logic; // range, value, handle and gestures
     int m_grooveHeight = 10;
     QColor m_valueColor;
-    bool m_pressedOnHandle = false;
-    bool m_moving = false;
-    QPoint m_lastPosition;
-    double m_step = 1.0;         // pixels per value, as last painted
-    double m_handlePosition = 0; // the handle's centre
-    QRectF m_grooveRect;         // the travel of the handle's centre, as last painted
-    bool m_pressedOnGroove = false;
 };

@@ -4,35 +4,32 @@
 
 #include <utility>
 
-using Logic = HorizontalSliderLogic<NewHorizontalSlider>;
-
 NewHorizontalSlider::NewHorizontalSlider(QSize size, QSize handleSize, bool bidirectional, QWidget *parent)
     : QWidget(parent)
     , m_bidirectional(bidirectional)
     , m_skinPath(QStringLiteral(":/images/images/hslider2/"))
     , m_size(size)
-    , m_handleSize(handleSize)
+    , m_logic(std::make_unique<HorizontalSliderLogic>(this, size, handleSize))
     , m_valueColor(0x4B, 0x66, 0xEB)
     , m_disabledValueColor(0xCC, 0xCC, 0xCC)
 {
-    Logic(this).setUp(size);
 }
 
 NewHorizontalSlider::~NewHorizontalSlider() = default;
 
 void NewHorizontalSlider::setRange(int min, int max)
 {
-    Logic(this).setRange(min, max);
+    m_logic->setRange(min, max);
 }
 
 int NewHorizontalSlider::value() const
 {
-    return m_value;
+    return m_logic->value();
 }
 
 void NewHorizontalSlider::setValue(int val)
 {
-    Logic(this).setValue(val);
+    m_logic->setValue(val);
 }
 
 void NewHorizontalSlider::setSkinPath(QString skinPath)
@@ -53,7 +50,7 @@ void NewHorizontalSlider::setGrooveHeight(int height)
 
 void NewHorizontalSlider::setHandleSize(QSize size)
 {
-    m_handleSize = size;
+    m_logic->setHandleSize(size);
 }
 
 void NewHorizontalSlider::setValueColor(QColor color)
@@ -69,44 +66,44 @@ void NewHorizontalSlider::setSliderEnabled(bool enabled)
 
 void NewHorizontalSlider::updateState(QPoint point)
 {
-    Logic(this).updateState(point);
+    m_logic->updateState(point);
 }
 
 void NewHorizontalSlider::updateValue()
 {
-    Logic(this).updateValue();
+    m_logic->updateValue();
 }
 
 void NewHorizontalSlider::paintEvent(QPaintEvent *)
 {
-    Logic logic(this);
     const QRectF area(QPointF(0, 0), QSizeF(m_size));
-    logic.layOut(area, area.width() - 2 * logic.half());
+    m_logic->layOut(area, area.width() - 2 * m_logic->half());
 
     SkinPainter painter(this, m_skinPath);
     const QString suffix = m_sliderEnabled ? QStringLiteral(".svg") : QStringLiteral("_disabled.svg");
     const QString groove = m_bidirectional ? QStringLiteral("groove_bidirection") : QStringLiteral("groove");
     // On the positive side the colour deliberately ends where the handle begins; on the negative side it does
     // not.
-    painter.paintColored(groove + suffix, area, m_size, logic.valueColumns(1, logic.half()),
+    painter.paintColored(groove + suffix, area, m_size,
+                         m_logic->valueColumns(m_bidirectional, 1, m_logic->half()),
                          m_sliderEnabled ? m_valueColor : m_disabledValueColor);
-    painter.paint(QStringLiteral("handle") + suffix, logic.handleRect());
+    painter.paint(QStringLiteral("handle") + suffix, m_logic->handleRect());
 }
 
 void NewHorizontalSlider::mousePressEvent(QMouseEvent *event)
 {
-    if (!m_sliderEnabled || !Logic(this).press(event))
+    if (!m_sliderEnabled || !m_logic->press(event))
         QWidget::mousePressEvent(event);
 }
 
 void NewHorizontalSlider::mouseMoveEvent(QMouseEvent *event)
 {
-    if (Logic(this).move(event))
+    if (m_logic->move(event))
         QWidget::mouseMoveEvent(event);
 }
 
 void NewHorizontalSlider::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (!m_sliderEnabled || Logic(this).release(event))
+    if (!m_sliderEnabled || m_logic->release(event))
         QWidget::mouseReleaseEvent(event);
 }

@@ -1,0 +1,167 @@
+#include "horizontalsliderlogic.h"
+
+#include "slidertravel.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtWidgets/QApplication>
+
+#include <utility>
+
+void HorizontalSliderLogic::setUp(const QSize &size)
+{
+    m_slider->setAttribute(Qt::WA_TranslucentBackground, true);
+    m_slider->setWindowFlags(m_slider->windowFlags() | Qt::FramelessWindowHint);
+    m_slider->setCursor(Qt::PointingHandCursor);
+    m_slider->setContentsMargins(0, 0, 0, 0);
+    m_slider->setFixedSize(size);
+    SkinPainter::forgetFiles();
+}
+
+bool HorizontalSliderLogic::tell(Signal signal, int number) const
+{
+    const QPointer<QWidget> alive(m_slider);
+    signal(m_slider, number);
+    return !alive.isNull();
+}
+
+void HorizontalSliderLogic::setRange(int min, int max)
+{
+    m_minimum = min;
+    m_maximum = max;
+    m_slider->update();
+}
+
+bool HorizontalSliderLogic::setValue(int val)
+{
+    if (val == m_value)
+        return true;
+    m_value = val;
+    m_slider->update();
+    return tell(m_valueChanged, val);
+}
+
+bool HorizontalSliderLogic::press(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return false;
+    event->accept();
+    if (!m_press.begin())
+        return true;
+    m_lastPosition = event->pos();
+    // A press that is still under way, since a release was ignored, goes on.
+    if (m_pressed != Handle)
+        m_pressed = handleRect().contains(event->pos()) ? Handle : Groove;
+    return true;
+}
+
+// The slots may take the press its end; then the pointer moves nothing any more.
+bool HorizontalSliderLogic::move(QMouseEvent *event)
+{
+    if (m_pressed != Handle)
+        return true;
+    m_moving = true;
+    if (!tell(m_sliderMoving, true))
+        return false;
+    // Beyond the edges the drag rests until the pointer is back inside.
+    if (!m_moving || event->x() < 0 || event->x() > m_slider->width())
+        return true;
+    if (!updateState(event->pos()))
+        return false;
+    m_lastPosition = event->pos();
+    return true;
+}
+
+bool HorizontalSliderLogic::release(QMouseEvent *event)
+{
+    // A click ends with the button that it began with; a handle is let go by any.
+    if (m_pressed == Nothing || (m_pressed == Groove && event->button() != Qt::LeftButton))
+        return true;
+    m_press.end();
+    if (std::exchange(m_pressed, Nothing) == Groove)
+        return clickGroove(event->x());
+    if (!m_moving)
+        return true;
+    if (!updateState(event->pos()))
+        return false;
+    m_moving = false;
+    return tell(m_sliderMoving, false);
+}
+
+// The handle goes back to where the value is.
+void HorizontalSliderLogic::losePress()
+{
+    m_pressed = Nothing;
+    m_slider->update();
+    if (std::exchange(m_moving, false))
+        m_press.announce([this] { tell(m_sliderMoving, false); });
+}
+
+// The travel is signed on purpose: however far the pointer went to the left, it was a click.
+bool HorizontalSliderLogic::clickGroove(int x)
+{
+    if (qint64(x) - m_lastPosition.x() >= QApplication::startDragDistance())
+        return true;
+    moveHandle(x);
+    if (!updateValue())
+        return false;
+    m_slider->update();
+    return true;
+}
+
+bool HorizontalSliderLogic::updateState(QPoint point)
+{
+    moveHandle(m_handlePosition + (double(point.x()) - m_lastPosition.x()));
+    if (!updateValue())
+        return false;
+    m_slider->update();
+    return true;
+}
+
+bool HorizontalSliderLogic::updateValue()
+{
+    int found = 0;
+    if (!travel().valueAt(m_handlePosition, &found) || found == m_value)
+        return true;
+    m_value = found;
+    return tell(m_valueChanged, found) && (!m_moving || tell(m_sliderMoved, found));
+}
+
+void HorizontalSliderLogic::moveHandle(double position)
+{
+    m_handlePosition = qBound(m_grooveRect.left(), position, m_grooveRect.right());
+}
+
+void HorizontalSliderLogic::layOut(const QRectF &grooveArea, double rangeLength)
+{
+    m_grooveRect = grooveArea.adjusted(half(), 0, -half(), 0);
+    m_step = SliderTravel::stepFor(rangeLength, m_minimum, m_maximum);
+    if (!m_moving)
+        m_handlePosition = travel().position(m_value);
+}
+
+SliderTravel HorizontalSliderLogic::travel() const
+{
+    return {m_minimum, m_maximum, double(half()), m_step};
+}
+
+QRectF HorizontalSliderLogic::handleRect() const
+{
+    QRectF rect(QPointF(0, 0), QSizeF(m_handleSize));
+    rect.moveCenter(QPointF(m_handlePosition, rect.height() / 2));
+    return rect;
+}
+
+double HorizontalSliderLogic::zeroX() const
+{
+    return travel().position(travel().middle());
+}
+
+SkinPainter::Columns HorizontalSliderLogic::valueColumns(bool bidirectional, double ratio,
+                                                         double shortening) const
+{
+    if (!bidirectional)
+        return {0, m_handlePosition * ratio};
+    if (m_value >= travel().middle())
+        return {zeroX() * ratio, (m_handlePosition - shortening) * ratio};
+    return {m_handlePosition * ratio, zeroX() * ratio};
+}
