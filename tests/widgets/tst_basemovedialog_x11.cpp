@@ -80,7 +80,7 @@ void tst_BaseMoveDialog_x11::movesAndReports()
 {
     XPointer::moveTo(at(kTitle));
     XPointer::press();
-    QVERIFY(m_dialog->isMoving());
+    QTRY_VERIFY(m_dialog->isMoving());
     XPointer::glideTo(at(kTitle) + QPoint(120, -90));
     QTRY_COMPARE(m_dialog->geometry(), kGeometry.translated(120, -90));
     QVERIFY(m_moved->count() > 1);

@@ -235,7 +235,7 @@ void tst_FramelessHelper_x11::movesARubberBand()
     m_helper->setRubberBandOnMove(true);
     XPointer::moveTo(at(kTitle));
     XPointer::press();
-    QVERIFY(rubberBand()->isVisible());
+    QTRY_VERIFY(rubberBand()->isVisible());
     QCOMPARE(rubberBand()->geometry(), kFrame);
     XPointer::glideTo(at(kTitle) + QPoint(-250, 160));
     QTRY_COMPARE(rubberBand()->geometry(), kFrame.translated(-250, 160));
@@ -254,7 +254,7 @@ void tst_FramelessHelper_x11::resizesARubberBand()
         at(local) + QPoint(pulled.testFlag(Qt::LeftEdge) ? -60 : 60, pulled.testFlag(Qt::TopEdge) ? -70 : 70);
     XPointer::moveTo(at(local));
     XPointer::press();
-    QVERIFY(rubberBand()->isVisible());
+    QTRY_VERIFY(rubberBand()->isVisible());
     XPointer::glideTo(to);
     QTRY_COMPARE(rubberBand()->geometry(), pulledTo(pulled, to));
     QCOMPARE(m_window->geometry(), kFrame);
