@@ -11,8 +11,7 @@
 
 // What the test programs of CustomToolButton share.
 
-// A panel of a fixed size that it takes only when asked for it, and that notes what happens to it in which
-// order.
+// A panel of a fixed size that it takes only when asked for it. It notes in which order things happen to it.
 class Panel : public QWidget
 {
 public:

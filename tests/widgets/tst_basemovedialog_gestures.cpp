@@ -375,8 +375,7 @@ void tst_BaseMoveDialog_gestures::detectsResizesByTheLeftButtonOnly()
 
 void tst_BaseMoveDialog_gestures::comparesPositionsWithinTheDialog()
 {
-    // Pulled by its outermost pixel the left edge stays under the pointer, which so has not moved within the
-    // dialog.
+    // Pulled by its outermost pixel the left edge stays under the pointer, which has not moved within it.
     m_dialog->setWidgetResizable(true);
     const QSignalSpy resized(m_dialog.get(), &BaseMoveDialog::sig_windowResizefinished);
     press({0, 130});

@@ -24,8 +24,7 @@ private Q_SLOTS:
 
 void tst_CustomToolButtonPlacing::panelIsShownBeforeItGetsItsSize()
 {
-    // It is placed with the size that it has; the size that it wants comes afterwards and does not place it
-    // again.
+    // It is placed with the size that it has. The size that it wants comes afterwards, and places it no more.
     newButton(false)->setClickWidget(panel(), false);
     panel()->hint = QSize(90, 70);
     panel()->order.clear();
@@ -110,8 +109,7 @@ void tst_CustomToolButtonPlacing::topStaysInsideTheWindow_data()
 {
     QTest::addColumn<int>("buttonX");
     QTest::addColumn<int>("panelX");
-    // The window is 500 wide. The right edge of a moved panel lies on x = 486, its left edge then on 486
-    // - 59.
+    // The window is 500 wide. A moved panel's right edge lies on x = 486, its left edge then on 486 - 59.
     QTest::newRow("inside") << 200 << 185;
     QTest::newRow("right edge just inside") << 456 << 441; // top-right at 500
     QTest::newRow("right edge outside") << 457 << 427;

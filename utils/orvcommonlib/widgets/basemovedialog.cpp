@@ -18,8 +18,7 @@ int asLength(unsigned int setting)
     return qBound(-QWIDGETSIZE_MAX, static_cast<int>(setting), QWIDGETSIZE_MAX);
 }
 
-/// `pos` brought to where `length` pixels end within [start, start + extent); the start wins when they do not
-/// fit.
+/// `pos` brought to where `length` pixels lie within [start, end); the start wins when they do not fit.
 int keptWithin(int pos, int length, int start, qint64 end)
 {
     return static_cast<int>(qMax<qint64>(qMin<qint64>(pos, end - length), start));
@@ -212,8 +211,7 @@ bool BaseMoveDialog::isOnResizeBorder(const QPoint &pos) const
         {0, height() - border, width(), border},
         {width() - corner, height() - corner, corner, corner},
     };
-    // Without border there is nothing to hit; QRect would find its own first pixel in a rectangle of negative
-    // size.
+    // Without border there is nothing to hit; a QRect of negative size would find its own first pixel.
     return std::any_of(std::begin(borders), std::end(borders),
                        [&pos](const QRect &rect) { return rect.isValid() && rect.contains(pos); });
 }

@@ -100,8 +100,7 @@ Q_SIGNALS:
     /// The left button was released after a press on a resize border, at another position within the dialog
     /// than that of the press. Emitted after sig_windowMovefinished() where both are due.
     void sig_windowResizefinished();
-    /// A double click inside the rectangle of setRectOfCanDrag(). Without such a rectangle it is never
-    /// emitted.
+    /// A double click inside the rectangle of setRectOfCanDrag(); never emitted without such a rectangle.
     void sig_doubleclickCanDragRect();
 
 protected:

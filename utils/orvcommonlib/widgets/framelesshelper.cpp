@@ -96,8 +96,7 @@ void EdgeHitTest::hitTest(const QPoint &globalPos, const QRect &frameRect, const
     const qint64 border = asSigned(borderWidth);
     const qint64 left = frameRect.x();
     const qint64 top = frameRect.y();
-    // Both limits lie one pixel past the last pixel of the frame, so that a pointer that just left it still
-    // counts.
+    // Both limits lie one pixel past the last pixel of the frame: a pointer that just left it still counts.
     const qint64 right = left + frameRect.width();
     const qint64 bottom = top + frameRect.height();
 
@@ -409,8 +408,7 @@ void FramelessHelper::removeFrom(QWidget *w)
     delete state;
 }
 
-/// A widget that is being destroyed is no longer one that could be restored: only what is known about it
-/// goes.
+/// A widget that is being destroyed cannot be restored any more: only what is known about it goes.
 void FramelessHelper::forget(QWidget *destroyed)
 {
     if (WatchedWidgetState *state = m_state->watchedWidgets.take(destroyed)) {

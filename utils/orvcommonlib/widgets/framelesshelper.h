@@ -25,8 +25,7 @@ struct FramelessHelperState;
 /// width, title height and the two settings of the bottom-right area are deliberately shared by all helpers
 /// of the process: a setter of any instance changes them for all, also for widgets that are already watched.
 ///
-/// All lengths are in device-independent pixels. To be used in the GUI thread only. Emits nothing and logs
-/// nothing.
+/// All lengths are in device-independent pixels. To be used in the GUI thread only. Neither emits nor logs.
 class ORVCOMMONLIB_EXPORT FramelessHelper : public QObject
 {
     Q_OBJECT
@@ -39,8 +38,7 @@ public:
     /// Deactivates the helper on every widget that it still watches, as removeFrom() does.
     ~FramelessHelper() override;
 
-    /// Starts watching a widget, switches its mouse tracking and Qt::WA_Hover on, and remembers its window
-    /// flags.
+    /// Starts watching a widget: switches its mouse tracking and Qt::WA_Hover on, and remembers its flags.
     /// \param w the widget; not owned, and forgotten when it is destroyed while it is watched. Nothing
     ///          happens for one that is watched already, or for null.
     void activateOn(QWidget *w);
@@ -102,8 +100,7 @@ public:
     /// \return what setEnabelRightBottomAreaResize() has set
     bool enableRightBottomAreaResizeState() const;
 
-    /// Which edges of this helper's widgets can be dragged; all of them at first. A corner needs both of its
-    /// edges.
+    /// Which edges of this helper's widgets can be dragged; all at first. A corner needs both of its edges.
     /// \param left   whether the left one can
     /// \param top    whether the top one can
     /// \param right  whether the right one can
