@@ -99,6 +99,7 @@ private Q_SLOTS:
     void elidesAgainWhenTheTextChangesItsSize();
     void odd_texts_data();
     void odd_texts();
+    void styledWhenSeen();
     void keepsData();
     void reportsClicks_data();
     void reportsClicks();
@@ -432,6 +433,32 @@ void tst_CustomComboxItem::odd_texts()
     QCOMPARE(row.text(), text);
     const QLabel *label = Labels(&row).text;
     QCOMPARE(label->text(), QFontMetrics(label->font()).elidedText(text, Qt::ElideRight, label->width()));
+}
+
+void tst_CustomComboxItem::styledWhenSeen()
+{
+    // Style sheets cost most of a row: neither it nor a mark that nobody sees has its own resolved.
+    QWidget window;
+    window.ensurePolished(); // as a list is before it has rows
+    auto *row = new CustomComboxItem(QStringLiteral("Row"), &window);
+    const Labels labels(row);
+    QCoreApplication::processEvents();
+    for (const QWidget *widget : {static_cast<QWidget *>(row), static_cast<QWidget *>(labels.text)})
+        QVERIFY(!widget->testAttribute(Qt::WA_WState_Polished));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    for (const QWidget *widget : {static_cast<QWidget *>(row), static_cast<QWidget *>(labels.text)})
+        QVERIFY(widget->testAttribute(Qt::WA_WState_Polished));
+    QVERIFY(!labels.check->testAttribute(Qt::WA_WState_Polished));
+    row->setChecked(true);
+    QVERIFY(labels.check->testAttribute(Qt::WA_WState_Polished));
+
+    // What a sheet says of the frame of a label holds for one that was not polished when it was set.
+    window.setStyleSheet(QStringLiteral("QLabel{border:3px solid red;}"));
+    auto *other = new CustomComboxItem(QStringLiteral("Other"), &window);
+    other->show();
+    QCOMPARE(Labels(other).text->frameWidth(), 3);
+    QCOMPARE(Labels(other).text->contentsRect().left(), 3);
 }
 
 void tst_CustomComboxItem::keepsData()

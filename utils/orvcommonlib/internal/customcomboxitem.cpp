@@ -1,6 +1,7 @@
 #include "customcomboxitem.h"
 
 #include "clickdetection.h"
+#include "statesheet.h"
 #include "stylesheetpainting.h"
 
 #include <QtGui/QFontMetrics>
@@ -68,18 +69,19 @@ QString chineseBadgeStyle()
     return QStringLiteral("QLabel{border-image:url(:/images/images/combox/novip_zh.png);}");
 }
 
-// Nothing in a row expands, and that is known without asking its labels (see CustomComboxItem::sizeHint()).
-class RowLayout : public QHBoxLayout
+// The text of a row takes what room there is: what it would like to have need not be measured.
+class ElidedLabel : public LazilyStyled<QLabel>
 {
 public:
-    using QHBoxLayout::QHBoxLayout;
-    Qt::Orientations expandingDirections() const override { return {}; }
+    using LazilyStyled::LazilyStyled;
+    QSize sizeHint() const override { return {0, 0}; }
+    QSize minimumSizeHint() const override { return {0, 0}; }
 };
 
 } // namespace
 
 CustomComboxItem::CustomComboxItem(QString text, QWidget *parent)
-    : QWidget(parent)
+    : LazilyStyled(parent)
     , m_text(std::move(text))
     , m_chinese(true)
     , m_itemHeight(kItemHeight)
@@ -96,7 +98,7 @@ CustomComboxItem::CustomComboxItem(bool isSmall, QString text, QWidget *parent)
 
 CustomComboxItem::CustomComboxItem(bool isSmall, QString text, int itemHeight, int fontSize, int iconSize,
                                    QWidget *parent)
-    : QWidget(parent)
+    : LazilyStyled(parent)
     , m_small(isSmall)
     , m_text(std::move(text))
     , m_itemHeight(itemHeight)
@@ -107,7 +109,7 @@ CustomComboxItem::CustomComboxItem(bool isSmall, QString text, int itemHeight, i
 }
 
 CustomComboxItem::CustomComboxItem(QString text, QWidget *parent, bool isGray, bool isChinese)
-    : QWidget(parent)
+    : LazilyStyled(parent)
     , m_text(std::move(text))
     , m_gray(isGray)
     , m_chinese(isChinese)
@@ -119,7 +121,7 @@ CustomComboxItem::CustomComboxItem(QString text, QWidget *parent, bool isGray, b
 }
 
 CustomComboxItem::CustomComboxItem(QString text, int fontSize, QWidget *parent)
-    : QWidget(parent)
+    : LazilyStyled(parent)
     , m_text(std::move(text))
     , m_chinese(true)
     , m_itemHeight(kItemHeight)
@@ -157,40 +159,11 @@ void CustomComboxItem::setIndex(int index)
     m_index = index;
 }
 
-// In a list the row's width is the list's, and its height is fixed: the labels, which would have to load
-// their fonts and style sheets for an answer, are not asked for thousands of rows of which ten are seen.
-QSize CustomComboxItem::sizeHint() const
-{
-    return isWindow() ? QWidget::sizeHint() : QSize(0, m_itemHeight);
-}
-
-QSize CustomComboxItem::minimumSizeHint() const
-{
-    return isWindow() ? QWidget::minimumSizeHint() : QSize(0, m_itemHeight);
-}
-
-bool CustomComboxItem::hasHeightForWidth() const
-{
-    return false;
-}
-
-bool CustomComboxItem::event(QEvent *event)
-{
-    return isPolishedTooSoon(event) || QWidget::event(event);
-}
-
 bool CustomComboxItem::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_textLabel && event->type() == QEvent::Resize)
         elideText();
-    return isPolishedTooSoon(event) || QWidget::eventFilter(watched, event);
-}
-
-// Every widget asks to be polished with the next turn of the event loop, shown or not. A row can wait until
-// it is shown: only then are its style sheets parsed.
-bool CustomComboxItem::isPolishedTooSoon(const QEvent *event) const
-{
-    return event->type() == QEvent::PolishRequest && !isVisible();
+    return QWidget::eventFilter(watched, event);
 }
 
 void CustomComboxItem::mousePressEvent(QMouseEvent *event)
@@ -239,19 +212,17 @@ void CustomComboxItem::paintEvent(QPaintEvent *event)
     QWidget::paintEvent(event);
 }
 
-// The labels get their style sheets last, when they stand in the row and it in its list: Qt parses the sheets
-// of a widget as soon as it asks for any measure of its style, which it does while widgets are put together.
 void CustomComboxItem::initUI()
 {
     setCursor(Qt::PointingHandCursor);
     setFixedHeight(m_itemHeight);
     setObjectName(QStringLiteral("CustomComboxItem"));
 
-    auto *layout = new RowLayout(this);
+    auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 0, 6, 0);
     layout->setSpacing(0);
 
-    m_textLabel = new QLabel(this);
+    m_textLabel = new ElidedLabel;
     m_textLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_textLabel->setText(m_text);
     m_textLabel->installEventFilter(this);
@@ -260,32 +231,27 @@ void CustomComboxItem::initUI()
     layout->addItem(new QSpacerItem(6, 6, QSizePolicy::Fixed, QSizePolicy::Fixed));
 
     m_checkLabel = newImageLabel(QSize(m_iconSize, m_iconSize));
-    layout->addWidget(m_checkLabel);
+    m_checkLabel->setStyleSheet(checkMarkStyle());
     if (m_gray) {
         m_badgeLabel = newImageLabel(m_chinese ? kChineseBadgeSize : kBadgeSize);
-        layout->addWidget(m_badgeLabel);
         m_badgeLabel->setStyleSheet(m_chinese ? chineseBadgeStyle() : badgeStyle());
     }
-    m_checkLabel->setStyleSheet(checkMarkStyle());
     updateStyle();
 }
 
 QLabel *CustomComboxItem::newImageLabel(QSize size)
 {
-    auto *label = new QLabel(this);
+    auto *label = new LazilyStyled<QLabel>;
     label->setFixedSize(size);
-    label->installEventFilter(this);
     label->hide();
+    layout()->addWidget(label);
     return label;
 }
 
 void CustomComboxItem::updateStyle()
 {
-    // The row's sheet is applied at each change, as what it selects on may have changed; with it that of the label, which
-    // lies in the row.
-    if (m_textLabel->styleSheet() != textStyle())
-        m_textLabel->setStyleSheet(textStyle());
-    setStyleSheet(rowStyle());
+    applyStateSheet(this, rowStyle());
+    applyStateSheet(m_textLabel, textStyle());
     updateLabels();
     elideText();
 }
@@ -303,7 +269,8 @@ void CustomComboxItem::elideText()
 {
     const QFont &font = m_textLabel->font();
     const int width = m_textLabel->width();
-    if (m_elidedWidth == width && m_elidedFont == font)
+    const bool hasWidth = m_textLabel->testAttribute(Qt::WA_Resized); // one that its layout gave it
+    if (!hasWidth || (m_elidedWidth == width && m_elidedFont == font))
         return;
     m_elidedWidth = width;
     m_elidedFont = font;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lazilystyled.h"
 #include "pressgesture.h"
 
 #include <QtCore/QPoint>
@@ -15,7 +16,7 @@ class QLabel;
 ///
 /// A click is reported by signal with the row's index; a gray row reports it through a signal of its own. The
 /// row may be destroyed by what is connected to these signals.
-class CustomComboxItem : public QWidget
+class CustomComboxItem : public LazilyStyled<QWidget>
 {
     Q_OBJECT
 
@@ -39,9 +40,8 @@ public:
     /// The row's position in its list, -1 at first.
     void setIndex(int index);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-    bool hasHeightForWidth() const override;
+    QSize sizeHint() const override { return {0, m_itemHeight}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -50,7 +50,6 @@ Q_SIGNALS:
     void signalClickGrayItem(int index);
 
 protected:
-    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void enterEvent(QEvent *event) override;
@@ -62,7 +61,6 @@ private:
     Q_DISABLE_COPY(CustomComboxItem)
 
     void initUI();
-    bool isPolishedTooSoon(const QEvent *event) const;
     QLabel *newImageLabel(QSize size);
     void updateStyle();
     void updateLabels();

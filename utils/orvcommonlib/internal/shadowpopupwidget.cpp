@@ -81,6 +81,7 @@ ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int left, int top,
 {
     setWindowFlags(windowFlags() | Qt::Tool);
     initUI();
+    polishBeforeRows();
 }
 
 ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int margin, int rowHeight, QWidget *parent)
@@ -96,6 +97,7 @@ ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int margin, int ro
 {
     setWindowFlags(windowFlags() | Qt::Tool);
     initSmallUI();
+    polishBeforeRows();
 }
 
 void ShadowPopupWidget::addItem(CustomComboxItem *row)
@@ -232,7 +234,6 @@ void ShadowPopupWidget::initUI()
     buildList(QMargins(m_left, m_top, m_right, m_bottom), kContentMargin);
     m_scrollArea->setStyleSheet(scrollAreaStyle());
     m_content->setStyleSheet(contentStyle());
-    polishBeforeRows();
 }
 
 void ShadowPopupWidget::initSmallUI()
@@ -243,7 +244,6 @@ void ShadowPopupWidget::initSmallUI()
     m_scrollArea->setStyleSheet(smallScrollAreaStyle().arg(m_scrollArea->objectName()).arg(m));
     m_content->setObjectName(QStringLiteral("ScrollContentWidget"));
     m_content->setStyleSheet(smallContentStyle().arg(m_content->objectName()).arg(m));
-    polishBeforeRows();
 }
 
 void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargin)
@@ -257,6 +257,7 @@ void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargi
     m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     hideUntilNeeded(m_scrollArea->verticalScrollBar());
+    m_scrollArea->setFocusPolicy(Qt::NoFocus);
     m_scrollArea->installEventFilter(this);
     connect(m_scrollArea->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &ShadowPopupWidget::showRowsInView);
@@ -270,9 +271,8 @@ void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargi
     layout->addWidget(m_scrollArea);
 }
 
-// A widget that is shown polishes all that stands in it, the rows of a closed list included, and stops only
-// at what has been polished already: polished before it has rows, the list spares each row that is never
-// seen.
+// A widget that is shown has all polished that stands in it, the rows of a closed list included, but nothing
+// below what has been polished already.
 void ShadowPopupWidget::polishBeforeRows()
 {
     ensurePolished();

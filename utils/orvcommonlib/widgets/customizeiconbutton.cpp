@@ -2,7 +2,9 @@
 
 #include "accessiblenotification.h"
 #include "clickdetection.h"
+#include "lazilystyled.h"
 #include "pressgesture.h"
+#include "statesheet.h"
 #include "stylesheetpainting.h"
 
 #include <QtCore/QPointer>
@@ -19,12 +21,11 @@ QString iconSheet(const QString &imagePath)
     return QStringLiteral("QLabel{background:transparent; border:none; image:url(%1);}").arg(imagePath);
 }
 
-// An empty sheet leaves the look alone. One that is in force already is applied again: what it selects on may have
-// changed.
+// An empty sheet leaves the look alone.
 void applySheet(QWidget *widget, const QString &sheet)
 {
     if (!sheet.isEmpty())
-        widget->setStyleSheet(sheet);
+        applyStateSheet(widget, sheet);
 }
 
 } // namespace
@@ -38,6 +39,7 @@ CustomizeIconButton::CustomizeIconButton(QSize iconSize, QString text, int spaci
     , m_press(std::make_unique<PressGesture>(this, [this] { updateUI(); }))
 {
     initControls(isCenter);
+    connect(this, &QObject::objectNameChanged, this, &CustomizeIconButton::updateUI); // sheets select on it
 }
 
 CustomizeIconButton::~CustomizeIconButton() = default;
@@ -130,12 +132,12 @@ void CustomizeIconButton::initControls(bool isCenter)
     if (isCenter)
         addRoom();
 
-    m_iconLabel = new QLabel(this);
+    m_iconLabel = new LazilyStyled<QLabel>(this);
     m_iconLabel->setFixedSize(m_iconSize);
     m_iconLabel->setProperty("state", QStringLiteral("normal"));
     layout->addWidget(m_iconLabel, 0, Qt::AlignCenter);
 
-    m_textLabel = new QLabel(this);
+    m_textLabel = new LazilyStyled<QLabel>(this);
     m_textLabel->setAlignment(Qt::AlignCenter);
     m_textLabel->setText(m_text);
     layout->addWidget(m_textLabel, 0, Qt::AlignCenter);
