@@ -2,7 +2,9 @@
 #include "bench.h"
 #include "canvas.h"
 #include "commonpopupdialog.h"
+#include "orvupdatetipdlg.h"
 #include "popuploadingdlgwithmask.h"
+#include "tipsdlgwithcheckbox.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
@@ -10,6 +12,7 @@
 #include <QtCore/QTimer>
 #include <QtGui/QMovie>
 #include <QtGui/QPainter>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -129,6 +132,72 @@ void measurePopupDialog(Bench &bench)
         "CommonPopupDialog: construction", [] { newPopupDialog(); }, [] { newStockDialog(); });
 }
 
+QString tipImage()
+{
+    return QStringLiteral(":/surface/resources/surface/common/dialog_bg.png");
+}
+
+// What a dialog of Qt's own has for a background, title, text, checkbox and button of these sizes.
+std::unique_ptr<QWidget> newStockMessage(QSize size, const QMargins &border, int buttons, bool checkable,
+                                         const QWidget &like)
+{
+    auto dialog = std::make_unique<QWidget>(nullptr, Qt::FramelessWindowHint | Qt::Tool);
+    dialog->setAttribute(Qt::WA_TranslucentBackground);
+    dialog->setFixedSize(size);
+    auto *background = new QLabel(dialog.get());
+    background->setStyleSheet(QStringLiteral("border-image:url(%1) 14 19 22 17 stretch;").arg(tipImage()));
+    background->setGeometry(dialog->rect());
+    auto *column = new QVBoxLayout(dialog.get());
+    column->setContentsMargins(border);
+    // The same parts with the same sheets.
+    const auto labels = like.findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
+        auto *copy = new QLabel(label->text(), dialog.get());
+        copy->setStyleSheet(label->styleSheet());
+        column->addWidget(copy);
+    }
+    if (checkable) {
+        auto *box = new QCheckBox(dialog.get());
+        box->setStyleSheet(like.findChild<QCheckBox *>()->styleSheet());
+        column->addWidget(box);
+    }
+    const auto likeButtons = like.findChildren<QPushButton *>();
+    for (int i = 0; i < buttons; ++i) {
+        auto *button = new QPushButton(likeButtons.at(i)->text(), dialog.get());
+        button->setFixedSize(likeButtons.at(i)->size());
+        button->setStyleSheet(likeButtons.at(i)->styleSheet());
+        column->addWidget(button);
+    }
+    return dialog;
+}
+
+void showAndDelete(std::unique_ptr<QWidget> window)
+{
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    showAndClose(*window);
+}
+
+void measureMessages(Bench &bench)
+{
+    const QString text = QStringLiteral("Text");
+    const auto newTip = [&] {
+        return std::make_unique<TipsDlgWithCheckbox>(nullptr, QSize(400, 240), text, text, text, text);
+    };
+    const auto newUpdate = [&] {
+        return std::make_unique<OrvUpdateTipDlg>(QSize(436, 240), tipImage(), 17, 14, 19, 22, nullptr, text,
+                                                 text, false, true);
+    };
+    const auto tip = newTip();
+    const auto update = newUpdate();
+    const QMargins border(17, 14, 19, 22);
+    bench.compare(
+        "TipsDlgWithCheckbox: built, shown, painted, closed / QWidget", [&] { showAndDelete(newTip()); },
+        [&] { showAndDelete(newStockMessage(tip->size(), border, 2, true, *tip)); });
+    bench.compare(
+        "OrvUpdateTipDlg: built, shown, painted, closed / QWidget", [&] { showAndDelete(newUpdate()); },
+        [&] { showAndDelete(newStockMessage(update->size(), border, 3, false, *update)); });
+}
+
 double millisecondsWhileShown(QWidget &window)
 {
     window.show();
@@ -168,6 +237,7 @@ void measureLoadingDialog(Bench &bench)
 const BenchGroup group("dialogs", [](Bench &bench) {
     measureBackground(bench);
     measurePopupDialog(bench);
+    measureMessages(bench);
     measureLoadingDialog(bench);
 });
 

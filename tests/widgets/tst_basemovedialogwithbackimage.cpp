@@ -6,8 +6,10 @@
 
 #include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtGui/QPixmapCache>
 #include <QtTest/QTest>
 
 namespace {
@@ -40,6 +42,51 @@ QImage whiteRectangle(const QWidget &widget, int radius)
     return canvas;
 }
 
+/// A device that draws nothing, but notes which pixmap it is given.
+class PixmapNotes
+    : public QPaintDevice
+    , private QPaintEngine
+{
+public:
+    explicit PixmapNotes(QSize size)
+        : QPaintEngine(QPaintEngine::AllFeatures)
+        , m_size(size)
+    {
+    }
+
+    qint64 key = 0;
+
+    QPaintEngine *paintEngine() const override { return const_cast<PixmapNotes *>(this); }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        if (metric == PdmWidth || metric == PdmHeight)
+            return metric == PdmWidth ? m_size.width() : m_size.height();
+        return metric == PdmDpiX || metric == PdmDpiY ? 96 : QPaintDevice::metric(metric);
+    }
+
+private:
+    bool begin(QPaintDevice *) override { return true; }
+    bool end() override { return true; }
+    Type type() const override { return User; }
+    void updateState(const QPaintEngineState &) override {}
+    void drawPixmap(const QRectF &, const QPixmap &pixmap, const QRectF &) override
+    {
+        key = pixmap.cacheKey();
+    }
+
+    QSize m_size;
+};
+
+/// The identity of the picture that a dialog paints.
+qint64 pictureOf(BaseMoveDialogWithBackImage &dialog)
+{
+    PixmapNotes notes(dialog.size());
+    dialog.render(&notes, QPoint(), QRegion(), QWidget::RenderFlags());
+    return notes.key;
+}
+
 QImage sliced(const QWidget &widget, QString path, int left, int top, int right, int bottom)
 {
     const QPixmap background = QPixmap::fromImage(
@@ -66,6 +113,9 @@ private Q_SLOTS:
     void slicesTheImage_data();
     void slicesTheImage();
     void slicesAgainOnlyWhenTheSizeChanges();
+    void sharesWhatIsSliced();
+    void showsWhatTheFileHoldsNow();
+    void paintsWithoutRoomToShare();
     void staysTransparentWhenTheImageIsMissing();
     void leavesStyleSheetsUnpainted();
     void paintsItsRecipeWithAbsurdMeasures_data();
@@ -194,6 +244,48 @@ void tst_BaseMoveDialogWithBackImage::slicesAgainOnlyWhenTheSizeChanges()
     dialog.resize(500, 500); // a size that is never painted is never sliced
     paintAt({81, 101});
     QCOMPARE(slices, 4);
+}
+
+void tst_BaseMoveDialogWithBackImage::sharesWhatIsSliced()
+{
+    const QString path = savedImage(gradientImage(64, 64), QStringLiteral("shared.png"));
+    const auto pictureFor = [](const QString &image, int border, QSize size) {
+        BaseMoveDialogWithBackImage dialog(image, border, true, true, nullptr);
+        dialog.resize(size);
+        return pictureOf(dialog);
+    };
+    const qint64 first = pictureFor(path, 8, kSize);
+    QVERIFY(first != 0);
+    QCOMPARE(pictureFor(path, 8, kSize), first);
+    QVERIFY(pictureFor(path, 9, kSize) != first);
+    QVERIFY(pictureFor(path, 8, kSize + QSize(1, 0)) != first);
+    QVERIFY(pictureFor(savedImage(gradientImage(63, 64), QStringLiteral("other.png")), 8, kSize) != first);
+}
+
+void tst_BaseMoveDialogWithBackImage::showsWhatTheFileHoldsNow()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("background.png"));
+    for (const QColor colour : {Qt::red, Qt::green, Qt::red}) {
+        QImage image(32, 32, QImage::Format_RGB32);
+        image.fill(colour);
+        QVERIFY(image.save(path));
+        BaseMoveDialogWithBackImage dialog(path, 4, true, true, nullptr);
+        dialog.resize(kSize);
+        const QImage painted = renderWidget(&dialog);
+        QCOMPARE(painted.pixelColor(painted.rect().center()), colour);
+    }
+}
+
+void tst_BaseMoveDialogWithBackImage::paintsWithoutRoomToShare()
+{
+    const int limit = QPixmapCache::cacheLimit();
+    QPixmapCache::setCacheLimit(0);
+    const QString path = savedImage(gradientImage(64, 64), QStringLiteral("alone.png"));
+    BaseMoveDialogWithBackImage dialog(path, 8, true, true, nullptr);
+    dialog.resize(kSize);
+    QCOMPARE(differingPixels(renderWidget(&dialog), sliced(dialog, path, 8, 8, 8, 8)), 0);
+    QPixmapCache::setCacheLimit(limit);
 }
 
 void tst_BaseMoveDialogWithBackImage::staysTransparentWhenTheImageIsMissing()

@@ -2,12 +2,37 @@
 
 #include "orvcommonlib.h"
 
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QDebug>
+#include <QtCore/QFile>
+#include <QtCore/QMargins>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtGui/QPixmapCache>
 
 namespace {
 
 constexpr QRgb kPlainBackground = qRgb(0xFF, 0xFF, 0xFF);
+
+/// The sliced image, which all dialogs of one size share as long as QPixmapCache has room for it. It belongs to
+/// what the file holds now; the path decides with it, as one that ends in "@2x" is read in another way.
+QPixmap sharedBackground(QString path, const QMargins &borders, QSize size)
+{
+    QPixmap background;
+    QString key;
+    QFile file(path);
+    QCryptographicHash content(QCryptographicHash::Md5);
+    if (file.open(QIODevice::ReadOnly) && content.addData(&file)) {
+        QDebug(&key) << "orvcommonlib" << path << content.result().toHex() << borders << size;
+        if (QPixmapCache::find(key, &background))
+            return background;
+    }
+    background = QPixmap::fromImage(totalcommon::NinePatch(
+        path, borders.left(), borders.top(), borders.right(), borders.bottom(), size.width(), size.height()));
+    if (!key.isEmpty())
+        QPixmapCache::insert(key, background);
+    return background;
+}
 
 } // namespace
 
@@ -52,10 +77,8 @@ void BaseMoveDialogWithBackImage::paintRoundedRect()
 
 void BaseMoveDialogWithBackImage::paintImage()
 {
-    if (m_background.size() != size()) {
-        m_background = QPixmap::fromImage(
-            totalcommon::NinePatch(m_imagePath, m_left, m_top, m_right, m_bottom, width(), height()));
-    }
+    if (m_background.size() != size())
+        m_background = sharedBackground(m_imagePath, QMargins(m_left, m_top, m_right, m_bottom), size());
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.drawPixmap(rect(), m_background);

@@ -9,8 +9,10 @@
 /// white rectangle with round corners where no image is named.
 ///
 /// The background is translucent. It is sliced from the image file when it is painted for the first time and
-/// after each change of size, never in between: a file that changes meanwhile is not noticed. A file that is
-/// missing leaves the background transparent. Style sheets do not paint this dialog.
+/// after each change of size, never in between: a file that changes meanwhile is not noticed by this dialog,
+/// only by the next one. Dialogs that show the same image in the same size share the picture, within the limit
+/// of QPixmapCache. A file that is missing leaves the background transparent. Style sheets do not paint this
+/// dialog.
 class ORVCOMMONLIB_EXPORT BaseMoveDialogWithBackImage : public BaseMoveDialog
 {
     Q_OBJECT
