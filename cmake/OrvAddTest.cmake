@@ -17,6 +17,11 @@ function(orv_add_test name)
         return()
     endif()
 
+    file(STRINGS ${arg_SOURCE} other_main REGEX "^QTEST_.*MAIN|QTest::qExec")
+    if(other_main)
+        message(FATAL_ERROR "${arg_SOURCE}: \"${other_main}\" lets warnings of Qt pass, see tests/support/testmain.h")
+    endif()
+
     add_executable(${name} ${arg_SOURCE})
     orv_program_defaults(${name})
     target_precompile_headers(${name} REUSE_FROM orv_test_support)

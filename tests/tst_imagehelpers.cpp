@@ -3,6 +3,7 @@
 #include "logcapture.h"
 #include "pictures.h"
 #include "seed.h"
+#include "testmain.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QDirIterator>
@@ -576,6 +577,6 @@ void tst_imagehelpers::linkedFoldersAreListedEachTime()
 #endif
 }
 
-QTEST_MAIN(tst_imagehelpers)
+ORV_TEST_MAIN(tst_imagehelpers)
 
 #include "tst_imagehelpers.moc"

@@ -1,3 +1,5 @@
+#include "testmain.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QDirIterator>
 #include <QtCore/QFile>
@@ -102,6 +104,6 @@ void tst_loading::loadingLeavesOtherResourcesAlone()
     QCOMPARE(rootFolders(), before);
 }
 
-QTEST_MAIN(tst_loading)
+ORV_TEST_MAIN(tst_loading)
 
 #include "tst_loading.moc"

@@ -3,6 +3,7 @@
 #include "logcapture.h"
 #include "pictures.h"
 #include "seed.h"
+#include "testmain.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QRandomGenerator>
@@ -508,6 +509,7 @@ void tst_ninepatch::unreadableFiles()
     QFETCH(QString, path);
     QImage expected(30, 20, QImage::Format_RGBA8888);
     expected.fill(Qt::transparent);
+    const ExpectedWarnings noName("QFSFileEngine::open: No file name specified");
     QVERIFY(identical(totalcommon::NinePatch(path, 1, 2, 3, 4, 30, 20), expected));
     QVERIFY(identical(totalcommon::NinePatch(path, 0, 0, 0, 0, 30, 20), expected));
     QVERIFY(totalcommon::NinePatch(path, 1, 2, 3, 4, 0, 20).isNull());
@@ -616,6 +618,6 @@ void tst_ninepatch::logsNothing()
     QCOMPARE(log.texts(), QStringList());
 }
 
-QTEST_MAIN(tst_ninepatch)
+ORV_TEST_MAIN(tst_ninepatch)
 
 #include "tst_ninepatch.moc"

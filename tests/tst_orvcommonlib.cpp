@@ -1,4 +1,5 @@
 #include "orvcommonlib.h"
+#include "testmain.h"
 
 #include <QtTest/QTest>
 
@@ -20,6 +21,6 @@ void tst_orvcommonlib::holdsNoData()
     QVERIFY(std::is_empty<orvcommonlib>::value);
 }
 
-QTEST_MAIN(tst_orvcommonlib)
+ORV_TEST_MAIN(tst_orvcommonlib)
 
 #include "tst_orvcommonlib.moc"

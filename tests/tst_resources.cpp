@@ -1,5 +1,6 @@
 #include "logcapture.h"
 #include "orvcommonlib.h"
+#include "testmain.h"
 
 #include <QtCore/QDirIterator>
 #include <QtCore/QFile>
@@ -446,6 +447,6 @@ void tst_resources::spinnerRimIsSmoothOnWhite()
         std::any_of(shades.cbegin(), shades.cend(), [](QRgb shade) { return qGray(shade) > kNearlyWhite; }));
 }
 
-QTEST_MAIN(tst_resources)
+ORV_TEST_MAIN(tst_resources)
 
 #include "tst_resources.moc"

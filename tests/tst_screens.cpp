@@ -1,6 +1,7 @@
 #include "orvcommonlib.h"
 
 #include "fakescreens.h"
+#include "testmain.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -180,6 +181,6 @@ void tst_screens::doesNotCentre()
     QCOMPARE(dialog.pos(), QPoint(5, 6));
 }
 
-QTEST_MAIN(tst_screens)
+ORV_TEST_MAIN(tst_screens)
 
 #include "tst_screens.moc"

@@ -1,4 +1,5 @@
 #include "orvcommonlib.h"
+#include "testmain.h"
 
 #include <QtCore/QProcess>
 #include <QtCore/QTextStream>
@@ -108,7 +109,7 @@ int main(int argc, char **argv)
     if (argc > 1 && std::strcmp(argv[1], kReport) == 0)
         return report();
     tst_screens_x11 test;
-    return QTest::qExec(&test, argc, argv);
+    return TestMain::run(&test, argc, argv);
 }
 
 #include "tst_screens_x11.moc"

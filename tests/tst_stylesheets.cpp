@@ -1,5 +1,6 @@
 #include "logcapture.h"
 #include "orvcommonlib.h"
+#include "testmain.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QMap>
@@ -661,6 +662,6 @@ void tst_stylesheets::namedStyle()
     QCOMPARE(other->accessibleName(), QString());
 }
 
-QTEST_MAIN(tst_stylesheets)
+ORV_TEST_MAIN(tst_stylesheets)
 
 #include "tst_stylesheets.moc"

@@ -2,6 +2,7 @@
 
 #include "logcapture.h"
 #include "seed.h"
+#include "testmain.h"
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
@@ -191,7 +192,7 @@ void tst_utilities::fontWidthOfAbsurdValues()
     QCOMPARE(font.weight(), 99);
     // QFont refuses the size, tells so, and keeps the one before.
     for (const int pixelSize : {0, -3}) {
-        const LogCapture quiet;
+        const ExpectedWarnings refusal("QFont::setPixelSize: Pixel size <= 0");
         QVERIFY(totalcommon::getFontWidth(pixelSize, QStringLiteral("text"), font, QFont::Normal) > 2);
         QCOMPARE(font.pixelSize(), 12);
     }
@@ -576,6 +577,6 @@ void tst_utilities::showsFolderWithoutFileManager()
 #endif
 }
 
-QTEST_MAIN(tst_utilities)
+ORV_TEST_MAIN(tst_utilities)
 
 #include "tst_utilities.moc"

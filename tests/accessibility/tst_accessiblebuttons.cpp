@@ -3,6 +3,7 @@
 #include "customizeiconbutton.h"
 #include "custompicturebtn.h"
 #include "customtoolbutton.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtTest/QSignalSpy>
@@ -341,5 +342,5 @@ void tst_AccessibleButtons::iconButtonMayDieOfItsPress()
     QVERIFY(!guard);
 }
 
-QTEST_MAIN(tst_AccessibleButtons)
+ORV_TEST_MAIN(tst_AccessibleButtons)
 #include "tst_accessiblebuttons.moc"

@@ -5,6 +5,7 @@
 #include "orvupdatetipdlg.h"
 #include "popupdlgwithmask.h"
 #include "popuploadingdlgwithmask.h"
+#include "testmain.h"
 #include "tipsdlgwithcheckbox.h"
 
 #include <QtCore/QPointer>
@@ -336,5 +337,5 @@ void tst_AccessibleDialogs::toolTip()
     delete popped;
 }
 
-QTEST_MAIN(tst_AccessibleDialogs)
+ORV_TEST_MAIN(tst_AccessibleDialogs)
 #include "tst_accessibledialogs.moc"

@@ -14,6 +14,7 @@
 #include "orvupdatetipdlg.h"
 #include "popupdlgwithmask.h"
 #include "popuploadingdlgwithmask.h"
+#include "testmain.h"
 #include "tipsdlgwithcheckbox.h"
 
 #include <QtTest/QTest>
@@ -252,5 +253,5 @@ void tst_AccessibleFactory::maskIsNobody()
     QCOMPARE(QLatin1String(mask->metaObject()->className()), QLatin1String("QLabel"));
 }
 
-QTEST_MAIN(tst_AccessibleFactory)
+ORV_TEST_MAIN(tst_AccessibleFactory)
 #include "tst_accessiblefactory.moc"

@@ -1,3 +1,5 @@
+#include "testmain.h"
+
 #include <QtCore/QFile>
 #include <QtCore/QLibrary>
 #include <QtGui/QAccessible>
@@ -152,5 +154,5 @@ void tst_AccessibleLoading::anotherClassOfTheSameName()
     QCOMPARE(roleOf(&other), int(QAccessible::Client));
 }
 
-QTEST_APPLESS_MAIN(tst_AccessibleLoading)
+ORV_TEST_APPLESS_MAIN(tst_AccessibleLoading)
 #include "tst_accessibleloading.moc"

@@ -1,5 +1,6 @@
 #include "custompicturebtn.h"
 #include "customwraptexttooltip.h"
+#include "testmain.h"
 
 #include <QtGui/QAccessible>
 #include <QtTest/QTest>
@@ -48,7 +49,7 @@ void tst_AccessibleStatics::areToldBeforeMain()
 int main(int argc, char **argv)
 {
     tst_AccessibleStatics test;
-    return QTest::qExec(&test, argc, argv);
+    return TestMain::run(&test, argc, argv);
 }
 
 #include "tst_accessiblestatics.moc"

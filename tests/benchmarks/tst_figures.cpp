@@ -1,4 +1,5 @@
 #include "figures.h"
+#include "testmain.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
@@ -132,6 +133,6 @@ void tst_figures::filesThatCannotBeWritten()
     QVERIFY(!Figures::write(m_folder.filePath(QStringLiteral("missing/figures.json")), run(row(1, 2))));
 }
 
-QTEST_MAIN(tst_figures)
+ORV_TEST_MAIN(tst_figures)
 
 #include "tst_figures.moc"

@@ -1,6 +1,7 @@
 #include "kinds.h"
 #include "logcapture.h"
 #include "orvmaskctrl.h"
+#include "testmain.h"
 
 #if defined(ORV_POISONED_MEMORY)
 #    include "poisonedmemory.h"
@@ -234,6 +235,6 @@ void tst_Destruction::survives()
 #endif
 }
 
-QTEST_MAIN(tst_Destruction)
+ORV_TEST_MAIN(tst_Destruction)
 
 #include "tst_destruction.moc"

@@ -1,3 +1,5 @@
+#include "testmain.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
@@ -172,5 +174,5 @@ void tst_Gallery::helpNamesTheOptions()
         QVERIFY2(outcome.output.contains(QLatin1String(option)), option);
 }
 
-QTEST_MAIN(tst_Gallery)
+ORV_TEST_MAIN(tst_Gallery)
 #include "tst_gallery.moc"

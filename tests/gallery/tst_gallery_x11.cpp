@@ -1,3 +1,4 @@
+#include "testmain.h"
 #include "xpointer.h"
 
 #include <QtCore/QCoreApplication>
@@ -161,5 +162,5 @@ void tst_GalleryX11::theWindowIsDraggedAndClosed()
     QCOMPARE(gallery.exitCode(), 0);
 }
 
-QTEST_MAIN(tst_GalleryX11)
+ORV_TEST_MAIN(tst_GalleryX11)
 #include "tst_gallery_x11.moc"

@@ -1,6 +1,7 @@
 #include "customcomboxitem.h"
 #include "mouseevents.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
@@ -591,6 +592,6 @@ void tst_CustomComboxItem::destroyedByItsOwnClick()
     QVERIFY(!row);
 }
 
-QTEST_MAIN(tst_CustomComboxItem)
+ORV_TEST_MAIN(tst_CustomComboxItem)
 
 #include "tst_customcomboxitem.moc"

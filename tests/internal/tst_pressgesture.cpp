@@ -1,5 +1,6 @@
 #include "mouseevents.h"
 #include "pressgesture.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
@@ -657,5 +658,5 @@ void tst_pressgesture::nextPressMayDestroyTheGesture()
     QVERIFY(!gesture);
 }
 
-QTEST_MAIN(tst_pressgesture)
+ORV_TEST_MAIN(tst_pressgesture)
 #include "tst_pressgesture.moc"

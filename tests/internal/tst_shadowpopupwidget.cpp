@@ -1,6 +1,7 @@
 #include "mouseevents.h"
 #include "pictures.h"
 #include "shadowpopuptesting.h"
+#include "testmain.h"
 
 #include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
@@ -475,6 +476,6 @@ void tst_ShadowPopupWidget::takesItsRowsAlong()
     QVERIFY(!row);
 }
 
-QTEST_MAIN(tst_ShadowPopupWidget)
+ORV_TEST_MAIN(tst_ShadowPopupWidget)
 
 #include "tst_shadowpopupwidget.moc"

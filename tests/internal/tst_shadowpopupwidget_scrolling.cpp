@@ -1,4 +1,5 @@
 #include "shadowpopuptesting.h"
+#include "testmain.h"
 
 #include <QtTest/QSignalSpy>
 
@@ -239,6 +240,6 @@ void tst_ShadowPopupWidgetScrolling::manyRows()
     QCOMPARE(list.count(), 0);
 }
 
-QTEST_MAIN(tst_ShadowPopupWidgetScrolling)
+ORV_TEST_MAIN(tst_ShadowPopupWidgetScrolling)
 
 #include "tst_shadowpopupwidget_scrolling.moc"

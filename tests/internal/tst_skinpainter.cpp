@@ -3,6 +3,7 @@
 #include "pictures.h"
 #include "skinpainter.h"
 #include "slidertesting.h"
+#include "testmain.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtGui/QPicture>
@@ -762,6 +763,6 @@ void tst_skinpainter::pixelSizes()
     QVERIFY(cut.width() > 16 * 1024 * 1024 && cut.width() < std::numeric_limits<int>::max());
 }
 
-QTEST_MAIN(tst_skinpainter)
+ORV_TEST_MAIN(tst_skinpainter)
 
 #include "tst_skinpainter.moc"

@@ -1,5 +1,6 @@
 #include "slidertesting.h"
 #include "slidertravel.h"
+#include "testmain.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QRandomGenerator>
@@ -172,6 +173,6 @@ void tst_slidertravel::emptyRangeHasNoStep()
     QCOMPARE(travel.middle(), 5);
 }
 
-QTEST_APPLESS_MAIN(tst_slidertravel)
+ORV_TEST_APPLESS_MAIN(tst_slidertravel)
 
 #include "tst_slidertravel.moc"

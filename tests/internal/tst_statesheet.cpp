@@ -1,6 +1,7 @@
 #include "statesheet.h"
 
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -179,6 +180,6 @@ void tst_StateSheet::showsPicturesAsTheyAre()
     QCOMPARE(renderWidget(&stage.label).pixelColor(10, 10), QColor(Qt::blue));
 }
 
-QTEST_MAIN(tst_StateSheet)
+ORV_TEST_MAIN(tst_StateSheet)
 
 #include "tst_statesheet.moc"

@@ -1,4 +1,5 @@
 #include "hotkeycallgate.h"
+#include "testmain.h"
 
 #include <QtCore/QThread>
 #include <QtTest/QTest>
@@ -123,5 +124,5 @@ void tst_hotkeycallgate::leftWorkIsDoneOnce()
     QCOMPARE(done, QVector<int>({1, 2}));
 }
 
-QTEST_MAIN(tst_hotkeycallgate)
+ORV_TEST_MAIN(tst_hotkeycallgate)
 #include "tst_hotkeycallgate.moc"

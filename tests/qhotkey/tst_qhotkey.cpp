@@ -1,6 +1,7 @@
 #include "logcapture.h"
 #include "qhotkey.h"
 #include "qhotkey_p.h"
+#include "testmain.h"
 
 #include <QtCore/QMetaMethod>
 #include <QtCore/QMetaProperty>
@@ -427,5 +428,5 @@ void tst_qhotkey::mappingFailsWithoutASystem()
     QCOMPARE(log.count(), 3);
 }
 
-QTEST_MAIN(tst_qhotkey)
+ORV_TEST_MAIN(tst_qhotkey)
 #include "tst_qhotkey.moc"

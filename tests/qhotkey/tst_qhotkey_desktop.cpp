@@ -1,6 +1,7 @@
 #include "logcapture.h"
 #include "qhotkey.h"
 #include "qhotkey_p.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QProcess>
@@ -396,7 +397,7 @@ int main(int argc, char **argv)
         return useLate(argc, argv);
     QApplication application(argc, argv);
     tst_qhotkey_desktop test;
-    return QTest::qExec(&test, argc, argv);
+    return TestMain::run(&test, argc, argv);
 }
 
 #include "tst_qhotkey_desktop.moc"

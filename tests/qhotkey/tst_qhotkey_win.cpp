@@ -1,5 +1,6 @@
 #include "logcapture.h"
 #include "qhotkey.h"
+#include "testmain.h"
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QProcess>
@@ -572,7 +573,7 @@ int main(int argc, char **argv)
         return haveFocus(argc, argv);
     QApplication application(argc, argv);
     tst_qhotkey_win test;
-    return QTest::qExec(&test, argc, argv);
+    return TestMain::run(&test, argc, argv);
 }
 
 #include "tst_qhotkey_win.moc"

@@ -1,5 +1,6 @@
 #include "logcapture.h"
 #include "qhotkey.h"
+#include "testmain.h"
 #include "xclient.h"
 #include "xpointer.h"
 
@@ -599,5 +600,5 @@ void tst_qhotkey_x11::hotkeyDiesWhileNobodyAnswers()
     QCOMPARE(m_other->heldByOthers(key, XCB_MOD_MASK_CONTROL), kNothing);
 }
 
-QTEST_MAIN(tst_qhotkey_x11)
+ORV_TEST_MAIN(tst_qhotkey_x11)
 #include "tst_qhotkey_x11.moc"

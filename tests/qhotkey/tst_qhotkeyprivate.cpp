@@ -1,5 +1,6 @@
 #include "fakeregistry.h"
 #include "logcapture.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QThread>
@@ -512,5 +513,5 @@ void tst_qhotkeyprivate::manySharersLeaveNothing()
     QCOMPARE(log.count(), 0);
 }
 
-QTEST_MAIN(tst_qhotkeyprivate)
+ORV_TEST_MAIN(tst_qhotkeyprivate)
 #include "tst_qhotkeyprivate.moc"

@@ -1,5 +1,6 @@
 #include "fakeregistry.h"
 #include "logcapture.h"
+#include "testmain.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
@@ -371,5 +372,5 @@ void tst_qhotkeythreads::callsFailWhenTheRegistrysThreadHasEnded()
     QVERIFY(!hotkey.isRegistered());
 }
 
-QTEST_MAIN(tst_qhotkeythreads)
+ORV_TEST_MAIN(tst_qhotkeythreads)
 #include "tst_qhotkeythreads.moc"

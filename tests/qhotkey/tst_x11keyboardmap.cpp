@@ -1,5 +1,6 @@
 #include "logcapture.h"
 #include "qhotkey.h"
+#include "testmain.h"
 #include "xclient.h"
 #include "xpointer.h"
 
@@ -214,5 +215,5 @@ void tst_x11keyboardmap::bothSpellingsOfACharacterAreFound()
     QVERIFY(hotkey.currentNativeShortcut() == first);
 }
 
-QTEST_MAIN(tst_x11keyboardmap)
+ORV_TEST_MAIN(tst_x11keyboardmap)
 #include "tst_x11keyboardmap.moc"

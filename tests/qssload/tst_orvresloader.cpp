@@ -2,6 +2,7 @@
 
 #include "logcapture.h"
 #include "seed.h"
+#include "testmain.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QMap>
@@ -782,6 +783,6 @@ void tst_orvresloader::largeSheetsAndThemes()
     QCOMPARE(log.texts(), missing);
 }
 
-QTEST_MAIN(tst_orvresloader)
+ORV_TEST_MAIN(tst_orvresloader)
 
 #include "tst_orvresloader.moc"

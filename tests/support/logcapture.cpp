@@ -1,5 +1,7 @@
 #include "logcapture.h"
 
+#include "testmain.h"
+
 #include <QtCore/QMutex>
 #include <QtCore/QStringList>
 
@@ -9,6 +11,24 @@ QMutex captureMutex;
 LogCapture *innermostCapture = nullptr;
 
 } // namespace
+
+LogLine::LogLine(QtMsgType lineType, const QMessageLogContext &context, const QString &lineText)
+    : type(lineType)
+    , category(QString::fromUtf8(context.category))
+    , text(lineText)
+    , file(QString::fromUtf8(context.file))
+    , function(QString::fromUtf8(context.function))
+    , line(context.line)
+{
+}
+
+bool LogLine::isQtWarning() const
+{
+    return (type == QtWarningMsg || type == QtCriticalMsg) && file.isEmpty() &&
+           !category.startsWith(QLatin1String("qt.qpa")) &&
+           !text.startsWith(QLatin1String("This plugin does not support")) &&
+           !text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
+}
 
 LogCapture::LogCapture()
 {
@@ -20,14 +40,18 @@ LogCapture::LogCapture()
 
 LogCapture::~LogCapture()
 {
-    const QMutexLocker locker(&captureMutex);
-    innermostCapture = m_outer;
-    qInstallMessageHandler(m_previousHandler);
+    {
+        const QMutexLocker locker(&captureMutex);
+        innermostCapture = m_outer;
+        qInstallMessageHandler(m_previousHandler);
+    }
+    clear();
 }
 
 QVector<LogLine> LogCapture::lines() const
 {
     const QMutexLocker locker(&captureMutex);
+    m_readLines = m_lines.size();
     return m_lines;
 }
 
@@ -42,21 +66,22 @@ QStringList LogCapture::texts() const
 
 void LogCapture::clear()
 {
-    const QMutexLocker locker(&captureMutex);
-    m_lines.clear();
+    QVector<LogLine> unread;
+    {
+        const QMutexLocker locker(&captureMutex);
+        unread = m_lines.mid(m_readLines);
+        m_lines.clear();
+        m_readLines = 0;
+    }
+    for (const LogLine &line : qAsConst(unread)) {
+        if (line.isQtWarning() && !ExpectedWarnings::match(line.text))
+            TestMain::failForWarning(line.text);
+    }
 }
 
 void LogCapture::handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     const QMutexLocker locker(&captureMutex);
-    if (!innermostCapture)
-        return;
-    LogLine line;
-    line.type = type;
-    line.category = QString::fromUtf8(context.category);
-    line.text = text;
-    line.file = QString::fromUtf8(context.file);
-    line.function = QString::fromUtf8(context.function);
-    line.line = context.line;
-    innermostCapture->m_lines.append(line);
+    if (innermostCapture)
+        innermostCapture->m_lines.append(LogLine(type, context, text));
 }

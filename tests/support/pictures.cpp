@@ -11,6 +11,8 @@ QImage renderWidget(QWidget *widget)
     const qreal ratio = widget->devicePixelRatioF();
     QImage image((QSizeF(widget->size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
+    if (image.isNull())
+        return image;
     image.fill(Qt::transparent);
     widget->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
     return image;

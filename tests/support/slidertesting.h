@@ -67,7 +67,8 @@ inline QImage canvas(const QWidget &widget, const QColor &ground)
 inline QImage painted(QWidget *widget, const QColor &ground = Qt::transparent)
 {
     QImage image = canvas(*widget, ground);
-    widget->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    if (!image.isNull())
+        widget->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
     return image;
 }
 

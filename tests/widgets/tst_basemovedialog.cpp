@@ -2,6 +2,7 @@
 
 #include "logcapture.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QApplication>
@@ -359,6 +360,6 @@ void tst_BaseMoveDialog::survivesTheLossOfItsHelper()
     QCOMPARE(m_dialog->geometry(), kGeometry);
 }
 
-QTEST_MAIN(tst_BaseMoveDialog)
+ORV_TEST_MAIN(tst_BaseMoveDialog)
 
 #include "tst_basemovedialog.moc"

@@ -1,5 +1,6 @@
 #include "basemovedialogtest.h"
 #include "lostpresses.h"
+#include "testmain.h"
 
 #include <climits>
 
@@ -616,6 +617,6 @@ void tst_BaseMoveDialog_gestures::mayBeDestroyedWhenAMoveIsFinishedByALoss()
     QTRY_VERIFY(!m_dialog);
 }
 
-QTEST_MAIN(tst_BaseMoveDialog_gestures)
+ORV_TEST_MAIN(tst_BaseMoveDialog_gestures)
 
 #include "tst_basemovedialog_gestures.moc"

@@ -1,6 +1,7 @@
 #include "basemovedialog.h"
 
 #include "framelesshelper.h"
+#include "testmain.h"
 #include "xpointer.h"
 
 #include <QtCore/QTimer>
@@ -251,6 +252,6 @@ void tst_BaseMoveDialog_x11::letsGoWhenAModalDialogOpens()
     QCOMPARE(m_moveFinished->count(), 1);
 }
 
-QTEST_MAIN(tst_BaseMoveDialog_x11)
+ORV_TEST_MAIN(tst_BaseMoveDialog_x11)
 
 #include "tst_basemovedialog_x11.moc"

@@ -3,6 +3,7 @@
 #include "logcapture.h"
 #include "orvcommonlib.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
@@ -351,6 +352,6 @@ void tst_BaseMoveDialogWithBackImage::paintsItsRecipeWithAbsurdMeasures()
     QCOMPARE(differingPixels(renderWidget(&dialog), recipe()), 0);
 }
 
-QTEST_MAIN(tst_BaseMoveDialogWithBackImage)
+ORV_TEST_MAIN(tst_BaseMoveDialogWithBackImage)
 
 #include "tst_basemovedialogwithbackimage.moc"

@@ -1,6 +1,7 @@
 #include "customizeiconbutton.h"
 #include "custompicturebtn.h"
 #include "customtoolbutton.h"
+#include "testmain.h"
 #include "xpointer.h"
 
 #include <QtGui/QImage>
@@ -152,6 +153,6 @@ void tst_ButtonsX11::clickPanelClosesWhenItLosesTheFocus()
     QVERIFY(!button->isChecked());
 }
 
-QTEST_MAIN(tst_ButtonsX11)
+ORV_TEST_MAIN(tst_ButtonsX11)
 
 #include "tst_buttons_x11.moc"

@@ -1,6 +1,7 @@
 #include "commonpopupdialog.h"
 #include "insideloop.h"
 #include "logcapture.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QWindow>
@@ -623,13 +624,13 @@ void tst_CommonPopupDialog::acceptsAbsurdSizes()
 {
     QFETCH(const QSize, size);
     QFETCH(const QSize, expected);
-    const LogCapture qtComplains;
+    const ExpectedWarnings negativeSizes("Negative sizes");
     CommonPopupDialog dialog(nullptr, QStringLiteral("Camera"), size, true, true, true, false, true);
     QCOMPARE(dialog.size(), expected.boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)));
     QCOMPARE(bodyOf(dialog)->size(), dialog.size());
     QVERIFY(titleOf(dialog)->width() <= qMax(0, dialog.width() - 18));
 }
 
-QTEST_MAIN(tst_CommonPopupDialog)
+ORV_TEST_MAIN(tst_CommonPopupDialog)
 
 #include "tst_commonpopupdialog.moc"

@@ -2,6 +2,7 @@
 #include "logcapture.h"
 #include "pictures.h"
 #include "slidertesting.h"
+#include "testmain.h"
 
 #include <QtTest/QTest>
 #include <QtTest/qtestspontaneevent.h>
@@ -284,6 +285,6 @@ void tst_custombidirectionslider::wheelIsLeftToTheParent()
     QVERIFY(area.verticalScrollBar()->value() < scrolled);
 }
 
-QTEST_MAIN(tst_custombidirectionslider)
+ORV_TEST_MAIN(tst_custombidirectionslider)
 
 #include "tst_custombidirectionslider.moc"

@@ -1,4 +1,5 @@
 #include "customcombox.h"
+#include "testmain.h"
 
 #include <QtCore/QTimer>
 #include <QtGui/QContextMenuEvent>
@@ -285,6 +286,6 @@ void tst_customcombox::destroyedWhileItsListIsOpen()
     QCoreApplication::processEvents();
 }
 
-QTEST_MAIN(tst_customcombox)
+ORV_TEST_MAIN(tst_customcombox)
 
 #include "tst_customcombox.moc"

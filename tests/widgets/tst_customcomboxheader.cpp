@@ -1,6 +1,7 @@
 #include "customcomboxheader.h"
 #include "mouseevents.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtTest/QSignalSpy>
@@ -364,6 +365,6 @@ void tst_CustomComboxHeader::hiddenByItsOwnClick()
     QTest::mouseClick(&header, Qt::LeftButton);
 }
 
-QTEST_MAIN(tst_CustomComboxHeader)
+ORV_TEST_MAIN(tst_CustomComboxHeader)
 
 #include "tst_customcomboxheader.moc"

@@ -1,5 +1,6 @@
 #include "customizeiconbutton.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
@@ -357,6 +358,6 @@ void tst_CustomizeIconButton::paintsItsStyleSheet()
     QCOMPARE(renderWidget(m_button).pixelColor(1, 1), QColor(0x12, 0x34, 0x56));
 }
 
-QTEST_MAIN(tst_CustomizeIconButton)
+ORV_TEST_MAIN(tst_CustomizeIconButton)
 
 #include "tst_customizeiconbutton.moc"

@@ -1,4 +1,5 @@
 #include "customkeysequenceedit.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
@@ -283,6 +284,6 @@ void tst_CustomKeySequenceEdit::destroyedInItsOwnSignal()
     QVERIFY(!edit);
 }
 
-QTEST_MAIN(tst_CustomKeySequenceEdit)
+ORV_TEST_MAIN(tst_CustomKeySequenceEdit)
 
 #include "tst_customkeysequenceedit.moc"

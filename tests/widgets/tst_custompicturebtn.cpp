@@ -1,5 +1,6 @@
 #include "custompicturebtn.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QtMath>
 #include <QtGui/QFontMetricsF>
@@ -467,6 +468,6 @@ void tst_CustomPictureBtn::paintsTheBaseFirst()
     QCOMPARE(picture.pixelColor(picture.rect().center()), QColor(Qt::red));
 }
 
-QTEST_MAIN(tst_CustomPictureBtn)
+ORV_TEST_MAIN(tst_CustomPictureBtn)
 
 #include "tst_custompicturebtn.moc"

@@ -1,4 +1,5 @@
 #include "customplaintextedit.h"
+#include "testmain.h"
 
 #include <QtTest/QTest>
 
@@ -35,6 +36,6 @@ void tst_CustomPlainTextEdit::negativeMarginsLetTheViewportGrow()
     QCOMPARE(edit.viewport()->geometry(), QRect(-5, 0, 210, 100));
 }
 
-QTEST_MAIN(tst_CustomPlainTextEdit)
+ORV_TEST_MAIN(tst_CustomPlainTextEdit)
 
 #include "tst_customplaintextedit.moc"

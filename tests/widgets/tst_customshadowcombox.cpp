@@ -1,5 +1,6 @@
 #include "logcapture.h"
 #include "shadowcombotesting.h"
+#include "testmain.h"
 
 #include <QtCore/QMetaMethod>
 #include <QtGui/QScreen>
@@ -488,6 +489,6 @@ void tst_CustomShadowCombox::manyRows()
     QCOMPARE(m_combo->count(), 0);
 }
 
-QTEST_MAIN(tst_CustomShadowCombox)
+ORV_TEST_MAIN(tst_CustomShadowCombox)
 
 #include "tst_customshadowcombox.moc"

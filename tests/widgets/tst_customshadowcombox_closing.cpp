@@ -1,5 +1,6 @@
 #include "mouseevents.h"
 #include "shadowcombotesting.h"
+#include "testmain.h"
 
 #include <QtTest/QSignalSpy>
 
@@ -624,6 +625,6 @@ void tst_CustomShadowComboxClosing::clearedInItsSignals()
     QCOMPARE(m_combo->currentIndex(), by == QLatin1String("row") ? 0 : -1);
 }
 
-QTEST_MAIN(tst_CustomShadowComboxClosing)
+ORV_TEST_MAIN(tst_CustomShadowComboxClosing)
 
 #include "tst_customshadowcombox_closing.moc"

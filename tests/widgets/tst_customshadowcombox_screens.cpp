@@ -1,4 +1,5 @@
 #include "shadowcombotesting.h"
+#include "testmain.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/qpa/qplatformscreen.h>
@@ -83,6 +84,6 @@ void tst_CustomShadowComboxScreens::opensOnTheScreenOfItsHeader()
     QCOMPARE(combo.arrow().contains(QLatin1String("up.png")), above);
 }
 
-QTEST_MAIN(tst_CustomShadowComboxScreens)
+ORV_TEST_MAIN(tst_CustomShadowComboxScreens)
 
 #include "tst_customshadowcombox_screens.moc"

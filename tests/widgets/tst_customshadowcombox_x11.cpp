@@ -1,4 +1,5 @@
 #include "shadowcombotesting.h"
+#include "testmain.h"
 #include "xpointer.h"
 
 #include <QtCore/QPointer>
@@ -348,6 +349,6 @@ void tst_CustomShadowComboxX11::destroyedByAClick()
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }
 
-QTEST_MAIN(tst_CustomShadowComboxX11)
+ORV_TEST_MAIN(tst_CustomShadowComboxX11)
 
 #include "tst_customshadowcombox_x11.moc"

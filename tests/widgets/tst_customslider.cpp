@@ -1,6 +1,7 @@
 #include "customslider.h"
 #include "lostpresses.h"
 #include "slidertesting.h"
+#include "testmain.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -245,6 +246,6 @@ void tst_customslider::aReleaseThatASlotFollowsIsAClick()
     QCOMPARE(spy.count(), 1);
 }
 
-QTEST_MAIN(tst_customslider)
+ORV_TEST_MAIN(tst_customslider)
 
 #include "tst_customslider.moc"

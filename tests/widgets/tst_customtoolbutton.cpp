@@ -2,6 +2,7 @@
 #include "logcapture.h"
 #include "lostpresses.h"
 #include "pressgesture.h"
+#include "testmain.h"
 
 #include <QtCore/QTimer>
 #include <QtTest/QSignalSpy>
@@ -82,6 +83,7 @@ void tst_CustomToolButton::directionsHaveTheirNumbers()
 
 void tst_CustomToolButton::buildsItsStyleSheetFromFourPictures()
 {
+    const ExpectedWarnings percentSign("Could not parse stylesheet");
     newButton(false)->updateImage(QStringLiteral(":/n%1.png"), QStringLiteral(":/c.png"),
                                   QStringLiteral(":/h.png"), QStringLiteral(":/d.png"));
     QCOMPARE(
@@ -709,7 +711,7 @@ void tst_CustomToolButton::nullPanels()
     QVERIFY(!panel()->isVisible());
 }
 
-QTEST_MAIN(tst_CustomToolButton)
+ORV_TEST_MAIN(tst_CustomToolButton)
 
 #include "moc_customtoolbuttontest.cpp"
 #include "tst_customtoolbutton.moc"

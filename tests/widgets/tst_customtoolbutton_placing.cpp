@@ -1,5 +1,6 @@
 #include "customtoolbuttontest.h"
 #include "logcapture.h"
+#include "testmain.h"
 
 #include <QtTest/QTest>
 
@@ -199,7 +200,7 @@ void tst_CustomToolButtonPlacing::logsEachPlacing()
     }
 }
 
-QTEST_MAIN(tst_CustomToolButtonPlacing)
+ORV_TEST_MAIN(tst_CustomToolButtonPlacing)
 
 #include "moc_customtoolbuttontest.cpp"
 #include "tst_customtoolbutton_placing.moc"

@@ -1,5 +1,6 @@
 #include "customwraptexttooltip.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QPainter>
@@ -253,6 +254,7 @@ void tst_customWrapTextToolTip::hasNoMetaObjectOfItsOwn()
 
 void tst_customWrapTextToolTip::survivesAbsurdSizes()
 {
+    const ExpectedWarnings negativeSizes("Negative sizes");
     customWrapTextToolTip narrow(customWrapTextToolTip::DirectionBottom, 0, nullptr, -50);
     narrow.setText(kLongText);
     renderWidget(&narrow);
@@ -262,6 +264,6 @@ void tst_customWrapTextToolTip::survivesAbsurdSizes()
     QVERIFY(negative.isVisible());
 }
 
-QTEST_MAIN(tst_customWrapTextToolTip)
+ORV_TEST_MAIN(tst_customWrapTextToolTip)
 
 #include "tst_customwraptexttooltip.moc"

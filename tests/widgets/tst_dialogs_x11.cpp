@@ -4,6 +4,7 @@
 #include "orvmaskctrl.h"
 #include "orvupdatetipdlg.h"
 #include "popuploadingdlgwithmask.h"
+#include "testmain.h"
 #include "tipsdlgwithcheckbox.h"
 #include "xpointer.h"
 
@@ -314,6 +315,6 @@ void tst_Dialogs_x11::showsTheLoading()
     QCOMPARE(movie->state(), QMovie::NotRunning);
 }
 
-QTEST_MAIN(tst_Dialogs_x11)
+ORV_TEST_MAIN(tst_Dialogs_x11)
 
 #include "tst_dialogs_x11.moc"

@@ -4,6 +4,7 @@
 #include "orvmaskctrl.h"
 #include "orvupdatetipdlg.h"
 #include "popuploadingdlgwithmask.h"
+#include "testmain.h"
 #include "tipsdlgwithcheckbox.h"
 
 #include <QtCore/QEvent>
@@ -463,6 +464,7 @@ void tst_DialogStorm::survives()
     qInfo("The seed of this storm is %u.", seed);
     Storm storm(seed, m_window, windowDies);
     {
+        const ExpectedWarnings execTwice("QEventLoop::exec: instance 0x[0-9a-f]+ has already called exec");
         const LogCapture quiet;
         storm.run();
     }
@@ -472,6 +474,6 @@ void tst_DialogStorm::survives()
     QCOMPARE(m_window.isNull(), windowDies);
 }
 
-QTEST_MAIN(tst_DialogStorm)
+ORV_TEST_MAIN(tst_DialogStorm)
 
 #include "tst_dialogstorm.moc"

@@ -1,6 +1,7 @@
 #include "framelesshelpertest.h"
 
 #include "logcapture.h"
+#include "testmain.h"
 
 #include <climits>
 #include <vector>
@@ -612,6 +613,6 @@ void tst_FramelessHelper::survivesDestructionOfOneWidgetByAnother()
     QCOMPARE(left, 1);
 }
 
-QTEST_MAIN(tst_FramelessHelper)
+ORV_TEST_MAIN(tst_FramelessHelper)
 
 #include "tst_framelesshelper.moc"

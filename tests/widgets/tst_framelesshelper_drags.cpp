@@ -1,5 +1,6 @@
 #include "framelesshelpertest.h"
 #include "lostpresses.h"
+#include "testmain.h"
 
 /// Moving, resizing and rubber bands; tst_FramelessHelper has the rest.
 class tst_FramelessHelper_drags : public FramelessHelperTest
@@ -485,6 +486,6 @@ void tst_FramelessHelper_drags::forgetsTheRubberBandWithTheWindow()
     QCOMPARE(m_window->geometry(), kFrame);
 }
 
-QTEST_MAIN(tst_FramelessHelper_drags)
+ORV_TEST_MAIN(tst_FramelessHelper_drags)
 
 #include "tst_framelesshelper_drags.moc"

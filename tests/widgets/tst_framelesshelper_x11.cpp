@@ -1,5 +1,6 @@
 #include "framelesshelper.h"
 
+#include "testmain.h"
 #include "xpointer.h"
 
 #include <QtCore/QVector>
@@ -385,6 +386,6 @@ void tst_FramelessHelper_x11::letsGoOfTheWindowWhenItIsHidden()
     QCOMPARE(m_window->geometry(), frame);
 }
 
-QTEST_MAIN(tst_FramelessHelper_x11)
+ORV_TEST_MAIN(tst_FramelessHelper_x11)
 
 #include "tst_framelesshelper_x11.moc"

@@ -1,6 +1,8 @@
 #include "horizontalslider.h"
 #include "horizontalsliderchecks.h"
+#include "logcapture.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtTest/QSignalSpy>
 
@@ -467,6 +469,6 @@ void tst_horizontalslider::skinIsWhatLiesThereNow()
     Checks::checkSkinIsWhatLiesThereNow<HorizontalSlider>([] { return new HorizontalSlider; });
 }
 
-QTEST_MAIN(tst_horizontalslider)
+ORV_TEST_MAIN(tst_horizontalslider)
 
 #include "tst_horizontalslider.moc"

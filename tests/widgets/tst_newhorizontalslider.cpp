@@ -1,6 +1,8 @@
 #include "horizontalsliderchecks.h"
+#include "logcapture.h"
 #include "newhorizontalslider.h"
 #include "pictures.h"
+#include "testmain.h"
 
 using namespace SliderTesting;
 namespace Checks = HorizontalSliderChecks;
@@ -435,6 +437,6 @@ void tst_newhorizontalslider::skinIsWhatLiesThereNow()
     Checks::checkSkinIsWhatLiesThereNow<NewHorizontalSlider>([] { return new Slider; });
 }
 
-QTEST_MAIN(tst_newhorizontalslider)
+ORV_TEST_MAIN(tst_newhorizontalslider)
 
 #include "tst_newhorizontalslider.moc"

@@ -3,6 +3,7 @@
 #include "insideloop.h"
 #include "logcapture.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QMetaMethod>
@@ -434,7 +435,7 @@ int main(int argc, char **argv)
 
     const QApplication application(argc, argv);
     tst_OrvMaskCtrl tests;
-    return QTest::qExec(&tests, argc, argv);
+    return TestMain::run(&tests, argc, argv);
 }
 
 #include "tst_orvmaskctrl.moc"

@@ -1,5 +1,6 @@
 #include "orvmaskctrl.h"
 
+#include "testmain.h"
 #include "xpointer.h"
 
 #include <QtGui/QImage>
@@ -96,6 +97,6 @@ void tst_OrvMaskCtrl_x11::coversOnlyTheSizeOfItsBeginning()
     QVERIFY(lightnessAt({499, 399}) < 200); // the label is the window's
 }
 
-QTEST_MAIN(tst_OrvMaskCtrl_x11)
+ORV_TEST_MAIN(tst_OrvMaskCtrl_x11)
 
 #include "tst_orvmaskctrl_x11.moc"

@@ -2,6 +2,7 @@
 #include "orvcommonlib.h"
 #include "orvupdatetipdlg.h"
 #include "pictures.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QTranslator>
@@ -413,6 +414,7 @@ void tst_OrvUpdateTipDlg::closesWithoutASignal()
 
 void tst_OrvUpdateTipDlg::acceptsAbsurdArguments()
 {
+    const ExpectedWarnings negativeSizes("Negative sizes");
     for (const QSize size : {QSize(), QSize(0, 0), QSize(-10, -10), QSize(30, 20)}) {
         OrvUpdateTipDlg dialog(size, QStringLiteral("/nowhere.png"), -5, 4000, 0, -1, nullptr, QString(),
                                QString(), true, false);
@@ -424,6 +426,6 @@ void tst_OrvUpdateTipDlg::acceptsAbsurdArguments()
     }
 }
 
-QTEST_MAIN(tst_OrvUpdateTipDlg)
+ORV_TEST_MAIN(tst_OrvUpdateTipDlg)
 
 #include "tst_orvupdatetipdlg.moc"

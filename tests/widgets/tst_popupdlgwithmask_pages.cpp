@@ -1,5 +1,7 @@
 #include "insideloop.h"
+#include "logcapture.h"
 #include "maskeddialogs.h"
+#include "testmain.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -253,6 +255,6 @@ void tst_PopupDlgWithMaskPages::pagesHaveNoContent()
     QCOMPARE(texts(), before);
 }
 
-QTEST_MAIN(tst_PopupDlgWithMaskPages)
+ORV_TEST_MAIN(tst_PopupDlgWithMaskPages)
 
 #include "tst_popupdlgwithmask_pages.moc"

@@ -1,6 +1,8 @@
 #include "insideloop.h"
+#include "logcapture.h"
 #include "maskeddialogs.h"
 #include "orvmaskctrl.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtGui/QWindow>
@@ -486,6 +488,6 @@ void tst_PopupDlgWithMaskRuns::applicationQuits()
     QVERIFY(returned);
 }
 
-QTEST_MAIN(tst_PopupDlgWithMaskRuns)
+ORV_TEST_MAIN(tst_PopupDlgWithMaskRuns)
 
 #include "tst_popupdlgwithmask_runs.moc"

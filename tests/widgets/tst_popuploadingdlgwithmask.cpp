@@ -2,6 +2,7 @@
 #include "logcapture.h"
 #include "pictures.h"
 #include "popuploadingdlgwithmask.h"
+#include "testmain.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QScopeGuard>
@@ -566,13 +567,13 @@ void tst_PopupLoadingDlgWithMask::acceptsAbsurdSizes()
 {
     QFETCH(const QSize, dialogSize);
     QFETCH(const QSize, boxSize);
-    const LogCapture qtComplains;
+    const ExpectedWarnings negativeSizes("Negative sizes");
     const Loading loading(dialogSize, boxSize);
     loading.dialog->show();
     QCoreApplication::processEvents();
     QVERIFY(loading.dialog->isVisible());
 }
 
-QTEST_MAIN(tst_PopupLoadingDlgWithMask)
+ORV_TEST_MAIN(tst_PopupLoadingDlgWithMask)
 
 #include "tst_popuploadingdlgwithmask.moc"

@@ -3,6 +3,7 @@
 #include "customsliderbarwidget.h"
 #include "horizontalslider.h"
 #include "newhorizontalslider.h"
+#include "testmain.h"
 #include "xpointer.h"
 
 #include <QtGui/QWindow>
@@ -329,6 +330,6 @@ void tst_SlidersX11::cursors()
     }
 }
 
-QTEST_MAIN(tst_SlidersX11)
+ORV_TEST_MAIN(tst_SlidersX11)
 
 #include "tst_sliders_x11.moc"

@@ -1,6 +1,7 @@
 #include "customcombox.h"
 #include "customkeysequenceedit.h"
 #include "customwraptexttooltip.h"
+#include "testmain.h"
 #include "xpointer.h"
 
 #include <QtCore/QPointer>
@@ -106,6 +107,6 @@ void tst_TextWidgetsX11::rightClickOnTheComboChangesNothing()
     QCOMPARE(combo.currentIndex(), 0);
 }
 
-QTEST_MAIN(tst_TextWidgetsX11)
+ORV_TEST_MAIN(tst_TextWidgetsX11)
 
 #include "tst_textwidgets_x11.moc"

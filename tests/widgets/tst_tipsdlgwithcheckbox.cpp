@@ -1,6 +1,7 @@
 #include "insideloop.h"
 #include "orvcommonlib.h"
 #include "pictures.h"
+#include "testmain.h"
 #include "tipsdlgwithcheckbox.h"
 
 #include <QtCore/QFile>
@@ -193,6 +194,7 @@ void tst_TipsDlgWithCheckbox::boundsItsHeight()
 {
     QFETCH(const QSize, asked);
     QFETCH(const QSize, given);
+    const ExpectedWarnings negativeSizes("Negative sizes");
     const std::unique_ptr<TipsDlgWithCheckbox> dialog(newTip(nullptr, asked));
     QCOMPARE(dialog->size(), given);
     QCOMPARE(dialog->minimumSize(), QSize(given.width(), 210));
@@ -612,6 +614,6 @@ void tst_TipsDlgWithCheckbox::applicationQuits()
     QVERIFY(returned);
 }
 
-QTEST_MAIN(tst_TipsDlgWithCheckbox)
+ORV_TEST_MAIN(tst_TipsDlgWithCheckbox)
 
 #include "tst_tipsdlgwithcheckbox.moc"
