@@ -15,7 +15,8 @@ class QLabel;
 /// The part of a CustomShadowCombox that is always seen: the current text and an arrow. It reports clicks.
 ///
 /// Its object name is "CustomComboxHeader". A click is a left press and its release within
-/// `QApplication::startDragDistance()`. The arrow of the small style is the application's own picture,
+/// `QApplication::startDragDistance()`; a press whose release cannot come, because the header is hidden or a
+/// modal window opens, ends without a click. The arrow of the small style is the application's own picture,
 /// ":/graffiti/resources/graffiti/fontbox/downarrow.svg"; without it the header shows no arrow. GUI thread
 /// only.
 class ORVCOMMONLIB_EXPORT CustomComboxHeader : public QWidget
@@ -24,20 +25,28 @@ class ORVCOMMONLIB_EXPORT CustomComboxHeader : public QWidget
 
 public:
     /// The normal style: fixed at 260 x 48.
+    /// \param parent the owner; may be null
     explicit CustomComboxHeader(QWidget *parent);
-    /// The small style, of no fixed size, when `isSmallStyle`; the normal one otherwise.
+    /// \param isSmallStyle the small style, of no fixed size; otherwise the normal one
+    /// \param parent       the owner; may be null
     CustomComboxHeader(bool isSmallStyle, QWidget *parent);
     ~CustomComboxHeader() override;
 
+    /// Sets the text.
+    /// \param text what the label shows
     void setText(QString text);
-    /// The arrow: up, or the down arrow of the style.
+    /// Sets the arrow.
+    /// \param isUp the arrow up; otherwise the down arrow of the style
     void setIconState(bool isUp);
-    /// Sets the header's style sheet; "%1" in the template stands for its object name.
+    /// Sets the header's own style sheet.
+    /// \param styleTemplate the sheet; "%1" in it stands for the header's object name
     void setCustomStyle(QString styleTemplate);
-    /// Sets the text label's style sheet.
+    /// Sets the style sheet of the text label.
+    /// \param style the sheet
     void setCustomTextStyle(QString style);
 
 Q_SIGNALS:
+    /// The header was clicked. A slot may destroy it.
     void signalClicked();
 
 protected:

@@ -20,33 +20,27 @@ CustomPictureBtn::CustomPictureBtn(QWidget *parent)
 }
 
 CustomPictureBtn::CustomPictureBtn(const QString &text, QWidget *parent)
-    : QPushButton(parent)
-    , m_text(text)
+    : CustomPictureBtn(QIcon(), text, parent)
 {
-    // Not through the base's constructor: assistive technology is told of a new text, asks who that is, and
-    // remembers the answer, which would be that of a plain push button.
-    setText(text);
-    setFontColor(QColor(kDefaultTextColor));
+    m_text = text;
 }
 
 CustomPictureBtn::CustomPictureBtn(const QIcon &icon, const QString &text, QWidget *parent)
-    : QPushButton(parent)
+    : CustomPictureBtn(parent)
 {
+    // Not through the base's constructor: assistive technology is told of a new text, asks who that is, and
+    // remembers the answer, which would be that of a plain push button.
     setIcon(icon);
     setText(text);
-    setFontColor(QColor(kDefaultTextColor));
 }
 
 CustomPictureBtn::CustomPictureBtn(const QImage &image, const QString &text, int span, QWidget *parent,
                                    bool autoResize)
-    : QPushButton(parent)
-    , m_normalImage(image)
-    , m_disabledImage(image)
-    , m_text(text)
-    , m_span(span)
-    , m_checkedImage(image)
+    : CustomPictureBtn(parent)
 {
-    setFontColor(QColor(kDefaultTextColor));
+    m_normalImage = m_disabledImage = m_checkedImage = image;
+    m_text = text;
+    m_span = span;
     if (!m_text.isEmpty() && autoResize)
         resizeWithIconAndText();
 }

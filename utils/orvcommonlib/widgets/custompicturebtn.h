@@ -23,41 +23,73 @@ class ORVCOMMONLIB_EXPORT CustomPictureBtn : public QPushButton
     Q_OBJECT
 
 public:
+    /// Without pictures and text, to be given later.
+    /// \param parent the owner; may be null
     explicit CustomPictureBtn(QWidget *parent = nullptr);
 
-    /// The base gets the text as well and shows its own label of it, unless a style hides that.
+    /// With a text.
+    /// \param text   painted by this class, and given to the base, which shows its own label of it as well,
+    ///               unless a style hides that
+    /// \param parent the owner; may be null
     CustomPictureBtn(const QString &text, QWidget *parent);
 
-    /// Icon and text go to the base; this class paints nothing of its own.
+    /// With an icon and a text of the base: this class paints nothing of its own.
+    /// \param icon,text what QPushButton shows
+    /// \param parent    the owner; may be null
     CustomPictureBtn(const QIcon &icon, const QString &text, QWidget *parent);
 
-    /// `image` serves as normal, disabled and checked picture; `span` is the gap between picture and text.
-    /// With `autoResize` and a text the button gets the fixed size of both.
+    /// With a picture and a text.
+    /// \param image      the normal, disabled and checked picture
+    /// \param text       the text beside it
+    /// \param span       the gap between picture and text
+    /// \param parent     the owner; may be null
+    /// \param autoResize whether the button gets the fixed size of both; only with a text
     CustomPictureBtn(const QImage &image, const QString &text, int span, QWidget *parent, bool autoResize);
     ~CustomPictureBtn() override;
 
-    /// One font for all states.
+    /// Sets one font for all states.
+    /// \param font the font
     void setFont(const QFont &font);
-    /// The hover font is stored but never drawn with: the text keeps its width under the pointer.
+    /// Sets the fonts of the states.
+    /// \param normal,checked,disabled the font in each state
+    /// \param hover stored but never drawn with: the text keeps its width under the pointer
     void setFont(const QFont &normal, const QFont &hover, const QFont &checked, const QFont &disabled);
 
-    /// One text colour for all states.
+    /// Sets one text colour for all states.
+    /// \param color the colour; #FF4D4D at first
     void setFontColor(const QColor &color);
+    /// Sets the text colours of the states.
+    /// \param normal,hover,checked,disabled the colour in each state
     void setFontColor(const QColor &normal, const QColor &hover, const QColor &checked,
                       const QColor &disabled);
 
+    /// Sets the picture under the pointer.
+    /// \param image the picture; a null one shows the normal one instead
     void setHoverIcon(QImage &image);
+    /// Sets the picture of a checked button.
+    /// \param image the picture; a null one shows none
     void setCheckedIcon(QImage &image);
+    /// Sets the picture of a disabled button.
+    /// \param image the picture; a null one shows the hover or normal one instead
     void setDisabledIcon(QImage &image);
 
-    /// Loads the normal picture from `path`, unless that is empty, and places it. Shows at the next paint.
+    /// Loads the normal picture and places it. Shows at the next paint.
+    /// \param path a file name or resource path; an empty one keeps the picture, one that cannot be read
+    ///             leaves none
+    /// \param rect where the picture is drawn, scaled to fit; a null one is computed at the next paint,
+    ///             unless the text has a rectangle: then no picture is drawn
     void setCustomImg(QString path, QRect rect);
     /// Sets the painted text and places it. Shows at the next paint.
+    /// \param text the text
+    /// \param rect where it is drawn; a null one is computed at the next paint
     void setCustomText(QString text, QRect rect);
-    /// The painted text.
+    /// \return the painted text
     QString customText() const { return m_text; }
+    /// Places the picture.
+    /// \param rect as for setCustomImg()
     void adjustIconRect(QRect rect);
-    /// Takes effect at the next computation of size or layout.
+    /// Sets the gap between picture and text. Takes effect at the next computation of size or layout.
+    /// \param span the gap; 0 at first
     void setSpan(int span);
 
     /// Fixes the size to that of picture, gap and text. The height is the larger one of picture and font,

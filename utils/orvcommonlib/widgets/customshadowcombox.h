@@ -18,14 +18,15 @@ class ShadowPopupWidget;
 ///
 /// Rows can be gray, as not available: a click on one is reported separately and selects nothing. The list
 /// opens below the header, or above it where the screen has no room, and the arrow tells which; it closes on
-/// a click on a row or the header, on any key, on a press elsewhere and when its window is deactivated.
+/// a click on a row or the header, on any key, on a press elsewhere, with the combo box or its window, and
+/// when the list is deactivated while the pointer is outside combo box and list.
 ///
 /// Signals:
 /// - a click on another row: the row becomes current, `currentIndexChanged()`, then the list hides;
 /// - a click on the current row: the list hides, nothing is emitted;
 /// - a click on a gray row: the list hides, then `currentGrayIndexChanged()`;
-/// - a press outside, a deactivation, a key press, `hidePopup()`, or a combo box or window that is hidden or
-///   closed: the list hides, then `signalPopWidHideWhenClickOtherPos()` once;
+/// - a press outside, a deactivation with the pointer outside, a key press, `hidePopup()`, or a combo box or
+///   window that is hidden or closed: the list hides, then `signalPopWidHideWhenClickOtherPos()` once;
 /// - a click on the header while the list is open: the list hides, nothing is emitted;
 /// - `setCurrentIndex()` emits nothing.
 ///
@@ -37,59 +38,96 @@ class ORVCOMMONLIB_EXPORT CustomShadowCombox : public QWidget
 
 public:
     /// The normal look.
+    /// \param parent the owner; may be null
     explicit CustomShadowCombox(QWidget *parent);
-    /// The small look when `isSmallStyle`, with rows 28 high.
+    /// \param isSmallStyle the small look, with rows 28 high; otherwise the normal one
+    /// \param parent       the owner; may be null
     CustomShadowCombox(bool isSmallStyle, QWidget *parent);
-    /// The small look when `isSmallStyle`, with rows of `itemHeight`; rows of the normal look are always 48
-    /// high.
+    /// \param isSmallStyle the small look; otherwise the normal one
+    /// \param itemHeight   the height of the rows of the small look, by which its list is measured; rows of
+    ///                     the normal look are always counted as 48 high
+    /// \param parent       the owner; may be null
     CustomShadowCombox(bool isSmallStyle, int itemHeight, QWidget *parent);
     ~CustomShadowCombox() override;
 
-    /// Appends a normal row.
+    /// Appends a normal row, and logs that in four lines.
+    /// \param text the row's text; one that is too long is shown elided
     void addItem(QString text);
-    /// Appends a normal row that may start gray, with the badge in Chinese or the other one.
+    /// Appends a normal row that may start gray.
+    /// \param text      the row's text
+    /// \param isGray    whether it starts gray, with a badge
+    /// \param isChinese the badge in Chinese, or the other one
     void addItem(QString text, bool isGray, bool isChinese);
-    /// Appends a normal row with the given text size in pixels.
+    /// Appends a normal row.
+    /// \param text     the row's text
+    /// \param fontSize the size of the text in pixels
     void addItem(QString text, int fontSize);
-    /// Appends a row of small corners with the given measures in pixels.
+    /// Appends a row of small corners.
+    /// \param text       the row's text
+    /// \param itemHeight the height of the row, which the list's height does not follow
+    /// \param fontSize   the size of the text in pixels
+    /// \param iconSize   width and height of the check mark
     void addItem(QString text, int itemHeight, int fontSize, int iconSize);
     /// Appends a small row: 28 high with a text of 12 pixels.
+    /// \param text the row's text
     void addSmallStyleItem(QString text);
 
     /// Deletes all rows. The current index and the header's text are deliberately left as they were.
     void clear();
+    /// \return the number of rows
     int count() const;
 
-    /// The selected row, -1 before the first selection.
+    /// \return the selected row, -1 before the first selection; after clear() still that of before
     int currentIndex();
-    /// Selects a row and shows its text in the header; an index out of range changes nothing. Emits nothing.
+    /// Selects a row and logs that in two lines. Emits nothing.
+    ///
+    /// The header shows the text of the row that is current then. After clear() there is none: an index out
+    /// of range, which otherwise changes nothing, empties the header.
+    /// \param index the row; one out of range is ignored
     void setCurrentIndex(int index);
 
-    /// The row's user data; an invalid QVariant for an index out of range.
+    /// \param index the row
+    /// \return what setItemData() gave it; an invalid QVariant for an index out of range
     QVariant itemData(int index);
+    /// Keeps something of the client's with a row.
+    /// \param index the row; one out of range is ignored
+    /// \param value what is kept
     void setItemData(int index, const QVariant &value);
 
-    /// Makes each row gray or not; ignored unless there is one state for each row.
+    /// Makes each row gray or not.
+    /// \param states one for each row, otherwise nothing happens; not changed
     void setItemGrayState(QVector<bool> &states);
 
-    /// "%1" in the template stands for the header's object name.
+    /// Sets the header's style sheet.
+    /// \param styleTemplate the sheet; "%1" in it stands for the header's object name
     void setHeaderStyle(QString styleTemplate);
+    /// Sets the style sheet of the header's text.
+    /// \param style the sheet
     void setHeaderTextStyle(QString style);
 
-    /// True while the list is open, and while the combo box's window is the active one.
+    /// \return true while the list is open, and while the combo box's window is the active one
     bool isActive();
 
     /// Closes the list, and reports that even when it was closed already.
     void hidePopup();
 
 Q_SIGNALS:
+    /// The user has chosen another row. The list is still open.
+    /// \param index the row, which is current already
     void currentIndexChanged(int index);
+    /// The user has clicked a gray row. The list is closed.
+    /// \param index the row, which has not become current
     void currentGrayIndexChanged(int index);
+    /// The list has closed without a choice.
     void signalPopWidHideWhenClickOtherPos();
-    /// A mouse move was delivered anywhere in the application while the list is open and the pointer, at the
-    /// global point `gPos`, is outside it.
+    /// A mouse move was delivered anywhere in the application while the list is open and the pointer is
+    /// outside it.
+    /// \param gPos where the pointer is, in global coordinates
     void signalMouseMoveLeavePopup(QPoint gPos);
+    /// Relayed from slotAddOneLiveOption(), which the application connects.
     void signalAddOneLiveOption();
+    /// Relayed from slotDeleteOneLiveOption(), which the application connects.
+    /// \param index the slot's argument
     void signalDeleteOneLiveOption(int index);
 
 protected Q_SLOTS:
