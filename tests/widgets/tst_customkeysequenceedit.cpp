@@ -151,10 +151,17 @@ void tst_CustomKeySequenceEdit::backspaceOnAnEmptyEditorStillEndsTheEditing()
 void tst_CustomKeySequenceEdit::cutsAtTheFirstComma()
 {
     // "Ctrl+," is cut into "Ctrl+", which names no key.
-    CustomKeySequenceEdit edit;
+    const QKeySequence cut = QKeySequence::fromString(QStringLiteral("Ctrl+"), QKeySequence::PortableText);
+    QVERIFY(cut != QKeySequence(Qt::CTRL + Qt::Key_Comma));
+    CustomKeySequenceEdit edit(QKeySequence(Qt::CTRL + Qt::Key_A), nullptr, QString());
+    QSignalSpy changed(&edit, &QKeySequenceEdit::keySequenceChanged);
     QTest::keyClick(&edit, Qt::Key_Comma, Qt::ControlModifier);
-    QCOMPARE(edit.keySequence(),
-             QKeySequence::fromString(QStringLiteral("Ctrl+"), QKeySequence::PortableText));
+    QCOMPARE(edit.keySequence(), cut);
+    QCOMPARE(changed.constLast().constFirst().value<QKeySequence>(), cut);
+    // The cut takes what it finds, also between chords.
+    edit.QKeySequenceEdit::setKeySequence(QKeySequence(Qt::CTRL + Qt::Key_X, Qt::CTRL + Qt::Key_Y));
+    QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(edit.keySequence().count(), 1);
 }
 
 void tst_CustomKeySequenceEdit::clearBringsTheStoredPlaceholderBack()

@@ -166,8 +166,12 @@ void tst_customWrapTextToolTip::setTextFitsTheWindow()
     QCOMPARE(label(oneLine)->text(), QStringLiteral("Short"));
     QCOMPARE(oneLine.height(), 30);
     const int shortWidth = oneLine.width();
+    QCOMPARE(shortWidth, oneLine.sizeHint().width());
     oneLine.setText(QStringLiteral("Rather longer"));
     QVERIFY(oneLine.width() > shortWidth);
+    QCOMPARE(oneLine.width(), oneLine.sizeHint().width());
+    oneLine.setText(QStringLiteral("Short"));
+    QCOMPARE(oneLine.width(), shortWidth);
 
     customWrapTextToolTip wrapping(customWrapTextToolTip::DirectionLeft, 120, nullptr, 0);
     wrapping.setText(QStringLiteral("Short"));
@@ -175,6 +179,10 @@ void tst_customWrapTextToolTip::setTextFitsTheWindow()
     wrapping.setText(kLongText);
     QCOMPARE(wrapping.width(), 148);
     QVERIFY(wrapping.height() > oneLineHeight);
+    wrapping.show();
+    QVERIFY(label(wrapping)->height() >= label(wrapping)->heightForWidth(120)); // nothing is cut off
+    wrapping.setText(QStringLiteral("Short"));
+    QCOMPARE(wrapping.height(), oneLineHeight);
 }
 
 void tst_customWrapTextToolTip::paintsBoxAndArrow_data()
@@ -257,11 +265,14 @@ void tst_customWrapTextToolTip::survivesAbsurdSizes()
     const ExpectedWarnings negativeSizes("Negative sizes");
     customWrapTextToolTip narrow(customWrapTextToolTip::DirectionBottom, 0, nullptr, -50);
     narrow.setText(kLongText);
-    renderWidget(&narrow);
+    QCOMPARE(narrow.width(), 16);
+    QCOMPARE(label(narrow)->text(), kLongText);
+    QVERIFY(!renderWidget(&narrow).isNull());
     customWrapTextToolTip negative(customWrapTextToolTip::DirectionLeft, -100, nullptr, 0);
     negative.setText(QString());
     negative.show();
     QVERIFY(negative.isVisible());
+    QCOMPARE(negative.width(), 0);
 }
 
 ORV_TEST_MAIN(tst_customWrapTextToolTip)

@@ -420,9 +420,14 @@ void tst_OrvUpdateTipDlg::acceptsAbsurdArguments()
                                QString(), true, false);
         QCOMPARE(dialog.size(), size.expandedTo(QSize(0, 0)));
         dialog.setAttribute(Qt::WA_DeleteOnClose, false);
+        const QSignalSpy confirmed(&dialog, &OrvUpdateTipDlg::sig_confirmBtnClicked);
         dialog.show();
         dialog.setNewVersionLink(QStringLiteral("<a href=\"\">"));
-        dialog.close();
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.layout()->contentsMargins().top(), 4000);
+        dialog.findChildren<QPushButton *>().last()->click();
+        QCOMPARE(confirmed.count(), 1);
+        QVERIFY(!dialog.isVisible());
     }
 }
 

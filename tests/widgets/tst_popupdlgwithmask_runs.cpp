@@ -10,6 +10,8 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QHBoxLayout>
 
+#include <private/qthread_p.h>
+
 using namespace MaskedDialogs;
 
 Q_DECLARE_METATYPE(Action)
@@ -269,16 +271,31 @@ void tst_PopupDlgWithMaskRuns::execWithPosUsesTheRecordedLoop()
 
 void tst_PopupDlgWithMaskRuns::execWithPosAfterQuit()
 {
-    // A loop that the dialog did not end stays recorded, and serves the next run.
+    // A loop that the dialog did not end stays recorded, and serves the next run; one that it ended does not.
     const auto dialog = makeMessage();
     QPoint pos(10, 10);
+    QVector<const QEventLoop *> loops;
+    const auto noteLoop = [&loops] {
+        loops << QThreadData::get2(QThread::currentThread())->eventLoops.top();
+    };
     InsideLoop::run([&] {
-        InsideLoop::run([] { QCoreApplication::quit(); });
+        InsideLoop::run([&] {
+            noteLoop();
+            QCoreApplication::quit();
+        });
         QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::NoResult);
     });
     QCoreApplication::exec();
-    InsideLoop::run([&] { InsideLoop::click(closeButtonOf(dialog.get())); });
-    QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::Closed);
+    for (int run = 0; run < 2; ++run) {
+        InsideLoop::run([&] {
+            noteLoop();
+            InsideLoop::click(closeButtonOf(dialog.get()));
+        });
+        QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::Closed);
+    }
+    QCOMPARE(loops.size(), 3);
+    QCOMPARE(loops.at(1), loops.at(0));
+    QVERIFY(loops.at(2) != loops.at(1)); // which is left to the process
     InsideLoop::run([&] { InsideLoop::click(confirmButtonOf(dialog.get())); });
     QCOMPARE(dialog->exec(), PopupDlgWithMask::Confirmed);
 }

@@ -572,6 +572,15 @@ void tst_PopupLoadingDlgWithMask::acceptsAbsurdSizes()
     loading.dialog->show();
     QCoreApplication::processEvents();
     QVERIFY(loading.dialog->isVisible());
+    const QSize largest(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    // Qt takes negative margins for the style's own, which need room.
+    if (dialogSize.width() >= 0)
+        QCOMPARE(loading.dialog->size(), dialogSize);
+    QCOMPARE(loading.box()->size(), boxSize.expandedTo(QSize(0, 0)).boundedTo(largest));
+    QCOMPARE(loading.movieLabel()->size(), QSize(50, 50));
+    QCOMPARE(loading.movie->state(), QMovie::Running);
+    destroy(loading.dialog);
+    QCOMPARE(loading.movie->state(), QMovie::NotRunning);
 }
 
 ORV_TEST_MAIN(tst_PopupLoadingDlgWithMask)
