@@ -30,6 +30,17 @@ void ModalRun::enter(QEventLoop &loop)
     m_loop = nullptr;
 }
 
+void ModalRun::enterOwnLoop(QEventLoop *&recordedLoop)
+{
+    if (!m_dialog)
+        return;
+    QEventLoop loop;
+    recordedLoop = &loop;
+    enter(loop);
+    if (m_dialog)
+        recordedLoop = nullptr;
+}
+
 void ModalRun::end(QEventLoop *&recordedLoop)
 {
     if (!recordedLoop)

@@ -22,10 +22,15 @@ public:
     /// exec() was still showing it: nothing would end that loop any more.
     void enter(QEventLoop &loop);
 
-    /// Whether the dialog still exists.
-    bool isDialogAlive() const { return m_dialog != nullptr; }
-    /// The result that the dialog held when it was destroyed; 0 while it lives.
-    qint32 lastResult() const { return m_lastResult; }
+    /// The same with a loop of its own, which the dialog has recorded meanwhile.
+    void enterOwnLoop(QEventLoop *&recordedLoop);
+
+    /// What exec() returns: the result that the dialog holds, or held when it was destroyed.
+    template<typename Result>
+    Result result(const Result &held) const
+    {
+        return m_dialog ? held : static_cast<Result>(m_lastResult);
+    }
 
     /// Tells the loop that a dialog has recorded to exit with code 0 and forgets it; nothing when none is
     /// recorded.

@@ -5,7 +5,6 @@
 
 #include <QtCore/QDebug>
 #include <QtCore/QEvent>
-#include <QtCore/QEventLoop>
 #include <QtCore/QPointer>
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QHBoxLayout>
@@ -109,16 +108,10 @@ CommonPopupDialog::ExecResult CommonPopupDialog::exec()
 {
     ModalRun run(this);
     show();
-    QEventLoop loop;
-    if (run.isDialogAlive())
-        m_eventLoop = &loop;
     qInfo() << "begin loop func:" << kExecName << ";line:" << __LINE__;
-    run.enter(loop);
+    run.enterOwnLoop(m_eventLoop);
     qInfo() << "end loop func:" << kExecName << ";line:" << __LINE__;
-    if (!run.isDialogAlive())
-        return static_cast<ExecResult>(run.lastResult());
-    m_eventLoop = nullptr;
-    return m_result;
+    return run.result(m_result);
 }
 
 QString CommonPopupDialog::title() const

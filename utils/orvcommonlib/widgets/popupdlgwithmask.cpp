@@ -173,15 +173,9 @@ void PopupDlgWithMask::addBottomRow(const QString &confirmText, const QString &n
 PopupDlgWithMask::ExecResult PopupDlgWithMask::exec()
 {
     ModalRun run(this);
-    QEventLoop loop;
-    if (present()) {
-        m_eventLoop = &loop;
-        run.enter(loop);
-    }
-    if (!run.isDialogAlive())
-        return static_cast<ExecResult>(run.lastResult());
-    m_eventLoop = nullptr;
-    return m_result;
+    if (present())
+        run.enterOwnLoop(m_eventLoop);
+    return run.result(m_result);
 }
 
 PopupDlgWithMask::ExecResult PopupDlgWithMask::execWithPos(QPoint &pos)
@@ -193,7 +187,7 @@ PopupDlgWithMask::ExecResult PopupDlgWithMask::execWithPos(QPoint &pos)
             m_eventLoop = new QEventLoop;
         run.enter(*m_eventLoop);
     }
-    return run.isDialogAlive() ? m_result : static_cast<ExecResult>(run.lastResult());
+    return run.result(m_result);
 }
 
 /// Brings mask and dialog to the front; false when the dialog did not survive that.

@@ -7,7 +7,6 @@
 #include "styledlabel.h"
 
 #include <QtCore/QEvent>
-#include <QtCore/QEventLoop>
 #include <QtCore/QMargins>
 #include <QtCore/QPointer>
 #include <QtGui/QPixmap>
@@ -258,12 +257,7 @@ void TipsDlgWithCheckbox::exec()
 {
     ModalRun run(this);
     show();
-    QEventLoop loop;
-    if (run.isDialogAlive())
-        m_eventLoop = &loop;
-    run.enter(loop);
-    if (run.isDialogAlive())
-        m_eventLoop = nullptr;
+    run.enterOwnLoop(m_eventLoop);
 }
 
 void TipsDlgWithCheckbox::forceToExit()
