@@ -1,6 +1,8 @@
 #include "mouseevents.h"
 #include "shadowcombotesting.h"
+
 #include "testmain.h"
+#include <QtWidgets/QDialog>
 
 #include <QtTest/QSignalSpy>
 
@@ -53,6 +55,7 @@ private Q_SLOTS:
     void destroyedInItsSignals();
     void windowDestroyedInItsSignals_data();
     void windowDestroyedInItsSignals();
+    void dialogDestroyedByTheReport();
     void widgetDestroyedByAPressOnIt();
     void clearedInItsSignals_data();
     void clearedInItsSignals();
@@ -596,6 +599,27 @@ void tst_CustomShadowComboxClosing::windowDestroyedInItsSignals()
     inEachSignal([this] { deleteWindow(); });
     provoke(by);
     QTRY_VERIFY(!m_combo);
+}
+
+void tst_CustomShadowComboxClosing::dialogDestroyedByTheReport()
+{
+    // QDialog goes on with itself after it has been hidden: the report has to wait until it is done.
+    const QPointer<QDialog> dialog(new QDialog);
+    auto *combo = new Combo(dialog);
+    combo->add(3);
+    dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(dialog));
+    combo->showPopup();
+    bool inHide = true;
+    bool reportedInHide = false;
+    connect(combo, &Combo::signalPopWidHideWhenClickOtherPos, this, [&] {
+        reportedInHide = inHide;
+        delete dialog.data();
+    });
+    dialog->hide();
+    inHide = false;
+    QTRY_VERIFY(!dialog);
+    QVERIFY(!reportedInHide);
 }
 
 void tst_CustomShadowComboxClosing::widgetDestroyedByAPressOnIt()

@@ -10,6 +10,7 @@
 #include <QtCore/QPointer>
 #include <QtGui/QCursor>
 #include <QtGui/QScreen>
+#include <QtWidgets/QDialog>
 #include <QtWidgets/QHBoxLayout>
 
 #include <utility>
@@ -361,7 +362,8 @@ bool CustomShadowCombox::isOutside(QPoint globalPos) const
 // focus chain by then.
 bool CustomShadowCombox::isHiddenWith(const QWidget *hidden) const
 {
-    return (hidden == this || hidden->isAncestorOf(this)) && hidden->nextInFocusChain();
+    return (hidden == this || hidden->isAncestorOf(this)) && hidden->nextInFocusChain() &&
+           !qobject_cast<const QDialog *>(hidden); // which goes on with itself
 }
 
 void CustomShadowCombox::reportHiding()
