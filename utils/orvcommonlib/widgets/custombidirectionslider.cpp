@@ -24,6 +24,22 @@ int truncated(double x)
     return int(qBound(kLowest, x, kHighest));
 }
 
+// With the square ends of a pen a line covers a rectangle. If these are whole pixels, no edge need be smoothed.
+void drawLine(QPainter *painter, const QLine &line, int width, const QColor &color)
+{
+    const qreal half = width / 2.0;
+    const QRectF covered = QRectF(line.p1(), line.p2()).normalized().adjusted(-half, -half, half, half);
+    const QRectF pixels = painter->deviceTransform().mapRect(covered);
+    const bool isSharp = width > 0 && pixels == QRectF(pixels.toRect());
+    painter->setRenderHint(QPainter::Antialiasing, !isSharp);
+    if (isSharp) {
+        painter->fillRect(covered, color);
+    } else {
+        painter->setPen(QPen(color, width));
+        painter->drawLine(line);
+    }
+}
+
 } // namespace
 
 CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth, QColor lineColor,
@@ -80,24 +96,15 @@ void CustomBidirectionSlider::paintEvent(QPaintEvent *event)
     QSlider::paintEvent(event);
 
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor(0xE0, 0xE0, 0xE0));
-    painter.drawLine(centerX(), height() - kTickHeight, centerX(), height());
-    if (value() != middle())
-        paintLine(&painter);
-}
-
-void CustomBidirectionSlider::paintLine(QPainter *painter) const
-{
-    const int from = valueX();
-    const int to = centerX();
-    // A line that would have to run away from the handle is none.
-    const bool isRight = value() > middle();
-    if (from == to || (isRight && from < to) || (!isRight && from > to))
+    const int center = centerX();
+    drawLine(&painter, QLine(center, height() - kTickHeight, center, height()), 1, QColor(0xE0, 0xE0, 0xE0));
+    if (value() == middle())
         return;
-    painter->setPen(QPen(m_lineColor, qBound(0, m_lineWidth, kWidestPen)));
-    painter->setBrush(m_lineColor);
-    painter->drawLine(from, height() / 2, to, height() / 2);
+    const int end = valueX();
+    // A line that would have to run away from the handle is none.
+    if (value() > middle() ? end > center : end < center)
+        drawLine(&painter, QLine(end, height() / 2, center, height() / 2), qBound(0, m_lineWidth, kWidestPen),
+                 m_lineColor);
 }
 
 void CustomBidirectionSlider::wheelEvent(QWheelEvent *event)

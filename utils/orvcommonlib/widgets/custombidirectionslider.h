@@ -38,7 +38,6 @@ private:
     double share(int value) const;
     int centerX() const;
     int valueX() const;
-    void paintLine(QPainter *painter) const;
 
     int m_lineWidth;
     int m_handleWidth;
