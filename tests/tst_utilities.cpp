@@ -29,16 +29,20 @@ QString md5(const QByteArray &bytes)
     return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex());
 }
 
-/// The sum that getDirSize() stands for, for trees without loops.
-quint64 plainSize(const QString &path)
+/// The sum that getDirSize() stands for: `counting` holds the folders that are just being counted.
+quint64 plainSize(const QString &path, QStringList counting = {})
 {
+    const QString canonicalPath = QDir(path).canonicalPath();
+    if (counting.contains(canonicalPath))
+        return 0;
+    counting << canonicalPath;
     quint64 size = 0;
     const QFileInfoList files = QDir(path).entryInfoList(QDir::Files, QDir::Unsorted);
     for (const QFileInfo &file : files)
         size += quint64(file.size());
     const QStringList folders = QDir(path).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (const QString &name : folders)
-        size += plainSize(path + QDir::separator() + name);
+        size += plainSize(path + QDir::separator() + name, counting);
     return size;
 }
 
@@ -117,7 +121,12 @@ private Q_SLOTS:
     void sizeOfHiddenFiles();
     void sizeOfLinks();
     void sizeOfLoops();
+    void sizeOfFoldersThatLinkEachOther_data();
+    void sizeOfFoldersThatLinkEachOther();
+    void sizeOfLinksAtRandom();
     void sizeOfManyLinks();
+    void sizeOfDeepFolders();
+    void sizeOfResources();
     void sizeEqualsThePlainSum();
 
     void showsInFileManager();
@@ -497,6 +506,60 @@ void tst_utilities::sizeOfLoops()
 #endif
 }
 
+void tst_utilities::sizeOfFoldersThatLinkEachOther_data()
+{
+    QTest::addColumn<QString>("one");
+    QTest::addColumn<QString>("other");
+    // Whichever of the two the system lists first.
+    for (const char *name : {"a", "z", "Z", "0", "folder", "x1", "x2", "x3"})
+        QTest::addRow("%s", name) << QString::fromLatin1(name) << QStringLiteral("m");
+}
+
+void tst_utilities::sizeOfFoldersThatLinkEachOther()
+{
+#ifdef Q_OS_UNIX
+    QFETCH(const QString, one);
+    QFETCH(const QString, other);
+    file(one + QStringLiteral("/file"), QByteArray(100, 'a'));
+    file(other + QStringLiteral("/file"), QByteArray(1000, 'b'));
+    QVERIFY(QFile::link(path(one), path(other + QStringLiteral("/link"))));
+    QVERIFY(QFile::link(path(other), path(one + QStringLiteral("/link"))));
+    QCOMPARE(totalcommon::getDirSize(m_folder->path()), quint64(2200));
+    QCOMPARE(totalcommon::getDirSize(path(one)), quint64(1100));
+    // A link from outside counts both once more.
+    QVERIFY(QFile::link(path(one), path(QStringLiteral("again"))));
+    QCOMPARE(totalcommon::getDirSize(m_folder->path()), quint64(3300));
+#endif
+}
+
+void tst_utilities::sizeOfLinksAtRandom()
+{
+#ifdef Q_OS_UNIX
+    constexpr quint32 kRounds = 100;
+    const quint32 first = firstSeed();
+    for (quint32 seed = first; seed != first + kRounds; ++seed) {
+        QRandomGenerator random(seed);
+        const QString root = QStringLiteral("tree%1").arg(seed);
+        QStringList folders{root};
+        for (int i = 0; i < 6; ++i) {
+            folders << folders.at(random.bounded(folders.size())) +
+                           QStringLiteral("/%1").arg(random.bounded(1000));
+            file(folders.constLast() + QStringLiteral("/file"), QByteArray(1 << i, 'x'));
+        }
+        const auto anyFolder = [&] {
+            return path(folders.at(random.bounded(folders.size())));
+        };
+        for (int i = 0; i < 5; ++i)
+            QFile::link(anyFolder(), anyFolder() + QStringLiteral("/link%1").arg(random.bounded(1000)));
+        for (const QString &folder : qAsConst(folders)) {
+            const quint64 size = totalcommon::getDirSize(path(folder));
+            QVERIFY2(size == plainSize(path(folder)),
+                     qPrintable(QStringLiteral("seed %1, %2").arg(seed).arg(folder)));
+        }
+    }
+#endif
+}
+
 void tst_utilities::sizeOfManyLinks()
 {
 #ifdef Q_OS_UNIX
@@ -509,7 +572,37 @@ void tst_utilities::sizeOfManyLinks()
     }
     file(QStringLiteral("level30/a"), "a");
     QCOMPARE(totalcommon::getDirSize(path(QStringLiteral("level0"))), quint64(1) << 30);
+    // And back, too, which adds nothing on the way down.
+    for (int i = 0; i < 30; ++i)
+        QVERIFY(QFile::link(path(QStringLiteral("level%1").arg(i)),
+                            path(QStringLiteral("level%1/up").arg(i + 1))));
+    QCOMPARE(totalcommon::getDirSize(path(QStringLiteral("level0"))), quint64(1) << 30);
 #endif
+}
+
+void tst_utilities::sizeOfDeepFolders()
+{
+#ifdef Q_OS_UNIX
+    // More levels than a process may have open files.
+    const QString start = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_folder->path()));
+    constexpr int kLevels = 1200;
+    for (int level = 0; level < kLevels; ++level)
+        QVERIFY(QDir().mkdir(QStringLiteral("d")) && QDir::setCurrent(QStringLiteral("d")));
+    QVERIFY(QDir::setCurrent(start));
+    const QString deepest = QStringLiteral("d/").repeated(kLevels);
+    file(deepest + QStringLiteral("file"), QByteArray(10, 'a'));
+    QVERIFY(QFile::link(m_folder->path(), path(deepest + QStringLiteral("up"))));
+    QCOMPARE(totalcommon::getDirSize(m_folder->path()), quint64(10));
+#endif
+}
+
+void tst_utilities::sizeOfResources()
+{
+    const QString folder = QStringLiteral(":/images/images/slider");
+    QVERIFY(plainSize(folder) > 0);
+    QCOMPARE(totalcommon::getDirSize(folder), plainSize(folder));
+    QCOMPARE(totalcommon::getDirSize(QStringLiteral(":/images")), plainSize(QStringLiteral(":/images")));
 }
 
 void tst_utilities::sizeEqualsThePlainSum()

@@ -10,6 +10,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QHash>
 #include <QtCore/QProcess>
+#include <QtCore/QSet>
 #include <QtCore/QStringList>
 #include <QtCore/QUrl>
 #include <QtGui/QDesktopServices>
@@ -241,31 +242,84 @@ ushort fullToHalf(ushort unit)
     return unit > 0xFF00 && unit < 0xFF5F ? ushort(unit - kWidthOffset) : unit;
 }
 
-/// `known` holds the size of every folder met so far, by its canonical path. A folder still being counted
-/// stands there with 0, so that a link back to it adds nothing, and a folder that many links lead to is
-/// walked once.
-quint64 sizeBelow(const QString &path, QHash<QString, quint64> &known)
+/// Sums up the files in folders and in those that links lead to, each time, but no folder within itself.
+class FolderSizes
 {
-    const QDir folder(path);
-    const QString canonicalPath = folder.canonicalPath();
-    // A path too long to be resolved is no link back to anywhere.
-    const bool resolved = !canonicalPath.isEmpty();
-    const auto counted = known.constFind(canonicalPath);
-    if (resolved && counted != known.constEnd())
-        return *counted;
-    if (resolved)
-        known.insert(canonicalPath, 0);
+public:
+    /// What was found in a folder. The same is found there again, wherever it is met, while of the folders that are
+    /// being counted around it none is among `counted` and all of `leftOut` are.
+    struct Count
+    {
+        quint64 size = 0;
+        QSet<int> counted;
+        QSet<int> leftOut;
+    };
 
+    Count count(const QString &path, const QString &canonicalPath, bool isLink);
+
+private:
+    bool isValidHere(const Count &earlier) const;
+
+    QHash<QString, int> m_numbers; ///< of the folders, by their canonical paths
+    QSet<int> m_open;              ///< those that are just being counted
+    QHash<int, QVector<Count>> m_linked;
+};
+
+bool FolderSizes::isValidHere(const Count &earlier) const
+{
+    return m_open.contains(earlier.leftOut) && !m_open.intersects(earlier.counted);
+}
+
+/// The sum of the files of a folder; `folders` receives its folders.
+quint64 sizeOfFiles(const QString &path, QVector<QFileInfo> &folders)
+{
     quint64 size = 0;
-    const QFileInfoList files = folder.entryInfoList(QDir::Files, QDir::Unsorted);
-    for (const QFileInfo &file : files)
-        size += quint64(file.size());
-    const QStringList names = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
-    for (const QString &name : names)
-        size += sizeBelow(path + QDir::separator() + name, known);
-    if (resolved)
-        known.insert(canonicalPath, size);
+    QDirIterator entries(path, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
+    while (entries.hasNext()) {
+        entries.next();
+        const QFileInfo info = entries.fileInfo();
+        if (info.isDir())
+            folders.append(info);
+        else
+            size += quint64(info.size());
+    }
     return size;
+}
+
+FolderSizes::Count FolderSizes::count(const QString &path, const QString &canonicalPath, bool isLink)
+{
+    const int number = *m_numbers.insert(canonicalPath, m_numbers.value(canonicalPath, m_numbers.size()));
+    if (m_open.contains(number))
+        return {0, {}, {number}};
+    // Many ways may lead to what is linked.
+    for (const Count &earlier : m_linked.value(number)) {
+        if (isValidHere(earlier))
+            return earlier;
+    }
+
+    Count sum;
+    QVector<QFileInfo>
+        folders; // entered when the list is closed: there are levels beyond the number of open files
+    sum.size = sizeOfFiles(path, folders);
+    m_open.insert(number);
+    const QString prefix =
+        canonicalPath.endsWith(QLatin1Char('/')) ? canonicalPath : canonicalPath + QLatin1Char('/');
+    for (const QFileInfo &folder : qAsConst(folders)) {
+        const bool isLinked = folder.isSymLink() || folder.isJunction();
+        Count inner = count(folder.filePath(),
+                            isLinked ? folder.canonicalFilePath() : prefix + folder.fileName(), isLinked);
+        sum.size += inner.size;
+        if (sum.counted.size() < inner.counted.size())
+            sum.counted.swap(inner.counted);
+        sum.counted.unite(inner.counted);
+        sum.leftOut.unite(inner.leftOut);
+    }
+    m_open.remove(number);
+    sum.counted.insert(number);
+    sum.leftOut.remove(number);
+    if (isLink)
+        m_linked[number].append(sum);
+    return sum;
 }
 
 } // namespace
@@ -367,8 +421,8 @@ QString FileMD5(QString path, QString extraText)
 
 quint64 getDirSize(const QString &path)
 {
-    QHash<QString, quint64> known;
-    return sizeBelow(path, known);
+    const QDir folder(path);
+    return FolderSizes().count(folder.path(), folder.canonicalPath(), false).size;
 }
 
 void desktopShowInFolder(const QString &path)

@@ -110,9 +110,12 @@ ORVCOMMONLIB_EXPORT QString generateMd5(QString text);
 /// Never blocks.
 ORVCOMMONLIB_EXPORT QString FileMD5(QString path, QString extraText);
 
-/// The bytes in all files under this folder, hidden ones excepted; 0 for a missing folder. Links count as
-/// what they lead to, each of them, but for a link to a folder that is just being counted, which adds
-/// nothing.
+/// The bytes in all files under a folder, hidden ones excepted. Links count as what they lead to, each of them,
+/// but for a link to a folder that is just being counted (the one that holds the link or one above), which adds
+/// nothing: of two sibling folders with 100 and 1000 bytes that link each other, their parent holds 2200.
+///
+/// \param path the folder
+/// \return the sum; 0 for a missing folder
 ORVCOMMONLIB_EXPORT quint64 getDirSize(const QString &path);
 
 /// Opens the system's file manager with this file selected or, where there is no such program, the folder
