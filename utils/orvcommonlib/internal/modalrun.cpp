@@ -9,9 +9,10 @@ ModalRun *innermostRun = nullptr;
 
 } // namespace
 
-ModalRun::ModalRun(const QWidget *dialog)
+ModalRun::ModalRun(const QWidget *dialog, QEventLoop *&recordedLoop)
     : m_outer(innermostRun)
     , m_dialog(dialog)
+    , m_recordedLoop(&recordedLoop)
 {
     innermostRun = this;
 }
@@ -30,15 +31,15 @@ void ModalRun::enter(QEventLoop &loop)
     m_loop = nullptr;
 }
 
-void ModalRun::enterOwnLoop(QEventLoop *&recordedLoop)
+void ModalRun::enterOwnLoop()
 {
     if (!m_dialog)
         return;
     QEventLoop loop;
-    recordedLoop = &loop;
+    *m_recordedLoop = &loop;
     enter(loop);
     if (m_dialog)
-        recordedLoop = nullptr;
+        *m_recordedLoop = nullptr;
 }
 
 void ModalRun::end(QEventLoop *&recordedLoop)

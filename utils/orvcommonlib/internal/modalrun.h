@@ -14,7 +14,8 @@ class QWidget;
 class ModalRun
 {
 public:
-    explicit ModalRun(const QWidget *dialog);
+    /// \param recordedLoop where the dialog records the loop of its run; used only while the dialog lives
+    ModalRun(const QWidget *dialog, QEventLoop *&recordedLoop);
     ~ModalRun();
     Q_DISABLE_COPY(ModalRun)
 
@@ -23,14 +24,12 @@ public:
     void enter(QEventLoop &loop);
 
     /// The same with a loop of its own, which the dialog has recorded meanwhile.
-    void enterOwnLoop(QEventLoop *&recordedLoop);
+    void enterOwnLoop();
 
-    /// What exec() returns: the result that the dialog holds, or held when it was destroyed.
-    template<typename Result>
-    Result result(const Result &held) const
-    {
-        return m_dialog ? held : static_cast<Result>(m_lastResult);
-    }
+    /// Whether the dialog still exists.
+    bool isDialogAlive() const { return m_dialog != nullptr; }
+    /// The result that the dialog held when it was destroyed; 0 while it lives.
+    qint32 lastResult() const { return m_lastResult; }
 
     /// Tells the loop that a dialog has recorded to exit with code 0 and forgets it; nothing when none is
     /// recorded.
@@ -44,6 +43,7 @@ public:
 private:
     ModalRun *m_outer = nullptr;
     const QWidget *m_dialog = nullptr;
+    QEventLoop **m_recordedLoop = nullptr;
     QEventLoop *m_loop = nullptr;
     qint32 m_lastResult = 0;
     bool m_wasHidden = false;

@@ -106,12 +106,12 @@ void CommonPopupDialog::setModal(bool modal)
 
 CommonPopupDialog::ExecResult CommonPopupDialog::exec()
 {
-    ModalRun run(this);
+    ModalRun run(this, m_eventLoop);
     show();
     qInfo() << "begin loop func:" << kExecName << ";line:" << __LINE__;
-    run.enterOwnLoop(m_eventLoop);
+    run.enterOwnLoop();
     qInfo() << "end loop func:" << kExecName << ";line:" << __LINE__;
-    return run.result(m_result);
+    return run.isDialogAlive() ? m_result : static_cast<ExecResult>(run.lastResult());
 }
 
 QString CommonPopupDialog::title() const

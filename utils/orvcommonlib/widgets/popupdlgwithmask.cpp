@@ -172,22 +172,22 @@ void PopupDlgWithMask::addBottomRow(const QString &confirmText, const QString &n
 
 PopupDlgWithMask::ExecResult PopupDlgWithMask::exec()
 {
-    ModalRun run(this);
+    ModalRun run(this, m_eventLoop);
     if (present())
-        run.enterOwnLoop(m_eventLoop);
-    return run.result(m_result);
+        run.enterOwnLoop();
+    return run.isDialogAlive() ? m_result : static_cast<ExecResult>(run.lastResult());
 }
 
 PopupDlgWithMask::ExecResult PopupDlgWithMask::execWithPos(QPoint &pos)
 {
-    ModalRun run(this);
+    ModalRun run(this, m_eventLoop);
     if (present()) {
         move(pos.x(), pos.y());
         if (!m_eventLoop)
             m_eventLoop = new QEventLoop;
         run.enter(*m_eventLoop);
     }
-    return run.result(m_result);
+    return run.isDialogAlive() ? m_result : static_cast<ExecResult>(run.lastResult());
 }
 
 /// Brings mask and dialog to the front; false when the dialog did not survive that.

@@ -255,9 +255,9 @@ QString TipsDlgWithCheckbox::getCheckBoxStyle()
 
 void TipsDlgWithCheckbox::exec()
 {
-    ModalRun run(this);
+    ModalRun run(this, m_eventLoop);
     show();
-    run.enterOwnLoop(m_eventLoop);
+    run.enterOwnLoop();
 }
 
 void TipsDlgWithCheckbox::forceToExit()
