@@ -2,21 +2,14 @@
 #include "testmain.h"
 
 #include <QtCore/QThread>
+#include <QtCore/QVector>
 #include <QtTest/QTest>
 
-#include <atomic>
 #include <chrono>
 #include <future>
 
-// Stands for the registry: an object with a gate and one invokable method.
-class Receiver : public QObject
-{
-    Q_OBJECT
-
-public:
-    Receiver() { new HotkeyCallGate(this); }
-    Q_INVOKABLE bool answer() { return true; }
-};
+// How many events wait in this thread; Qt exports it without a header.
+uint qGlobalPostedEventsCount();
 
 class tst_hotkeycallgate : public QObject
 {
@@ -26,102 +19,95 @@ private Q_SLOTS:
     void isFoundFromAnyThread();
     void ownThreadCallsDirectly();
     void otherThreadWaits();
-    void shutReleasesWhoIsInside();
-    void shutTurnsAwayWhoComesLater();
+    void dyingGateReleasesTheCaller();
     void leftWorkIsDoneOnce();
+    void leftWorkIsDoneByTheEventLoop();
+    void meetsAnApplicationOnce();
 };
-
-static bool call(Receiver *receiver, const HotkeyCall &hotkeyCall)
-{
-    bool answer = false;
-    QMetaObject::invokeMethod(receiver, "answer", hotkeyCall.type(), Q_RETURN_ARG(bool, answer));
-    return answer;
-}
 
 void tst_hotkeycallgate::isFoundFromAnyThread()
 {
-    Receiver receiver;
-    const HotkeyCallGate *gate = HotkeyCallGate::of(&receiver);
-    QVERIFY(gate);
-    QCOMPARE(gate->parent(), &receiver);
+    QObject registry;
+    const auto *gate = new HotkeyCallGate(&registry);
     const HotkeyCallGate *seen = nullptr;
     const std::future<void> thread(
-        std::async(std::launch::async, [&] { seen = HotkeyCallGate::of(&receiver); }));
+        std::async(std::launch::async, [&] { seen = HotkeyCallGate::of(&registry); }));
     thread.wait();
     QCOMPARE(seen, gate);
 }
 
 void tst_hotkeycallgate::ownThreadCallsDirectly()
 {
-    Receiver receiver;
-    const HotkeyCall direct(&receiver);
-    QVERIFY(direct.isPossible());
-    QCOMPARE(direct.type(), Qt::DirectConnection);
-    QVERIFY(call(&receiver, direct));
-
-    HotkeyCallGate::of(&receiver)->shut();
-    const HotkeyCall stillDirect(&receiver);
-    QVERIFY(stillDirect.isPossible());
+    QObject registry;
+    HotkeyCallGate gate(&registry);
+    const QThread *caller = nullptr;
+    QVERIFY(gate.call([&] { caller = QThread::currentThread(); }));
+    QCOMPARE(caller, thread());
 }
 
 void tst_hotkeycallgate::otherThreadWaits()
 {
-    Receiver receiver;
-    bool answer = false;
-    Qt::ConnectionType type = Qt::AutoConnection;
-    const std::future<void> thread(std::async(std::launch::async, [&] {
-        const HotkeyCall blocking(&receiver);
-        type = blocking.type();
-        answer = blocking.isPossible() && call(&receiver, blocking);
-    }));
-    QTRY_COMPARE(thread.wait_for(std::chrono::seconds(0)), std::future_status::ready);
-    QCOMPARE(type, Qt::BlockingQueuedConnection);
-    QVERIFY(answer);
+    QObject registry;
+    HotkeyCallGate gate(&registry);
+    bool answered = false;
+    const QThread *caller = nullptr;
+    const std::future<void> other(std::async(
+        std::launch::async, [&] { answered = gate.call([&] { caller = QThread::currentThread(); }); }));
+    QTRY_COMPARE(other.wait_for(std::chrono::seconds(0)), std::future_status::ready);
+    QVERIFY(answered);
+    QCOMPARE(caller, thread());
 }
 
-void tst_hotkeycallgate::shutReleasesWhoIsInside()
+void tst_hotkeycallgate::dyingGateReleasesTheCaller()
 {
-    Receiver receiver;
-    std::atomic<bool> inside{false};
-    bool answer = true;
-    const std::future<void> thread(std::async(std::launch::async, [&] {
-        const HotkeyCall blocking(&receiver);
-        inside = blocking.isPossible();
-        answer = call(&receiver, blocking);
-    }));
-    while (!inside)
+    QObject registry;
+    auto *gate = new HotkeyCallGate(&registry);
+    QCoreApplication::sendPostedEvents();
+    bool answered = true;
+    bool done = false;
+    const std::future<void> other(
+        std::async(std::launch::async, [&] { answered = gate->call([&] { done = true; }); }));
+    while (qGlobalPostedEventsCount() == 0)
         QThread::yieldCurrentThread();
-    HotkeyCallGate::of(&receiver)->shut(); // no event is processed: the call is waiting, or about to
-    thread.wait();
-    QVERIFY(!answer);
-}
-
-void tst_hotkeycallgate::shutTurnsAwayWhoComesLater()
-{
-    Receiver receiver;
-    HotkeyCallGate::of(&receiver)->shut();
-    bool possible = true;
-    const std::future<void> thread(
-        std::async(std::launch::async, [&] { possible = HotkeyCall(&receiver).isPossible(); }));
-    thread.wait();
-    QVERIFY(!possible);
+    delete gate;
+    other.wait();
+    QVERIFY(!answered);
+    QVERIFY(!done);
 }
 
 void tst_hotkeycallgate::leftWorkIsDoneOnce()
 {
-    Receiver receiver;
-    HotkeyCallGate *gate = HotkeyCallGate::of(&receiver);
+    QObject registry;
+    HotkeyCallGate gate(&registry);
     QVector<int> done;
-    gate->catchUp();
-    const std::future<void> thread(std::async(std::launch::async, [&] {
-        gate->leaveWork([&] { done << 1; });
-        gate->leaveWork([&] { done << 2; });
+    gate.catchUp();
+    const std::future<void> other(std::async(std::launch::async, [&] {
+        gate.leaveWork([&] { done << 1; });
+        gate.leaveWork([&] { done << 2; });
     }));
-    thread.wait();
+    other.wait();
     QCOMPARE(done, QVector<int>());
-    gate->catchUp();
-    gate->catchUp();
+    gate.catchUp();
+    gate.catchUp();
+    QCoreApplication::processEvents();
     QCOMPARE(done, QVector<int>({1, 2}));
+}
+
+void tst_hotkeycallgate::leftWorkIsDoneByTheEventLoop()
+{
+    QObject registry;
+    HotkeyCallGate gate(&registry);
+    int done = 0;
+    const std::future<void> other(std::async(std::launch::async, [&] { gate.leaveWork([&] { ++done; }); }));
+    QTRY_COMPARE(done, 1);
+}
+
+void tst_hotkeycallgate::meetsAnApplicationOnce()
+{
+    QObject registry;
+    HotkeyCallGate gate(&registry);
+    QVERIFY(gate.meetsNewApplication());
+    QVERIFY(!gate.meetsNewApplication());
 }
 
 ORV_TEST_MAIN(tst_hotkeycallgate)

@@ -119,6 +119,9 @@ void tst_qhotkey_desktop::constructorsRegister()
     const QHotkey key(Qt::Key_F10, kModifiers, true);
     QVERIFY(key.isRegistered());
     QCOMPARE(key.shortcut(), kSecond);
+    const QHotkey modifier(Qt::Key_F10, Qt::ControlModifier, true);
+    QVERIFY(modifier.isRegistered());
+    QCOMPARE(modifier.shortcut(), QKeySequence(Qt::CTRL + Qt::Key_F10));
     const QHotkey native(key.currentNativeShortcut(), true);
     QVERIFY(native.isRegistered());
     QVERIFY(native.shortcut().isEmpty());
@@ -129,6 +132,8 @@ void tst_qhotkey_desktop::autoRegisterIsOffByDefault()
     QHotkey hotkey(Qt::Key_F10, kModifiers);
     QVERIFY(hotkey.setShortcut(kFirst));
     QVERIFY(hotkey.setShortcut(Qt::Key_F10, kModifiers));
+    QVERIFY(hotkey.setShortcut(Qt::Key_F10, Qt::ControlModifier));
+    QCOMPARE(hotkey.modifiers(), Qt::KeyboardModifiers(Qt::ControlModifier));
     QVERIFY(hotkey.setNativeShortcut(hotkey.currentNativeShortcut()));
     QVERIFY(!hotkey.isRegistered());
 }

@@ -24,6 +24,7 @@ namespace {
 constexpr int kThreads = 6;
 constexpr int kRounds = 150;
 constexpr std::chrono::seconds kDeadlock(60);
+constexpr std::chrono::milliseconds kLongerThanPatience(1500); // of a caller who finds no event loop
 const NativeShortcut kShortcut(65, 2);
 
 // Runs a function in a thread of its own; the test fails where it would wait for ever.
@@ -47,6 +48,14 @@ private:
     std::future<void> m_result;
 };
 
+// Holds this thread up, without an event, until the worker has given up: if it is going to at all.
+void keepBusy(const Worker &worker)
+{
+    const auto end = std::chrono::steady_clock::now() + kLongerThanPatience;
+    while (!worker.isFinished() && std::chrono::steady_clock::now() < end)
+        QThread::yieldCurrentThread();
+}
+
 void letEveryLoopEnd()
 {
     QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
@@ -54,6 +63,9 @@ void letEveryLoopEnd()
 }
 
 } // namespace
+
+// How many events wait in this thread; Qt exports it without a header.
+uint qGlobalPostedEventsCount();
 
 // Several threads and one registry, which lives in the test's own.
 class tst_qhotkeythreads : public QObject
@@ -66,12 +78,19 @@ private Q_SLOTS:
     void pressArrivesInTheHotkeysThread();
     void pressOfADeadHotkeyGoesNowhere();
     void manyThreadsAtOnce();
+    void callsWaitForTheFirstLoop();
+    void callsFailWhenTheRegistryGoes_data();
+    void callsFailWhenTheRegistryGoes();
 
     // From here on the application's loop has ended at least once.
     void callersInsideAreAnsweredWhenTheLoopEnds();
     void callsFailWhenNobodyAnswers();
     void callsAreAnsweredWhileEventsAreProcessed();
     void callsAreAnsweredByTheNextLoop();
+    void callsWaitForABusyLoop_data();
+    void callsWaitForABusyLoop();
+    void slotOnAboutToQuitWaitsForACaller();
+    void callersAreWaitedForAfterAnyLoop();
     void callsFailWhenTheRegistrysThreadHasEnded();
 };
 
@@ -223,6 +242,52 @@ void tst_qhotkeythreads::manyThreadsAtOnce()
              kThreads * kRounds);
 }
 
+// A program that still builds its windows.
+void tst_qhotkeythreads::callsWaitForTheFirstLoop()
+{
+    FakeRegistry registry;
+    bool added = false;
+    bool removed = false;
+    const Worker worker([&] {
+        QHotkey hotkey(kShortcut);
+        added = registry.addShortcut(&hotkey);
+        removed = registry.removeShortcut(&hotkey);
+    });
+    keepBusy(worker);
+    QTRY_VERIFY(worker.isFinished());
+    QVERIFY(added);
+    QVERIFY(removed);
+}
+
+void tst_qhotkeythreads::callsFailWhenTheRegistryGoes_data()
+{
+    QTest::addColumn<bool>("adds");
+    QTest::newRow("adding") << true;
+    QTest::newRow("removing") << false;
+}
+
+void tst_qhotkeythreads::callsFailWhenTheRegistryGoes()
+{
+    QFETCH(bool, adds);
+    const LogCapture log; // the registry complains of the hotkey that it is left with
+    auto registry = std::make_unique<FakeRegistry>();
+    QHotkey hotkey(kShortcut);
+    QVERIFY(adds || registry->addShortcut(&hotkey));
+    QCoreApplication::sendPostedEvents();
+    int signalCount = 0;
+    connect(&hotkey, &QHotkey::registeredChanged, this, [&] { ++signalCount; });
+    bool done = true;
+    const Worker worker(
+        [&] { done = adds ? registry->addShortcut(&hotkey) : registry->removeShortcut(&hotkey); });
+    while (qGlobalPostedEventsCount() == 0)
+        QThread::yieldCurrentThread();
+    registry.reset(); // with the call in this thread's queue
+    QVERIFY(worker.join());
+    QVERIFY(!done);
+    QCOMPARE(hotkey.isRegistered(), !adds);
+    QCOMPARE(signalCount, 0);
+}
+
 // The usual end of a program: the loop ends, and what comes after it waits for the threads.
 void tst_qhotkeythreads::callersInsideAreAnsweredWhenTheLoopEnds()
 {
@@ -351,6 +416,87 @@ void tst_qhotkeythreads::callsAreAnsweredByTheNextLoop()
     timer.start(0);
     QCoreApplication::exec();
     QCOMPARE(successes.load(), kThreads);
+}
+
+void tst_qhotkeythreads::callsWaitForABusyLoop_data()
+{
+    QTest::addColumn<bool>("isApplications");
+    QTest::newRow("application's") << true;
+    QTest::newRow("dialog's") << false;
+}
+
+// It is not the first loop of this process.
+void tst_qhotkeythreads::callsWaitForABusyLoop()
+{
+    QFETCH(bool, isApplications);
+    FakeRegistry registry;
+    letEveryLoopEnd();
+    bool added = false;
+    bool removed = false;
+    std::unique_ptr<Worker> worker;
+    QEventLoop dialogs;
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
+        if (!worker) {
+            worker = std::make_unique<Worker>([&] {
+                QHotkey hotkey(kShortcut);
+                added = registry.addShortcut(&hotkey);
+                removed = registry.removeShortcut(&hotkey);
+            });
+            keepBusy(*worker);
+        } else if (worker->isFinished()) {
+            isApplications ? QCoreApplication::quit() : dialogs.quit();
+        }
+    });
+    timer.start(0);
+    isApplications ? QCoreApplication::exec() : dialogs.exec();
+    QVERIFY(added);
+    QVERIFY(removed);
+}
+
+void tst_qhotkeythreads::slotOnAboutToQuitWaitsForACaller()
+{
+    std::atomic<bool> stopped{false};
+    std::unique_ptr<Worker> worker;
+    bool joined = false;
+    // Connected before the registry has connected anything.
+    const auto connection = connect(qApp, &QCoreApplication::aboutToQuit, this, [&] {
+        stopped = true;
+        joined = worker->join();
+    });
+    FakeRegistry registry;
+    std::atomic<int> answered{0};
+    worker = std::make_unique<Worker>([&] {
+        QHotkey hotkey(kShortcut);
+        while (!stopped)
+            answered += registry.addShortcut(&hotkey) && registry.removeShortcut(&hotkey) ? 1 : 0;
+        registry.removeShortcut(&hotkey);
+    });
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] {
+        if (answered > 10)
+            QCoreApplication::quit();
+    });
+    timer.start(0);
+    QCoreApplication::exec();
+    disconnect(connection);
+    QVERIFY(joined);
+}
+
+// A program may show one dialog after the other, and have no loop of the application's.
+void tst_qhotkeythreads::callersAreWaitedForAfterAnyLoop()
+{
+    FakeRegistry registry;
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, &QEventLoop::quit);
+    loop.exec();
+    bool added = true;
+    const Worker worker([&] {
+        QHotkey hotkey(kShortcut);
+        added = registry.addShortcut(&hotkey);
+    });
+    QVERIFY(worker.join());
+    QVERIFY(!added);
 }
 
 void tst_qhotkeythreads::callsFailWhenTheRegistrysThreadHasEnded()

@@ -1,148 +1,122 @@
 #include "hotkeycallgate.h"
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QEvent>
+#include <QtCore/private/qthread_p.h>
+#include <QtCore/QSemaphore>
 #include <QtCore/QThread>
 
-#include <chrono>
 #include <utility>
 
 namespace {
 
-// How long a caller waits for a thread whose event loop has ended.
-constexpr std::chrono::seconds kPatience{1};
-// How often a thread that serves its last callers looks for their calls.
-constexpr std::chrono::milliseconds kServingStep{1};
+constexpr std::chrono::seconds kPatience(1);
+// How often a caller that waits looks whether there is still somebody to wait for.
+constexpr int kLookIntervalMs = 20;
+
+// A step on its way to the registry's thread. Whoever claims it first, that thread or the caller who gives
+// up, decides whether it is done.
+struct Call
+{
+    const std::function<void()> &step;
+    std::atomic<bool> isClaimed{false};
+    std::atomic<bool> isDone{false};
+    QSemaphore over{0};
+};
+
+// Whether an event loop runs in the thread, or its first one is still to come. QThread::loopLevel() is for
+// the thread itself: it reads the stack of the loops without the lock that guards it.
+bool hasEventLoop(QThread *thread)
+{
+    const auto *const d = static_cast<const QThreadPrivate *>(QObjectPrivate::get(thread));
+    const QMutexLocker lock(&d->mutex);
+    const auto &loops = d->data->eventLoops; // keeps the memory of what once was in it
+    return !loops.isEmpty() || (loops.capacity() == 0 && d->data->hasEventDispatcher());
+}
 
 } // namespace
 
 HotkeyCallGate::HotkeyCallGate(QObject *registry)
     : QObject(registry)
+    , m_patienceEnd(std::make_shared<Instant>(0))
 {
-    const QCoreApplication *application = QCoreApplication::instance();
-    if (application && application->thread() == thread()) {
-        connect(application, &QCoreApplication::aboutToQuit, this, &HotkeyCallGate::endLoop,
-                Qt::DirectConnection);
-        connect(application, &QObject::destroyed, this, &HotkeyCallGate::endLoop, Qt::DirectConnection);
-    }
-    connect(thread(), &QThread::finished, this, &HotkeyCallGate::endLoop, Qt::DirectConnection);
 }
 
 HotkeyCallGate *HotkeyCallGate::of(const QObject *registry)
 {
-    // The gate is the registry's only child and lives as long: reading the list of children needs no lock.
-    QObject *const gate = registry->children().constFirst();
-    Q_ASSERT(qobject_cast<HotkeyCallGate *>(gate));
-    return static_cast<HotkeyCallGate *>(gate);
+    // The only child, and it lives as long as the registry: reading the list of children needs no lock.
+    return static_cast<HotkeyCallGate *>(registry->children().constFirst());
 }
 
-bool HotkeyCallGate::enter()
+bool HotkeyCallGate::call(const std::function<void()> &step)
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    if (m_shut || (m_loopEnded && m_deaf))
-        return false;
-    if (!m_loopEnded) {
-        ++m_inside;
+    QThread *const home = thread();
+    if (home == QThread::currentThread()) {
+        step();
         return true;
     }
+    const std::shared_ptr<Instant> patienceEnd = m_patienceEnd;
+    if (!home || !isWorthWaiting(home, *patienceEnd))
+        return false;
 
-    const unsigned answersBefore = m_answers;
-    if (++m_knocking == 1)
-        QMetaObject::invokeMethod(this, &HotkeyCallGate::answerKnock, Qt::QueuedConnection);
-    m_answer.wait_for(lock, kPatience, [&] { return m_answers != answersBefore || m_shut; });
-    if (m_answers != answersBefore)
-        return true; // answerKnock() has counted this caller as being inside
-    --m_knocking;
-    m_deaf = true;
-    return false;
+    const std::shared_ptr<Call> call(new Call{step});
+    // Only the event holds this: when it is gone, handled or dropped, the call is over.
+    std::shared_ptr<Call> delivery(call.get(), [call](Call *) { call->over.release(); });
+    QMetaObject::invokeMethod(
+        this,
+        [patienceEnd, delivery = std::move(delivery)] {
+            *patienceEnd = 0;
+            if (delivery->isClaimed.exchange(true))
+                return;
+            delivery->step();
+            delivery->isDone = true;
+        },
+        Qt::QueuedConnection);
+    while (!call->over.tryAcquire(1, kLookIntervalMs)) {
+        if (!isWorthWaiting(home, *patienceEnd) && !call->isClaimed.exchange(true))
+            return false;
+    }
+    return call->isDone;
 }
 
-void HotkeyCallGate::leave()
+bool HotkeyCallGate::isWorthWaiting(QThread *thread, Instant &patienceEnd)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (--m_inside == 0)
-        m_departure.notify_all();
+    if (hasEventLoop(thread)) {
+        patienceEnd = 0;
+        return true;
+    }
+    const Clock::time_point now = Clock::now();
+    Clock::rep end = 0;
+    return patienceEnd.compare_exchange_strong(end, (now + kPatience).time_since_epoch().count()) ||
+           now.time_since_epoch().count() < end;
 }
 
 void HotkeyCallGate::leaveWork(std::function<void()> work)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_work.push_back(std::move(work));
-    m_hasWork = true;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_work.push_back(std::move(work));
+    }
+    QMetaObject::invokeMethod(this, &HotkeyCallGate::catchUp, Qt::QueuedConnection);
 }
 
 void HotkeyCallGate::catchUp()
 {
-    if (!m_hasWork)
-        return;
     std::vector<std::function<void()>> work;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         work.swap(m_work);
-        m_hasWork = false;
     }
     for (const std::function<void()> &step : work)
         step();
 }
 
-void HotkeyCallGate::shut()
+bool HotkeyCallGate::meetsNewApplication()
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_shut = true;
-    }
-    m_answer.notify_all();
-    untilEmpty([this] { QCoreApplication::removePostedEvents(parent(), QEvent::MetaCall); });
-}
-
-void HotkeyCallGate::endLoop()
-{
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_loopEnded = true;
-    }
-    untilEmpty([this] { QCoreApplication::sendPostedEvents(parent(), QEvent::MetaCall); });
-}
-
-void HotkeyCallGate::answerKnock()
-{
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_deaf = false;
-        m_inside += m_knocking;
-        m_knocking = 0;
-        ++m_answers;
-    }
-    m_answer.notify_all();
-    untilEmpty([this] { QCoreApplication::sendPostedEvents(parent(), QEvent::MetaCall); });
-}
-
-// Repeats the step until nobody is inside. Gives up in the end: a thread may have been killed in the middle
-// of its call.
-template<typename Step>
-void HotkeyCallGate::untilEmpty(Step step)
-{
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    const auto isEmpty = [this] {
-        return m_inside == 0 && (m_knocking == 0 || !m_shut);
-    };
-    std::unique_lock<std::mutex> lock(m_mutex);
-    while (!isEmpty() && std::chrono::steady_clock::now() < deadline) {
-        lock.unlock();
-        step();
-        lock.lock();
-        m_departure.wait_for(lock, kServingStep, isEmpty);
-    }
-}
-
-HotkeyCall::HotkeyCall(const QObject *registry)
-    : m_gate(QThread::currentThread() == registry->thread() ? nullptr : HotkeyCallGate::of(registry))
-    , m_possible(!m_gate || m_gate->enter())
-{
-}
-
-HotkeyCall::~HotkeyCall()
-{
-    if (m_gate && m_possible)
-        m_gate->leave();
+    QCoreApplication *application = QCoreApplication::instance();
+    if (!application || m_application == application)
+        return false;
+    m_application = application;
+    // Who has called before the end of the loop is still answered.
+    connect(application, &QCoreApplication::aboutToQuit, this,
+            [this] { QCoreApplication::sendPostedEvents(this); });
+    return true;
 }

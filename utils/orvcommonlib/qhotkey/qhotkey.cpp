@@ -7,6 +7,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
+#include <QtCore/QThread>
 
 Q_LOGGING_CATEGORY(logQHotkey, "QHotkey")
 
@@ -154,6 +155,8 @@ bool QHotkey::setShortcut(Qt::Key keyCode, Qt::KeyboardModifiers modifiers, bool
     if (!m_nativeShortcut.isValid()) {
         qCWarning(logQHotkey) << "Unable to map shortcut to native keys. Key:" << keyCode
                               << "Modifiers:" << modifiers;
+        if (autoRegister && registry && !registry->hasSystem())
+            registry->registerShortcut(m_nativeShortcut); // all that this does is to say why
         clearShortcut();
         return false;
     }
@@ -217,13 +220,11 @@ QHotkeyPrivate::QHotkeyPrivate()
     // What a static object's constructor makes is destroyed after the object: the destructor can still warn.
     logQHotkey();
     new HotkeyCallGate(this);
-    if (QAbstractEventDispatcher *dispatcher = QCoreApplication::eventDispatcher())
-        dispatcher->installNativeEventFilter(this);
+    catchUp();
 }
 
 QHotkeyPrivate::~QHotkeyPrivate()
 {
-    HotkeyCallGate::of(this)->shut();
     if (!m_shortcuts.isEmpty())
         qCWarning(logQHotkey) << "QHotkeyPrivate destroyed with registered shortcuts!";
     if (QCoreApplication::instance() && QCoreApplication::eventDispatcher())
@@ -233,21 +234,20 @@ QHotkeyPrivate::~QHotkeyPrivate()
 QHotkey::NativeShortcut QHotkeyPrivate::nativeShortcut(Qt::Key keycode, Qt::KeyboardModifiers modifiers)
 {
     QHotkey::NativeShortcut result;
-    const HotkeyCall call(this);
-    if (!call.isPossible() ||
-        !QMetaObject::invokeMethod(this, "nativeShortcutInvoked", call.type(),
-                                   Q_RETURN_ARG(QHotkey::NativeShortcut, result), Q_ARG(Qt::Key, keycode),
-                                   Q_ARG(Qt::KeyboardModifiers, modifiers))) {
-        qInfo() << "nativeShortcut--QMetaObject::invokeMethod --return false:--keycode:" << keycode
-                << "-modifiers:" << modifiers << "--contype:" << call.type();
-        return {};
-    }
-    return result;
+    if (invokeInOwnThread("nativeShortcutInvoked", Q_RETURN_ARG(QHotkey::NativeShortcut, result),
+                          Q_ARG(Qt::Key, keycode), Q_ARG(Qt::KeyboardModifiers, modifiers)))
+        return result;
+    const bool isOwnThread = QThread::currentThread() == thread();
+    qInfo() << "nativeShortcut--QMetaObject::invokeMethod --return false:--keycode:" << keycode
+            << "-modifiers:" << modifiers
+            << "--contype:" << (isOwnThread ? Qt::DirectConnection : Qt::BlockingQueuedConnection);
+    return {};
 }
 
 QHotkey::NativeShortcut QHotkeyPrivate::nativeShortcutInvoked(Qt::Key keycode,
                                                               Qt::KeyboardModifiers modifiers)
 {
+    catchUp();
     bool keyFound = false;
     bool modifiersFound = false;
     const quint32 key = nativeKeycode(keycode, keyFound);
@@ -265,7 +265,7 @@ bool QHotkeyPrivate::addShortcut(QHotkey *hotkey)
     if (!hotkey || hotkey->m_registered)
         return false;
 
-    if (!invokeInOwnThread("addShortcutInvoked", hotkey))
+    if (!changeInOwnThread("addShortcutInvoked", hotkey))
         return false;
     Q_EMIT hotkey->registeredChanged(true);
     return true;
@@ -273,9 +273,10 @@ bool QHotkeyPrivate::addShortcut(QHotkey *hotkey)
 
 bool QHotkeyPrivate::addShortcutInvoked(QHotkey *hotkey)
 {
-    HotkeyCallGate::of(this)->catchUp();
+    catchUp();
     const QHotkey::NativeShortcut shortcut = hotkey->m_nativeShortcut;
-    if (!m_shortcuts.contains(shortcut) && !registerShortcut(shortcut))
+    const bool isHeld = m_shortcuts.contains(shortcut) && systemHolds(shortcut);
+    if (!isHeld && !registerShortcut(shortcut))
         return false;
     m_shortcuts.insert(shortcut, hotkey);
     hotkey->m_registered = true;
@@ -288,7 +289,7 @@ bool QHotkeyPrivate::removeShortcut(QHotkey *hotkey)
         return false;
 
     const QPointer<QHotkey> survivor(hotkey);
-    if (!invokeInOwnThread("removeShortcutInvoked", hotkey))
+    if (!changeInOwnThread("removeShortcutInvoked", hotkey))
         return false;
     if (survivor) // a slot that the removal has reached may have deleted it
         Q_EMIT survivor->registeredChanged(false);
@@ -297,7 +298,7 @@ bool QHotkeyPrivate::removeShortcut(QHotkey *hotkey)
 
 bool QHotkeyPrivate::removeShortcutInvoked(QHotkey *hotkey)
 {
-    HotkeyCallGate::of(this)->catchUp();
+    catchUp();
     const QHotkey::NativeShortcut shortcut = hotkey->m_nativeShortcut;
     if (m_shortcuts.remove(shortcut, hotkey) == 0)
         return false;
@@ -309,7 +310,7 @@ bool QHotkeyPrivate::removeShortcutInvoked(QHotkey *hotkey)
 
 void QHotkeyPrivate::activateShortcut(QHotkey::NativeShortcut shortcut)
 {
-    HotkeyCallGate::of(this)->catchUp();
+    catchUp();
     static const QMetaMethod activated = QMetaMethod::fromSignal(&QHotkey::activated);
     // An event is posted to each of them and nobody's code runs: the table stays as it is.
     for (auto entry = m_shortcuts.constFind(shortcut); entry != m_shortcuts.cend() && entry.key() == shortcut;
@@ -317,15 +318,26 @@ void QHotkeyPrivate::activateShortcut(QHotkey::NativeShortcut shortcut)
         activated.invoke(entry.value(), Qt::QueuedConnection);
 }
 
-// The result of the method; false, too, when the registry's thread no longer answers.
-bool QHotkeyPrivate::invokeInOwnThread(const char *method, QHotkey *hotkey)
+bool QHotkeyPrivate::systemHolds(QHotkey::NativeShortcut /*shortcut*/)
 {
-    bool result = false;
-    const HotkeyCall call(this);
-    return call.isPossible() &&
-           QMetaObject::invokeMethod(this, method, call.type(), Q_RETURN_ARG(bool, result),
-                                     QArgument<QHotkey *>("QHotkey*", hotkey)) &&
-           result;
+    return true;
+}
+
+bool QHotkeyPrivate::invokeInOwnThread(const char *method, QGenericReturnArgument result,
+                                       QGenericArgument first, QGenericArgument second)
+{
+    bool invoked = false;
+    HotkeyCallGate::of(this)->call([&] {
+        invoked = QMetaObject::invokeMethod(this, method, Qt::DirectConnection, result, first, second);
+    });
+    return invoked;
+}
+
+bool QHotkeyPrivate::changeInOwnThread(const char *method, QHotkey *hotkey)
+{
+    bool changed = false;
+    return invokeInOwnThread(method, Q_RETURN_ARG(bool, changed), QArgument<QHotkey *>("QHotkey*", hotkey)) &&
+           changed;
 }
 
 // A hotkey is destroyed in another thread while the registry's thread does not answer: should that thread
@@ -337,4 +349,15 @@ void QHotkeyPrivate::abandon(QHotkey *hotkey)
         if (m_shortcuts.remove(shortcut, hotkey) > 0 && !m_shortcuts.contains(shortcut))
             unregisterShortcut(shortcut);
     });
+}
+
+// Comes before everything that the registry's thread does with the table: forgets hotkeys that died
+// meanwhile, and watches the events of the application that there is now.
+void QHotkeyPrivate::catchUp()
+{
+    HotkeyCallGate *gate = HotkeyCallGate::of(this);
+    gate->catchUp();
+    QAbstractEventDispatcher *dispatcher = QCoreApplication::eventDispatcher();
+    if (dispatcher && gate->meetsNewApplication())
+        dispatcher->installNativeEventFilter(this);
 }

@@ -10,16 +10,13 @@
 ///
 /// It translates Qt's shortcuts into the system's, registers each distinct one with the system once however
 /// many hotkeys share it, and hands each press to all hotkeys under the pressed shortcut. What differs from
-/// one system to the next are the four operations that a backend implements, and its native event filter.
+/// one system to the next are the operations that a backend implements, and its native event filter. Backends
+/// are made in the library; clients have no reason to use this class.
 ///
 /// Threads: the registry lives in the thread that first called instance(), which should be the GUI thread.
-/// The public operations may be called from any thread; in another thread they block until the registry's
-/// event loop has answered. From the moment that this loop has ended (QCoreApplication::aboutToQuit(), the
-/// end of the registry's QThread, or the end of the application object) they are answered only while events
-/// are processed all the same, and otherwise fail after a second. Do not wait in the registry's thread for
-/// a thread that may be inside such a call.
-///
-/// Backends are made in the library; clients have no reason to use this class.
+/// The public operations may be called from any thread; in another one they block until the registry's thread
+/// has answered, as QHotkey describes it. The events of a second application object are watched from the
+/// first operation on that follows.
 class ORVCOMMONLIB_EXPORT QHotkeyPrivate
     : public QObject
     , public QAbstractNativeEventFilter
@@ -27,40 +24,61 @@ class ORVCOMMONLIB_EXPORT QHotkeyPrivate
     Q_OBJECT
 
 public:
-    /// Warns when hotkeys are still registered; their registrations are left to the system.
+    /// Warns when hotkeys are still registered; their registrations are left to the system. Calls of other
+    /// threads that still wait fail.
     ~QHotkeyPrivate() override;
     Q_DISABLE_COPY(QHotkeyPrivate)
 
-    /// The registry of this system, made by the first call; null once it was destroyed at the end of the
-    /// process.
+    /// The registry of this system, made by the first call.
+    /// \return null once it was destroyed at the end of the process
     static QHotkeyPrivate *instance();
 
-    /// The system's form of a shortcut; invalid, with a line in the log, when the system does not know the
-    /// key.
+    /// The system's form of a shortcut.
+    /// \param keycode,modifiers the shortcut in Qt's form
+    /// \return an invalid shortcut, with a line in the log, when the system does not know the key
     QHotkey::NativeShortcut nativeShortcut(Qt::Key keycode, Qt::KeyboardModifiers modifiers);
-    /// Registers the hotkey's native shortcut and emits its `registeredChanged(true)`. False, without a
-    /// signal, when the hotkey is registered already or null, or the system refuses.
+    /// Registers a hotkey's native shortcut and emits its `registeredChanged(true)`.
+    /// \param hotkey the hotkey, which stays the caller's
+    /// \return false, without a signal, when it is registered already or null, or the system refuses
     bool addShortcut(QHotkey *hotkey);
-    /// Removes the hotkey, which emits `registeredChanged(true)` and then `registeredChanged(false)`; see
-    /// there. False when the hotkey is null, not registered, or the system fails to release the shortcut.
+    /// Removes a hotkey, which emits `registeredChanged(true)` and then `registeredChanged(false)`; see
+    /// there.
+    /// \param hotkey the hotkey, which stays the caller's
+    /// \return false when it is null or not registered, or the system fails to release the shortcut
     bool removeShortcut(QHotkey *hotkey);
 
 protected:
     /// Installs the registry as native event filter of the application.
     QHotkeyPrivate();
 
-    /// Makes every hotkey under this shortcut emit `activated`, most recently added first, each through the
+    /// Makes every hotkey under a shortcut emit `activated`, most recently added first, each through the
     /// event loop of its own thread: never inside the caller.
+    /// \param shortcut what was pressed
     void activateShortcut(QHotkey::NativeShortcut shortcut);
 
-    /// The system's code of a key; `ok` tells whether there is one.
+    /// The system's code of a key.
+    /// \param keycode the key
+    /// \param ok set to whether there is one
     virtual quint32 nativeKeycode(Qt::Key keycode, bool &ok) = 0;
-    /// The system's modifier flags; `ok` tells whether there are any.
+    /// The system's flags of modifiers.
+    /// \param modifiers the modifiers
+    /// \param ok set to whether there are any
     virtual quint32 nativeModifiers(Qt::KeyboardModifiers modifiers, bool &ok) = 0;
-    /// Registers with the system. A failure is warned of in logQHotkey.
+    /// Registers with the system.
+    /// \param shortcut what to register
+    /// \return false, after a warning in logQHotkey, when the system refuses
     virtual bool registerShortcut(QHotkey::NativeShortcut shortcut) = 0;
-    /// Releases the registration. A failure is warned of in logQHotkey.
+    /// Releases the registration.
+    /// \param shortcut what to release
+    /// \return false, after a warning in logQHotkey, when the system refuses
     virtual bool unregisterShortcut(QHotkey::NativeShortcut shortcut) = 0;
+    /// Whether there are global hotkeys at all; where there are none registerShortcut() says so, and does no
+    /// more. Called from any thread.
+    virtual bool hasSystem() const { return true; }
+    /// Whether the system still keeps what was registered; where it has dropped it, the next hotkey registers
+    /// anew.
+    /// \param shortcut what was registered
+    virtual bool systemHolds(QHotkey::NativeShortcut shortcut);
 
 private:
     friend class QHotkey;
@@ -70,8 +88,11 @@ private:
     Q_INVOKABLE QHotkey::NativeShortcut nativeShortcutInvoked(Qt::Key keycode,
                                                               Qt::KeyboardModifiers modifiers);
 
-    bool invokeInOwnThread(const char *method, QHotkey *hotkey);
+    bool invokeInOwnThread(const char *method, QGenericReturnArgument result, QGenericArgument first,
+                           QGenericArgument second = QGenericArgument());
+    bool changeInOwnThread(const char *method, QHotkey *hotkey);
     void abandon(QHotkey *hotkey);
+    void catchUp();
 
     QMultiHash<QHotkey::NativeShortcut, QHotkey *> m_shortcuts;
 };
