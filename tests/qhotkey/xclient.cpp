@@ -4,6 +4,8 @@
 
 #include <QtCore/QProcess>
 
+#include <xcb/xcbext.h>
+
 #include <cstdlib>
 
 namespace {
@@ -12,18 +14,26 @@ const QString kUsualLayout = QStringLiteral("us");
 
 constexpr int kLockBits[] = {XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MOD_MASK_3};
 constexpr int kModifierBits = 0xff;
+constexpr int kLayoutShift = 13;
+constexpr int kMaximalLayouts = 4;
+constexpr xcb_keycode_t kToggleKeycode = 135; // the Menu key, with the option that setLayout() sets
 
 } // namespace
 
-XClient::XClient()
-    : m_connection(xcb_connect(nullptr, nullptr))
-    , m_root(xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root)
+XClient::XClient(const QByteArray &display, int screen)
+    : m_connection(xcb_connect(display.isEmpty() ? nullptr : display.constData(), nullptr))
 {
+    auto each = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
+    for (; screen > 0; --screen)
+        xcb_screen_next(&each);
+    m_root = each.data->root;
 }
 
 XClient::~XClient()
 {
     releaseLocks();
+    for (int layout = 1; layout < kMaximalLayouts && layoutInEffect() != 0; ++layout)
+        switchLayout();
     if (m_hasChangedKeyboard)
         setLayout(kUsualLayout);
     xcb_disconnect(m_connection);
@@ -66,7 +76,51 @@ QVector<int> XClient::heldByOthers(xcb_keycode_t keycode, int modifiers)
 void XClient::setLayout(const QString &layout)
 {
     m_hasChangedKeyboard = true;
-    QProcess::execute(QStringLiteral("setxkbmap"), {layout});
+    QStringList arguments{QStringLiteral("-option"), QString()}; // those of before do not stay
+    if (layout.contains(QLatin1Char(',')))
+        arguments << QStringLiteral("-option") << QStringLiteral("grp:menu_toggle");
+    QProcess::execute(QStringLiteral("setxkbmap"), arguments << layout);
+}
+
+void XClient::pressKeys(const QVector<xcb_keycode_t> &keycodes)
+{
+    for (auto key = keycodes.cbegin(); key != keycodes.cend(); ++key)
+        fakeInput(XCB_KEY_PRESS, *key);
+    for (auto key = keycodes.crbegin(); key != keycodes.crend(); ++key)
+        fakeInput(XCB_KEY_RELEASE, *key);
+    modifierState(); // a round trip: it has happened
+}
+
+// What libxcb-xtest would do.
+void XClient::fakeInput(uint8_t type, xcb_keycode_t keycode)
+{
+    static xcb_extension_t xtest = {"XTEST", 0};
+    constexpr uint8_t kFakeInput = 2;
+    static const xcb_protocol_request_t request = {1, &xtest, kFakeInput, 1};
+    struct
+    {
+        uint8_t majorOpcode = 0;
+        uint8_t minorOpcode = 0;
+        uint16_t length = 0;
+        uint8_t eventType = 0;
+        uint8_t detail = 0;
+        uint8_t unused[30] = {};
+    } body;
+    body.eventType = type;
+    body.detail = keycode;
+    iovec parts[3] = {{}, {}, {&body, sizeof(body)}}; // the first two are libxcb's own
+    xcb_send_request(m_connection, 0, parts + 2, &request);
+    xcb_flush(m_connection);
+}
+
+void XClient::switchLayout()
+{
+    pressKeys({kToggleKeycode});
+}
+
+int XClient::layoutInEffect()
+{
+    return (keyboardState() >> kLayoutShift) & (kMaximalLayouts - 1);
 }
 
 void XClient::setScrollLockModifier(bool on)
@@ -83,7 +137,7 @@ void XClient::setKeysyms(xcb_keycode_t keycode, xcb_keysym_t plain, xcb_keysym_t
     succeeds(xcb_change_keyboard_mapping_checked(m_connection, 1, keycode, 2, symbols));
 }
 
-xcb_keycode_t XClient::keycode(xcb_keysym_t keysym)
+QVector<xcb_keycode_t> XClient::keycodes(xcb_keysym_t keysym)
 {
     const xcb_setup_t *setup = xcb_get_setup(m_connection);
     const int keys = setup->max_keycode - setup->min_keycode + 1;
@@ -91,13 +145,18 @@ xcb_keycode_t XClient::keycode(xcb_keysym_t keysym)
         m_connection, xcb_get_keyboard_mapping(m_connection, setup->min_keycode, static_cast<uint8_t>(keys)),
         nullptr);
     const xcb_keysym_t *symbols = xcb_get_keyboard_mapping_keysyms(reply);
-    int key = 0;
-    while (key < keys && *symbols != keysym) {
-        symbols += reply->keysyms_per_keycode;
-        ++key;
+    QVector<xcb_keycode_t> found;
+    for (int key = 0; key < keys; ++key) {
+        if (symbols[key * reply->keysyms_per_keycode] == keysym)
+            found << static_cast<xcb_keycode_t>(setup->min_keycode + key);
     }
     std::free(reply);
-    return key < keys ? static_cast<xcb_keycode_t>(setup->min_keycode + key) : 0;
+    return found;
+}
+
+xcb_keycode_t XClient::keycode(xcb_keysym_t keysym)
+{
+    return keycodes(keysym).value(0);
 }
 
 void XClient::focusWindow()
@@ -128,9 +187,14 @@ QVector<int> XClient::pressedKeycodes()
 
 int XClient::modifierState()
 {
+    return keyboardState() & kModifierBits;
+}
+
+int XClient::keyboardState()
+{
     xcb_query_pointer_reply_t *reply =
         xcb_query_pointer_reply(m_connection, xcb_query_pointer(m_connection, m_root), nullptr);
-    const int state = reply->mask & kModifierBits;
+    const int state = reply->mask;
     std::free(reply);
     return state;
 }

@@ -3,21 +3,34 @@
 #include "qhotkey_p.h"
 
 #include <QtCore/QGlobalStatic>
+#include <QtGui/QGuiApplication>
 
 /// The registry on a system without global hotkeys.
 class QHotkeyPrivateNone : public QHotkeyPrivate
 {
 public:
-    bool nativeEventFilter(const QByteArray & /*eventType*/, void * /*message*/, long * /*result*/) override
-    {
-        return false;
-    }
+    bool nativeEventFilter(const QByteArray &, void *, long *) override { return false; }
 
 protected:
-    quint32 nativeKeycode(Qt::Key keycode, bool &ok) override;
-    quint32 nativeModifiers(Qt::KeyboardModifiers modifiers, bool &ok) override;
-    bool registerShortcut(QHotkey::NativeShortcut shortcut) override;
-    bool unregisterShortcut(QHotkey::NativeShortcut shortcut) override;
+    bool hasSystem() const override { return false; }
+    quint32 nativeKeycode(Qt::Key /*keycode*/, bool &ok) override
+    {
+        ok = false;
+        return 0;
+    }
+    quint32 nativeModifiers(Qt::KeyboardModifiers /*modifiers*/, bool &ok) override
+    {
+        ok = true;
+        return 0;
+    }
+    bool registerShortcut(QHotkey::NativeShortcut /*shortcut*/) override
+    {
+        qCWarning(logQHotkey)
+            << "Failed to register hotkey. Error: there are no global hotkeys on the platform"
+            << QGuiApplication::platformName();
+        return false;
+    }
+    bool unregisterShortcut(QHotkey::NativeShortcut /*shortcut*/) override { return false; }
 };
 
 Q_GLOBAL_STATIC(QHotkeyPrivateNone, registry)
@@ -25,28 +38,4 @@ Q_GLOBAL_STATIC(QHotkeyPrivateNone, registry)
 QHotkeyPrivate *QHotkeyPrivate::instance()
 {
     return registry;
-}
-
-quint32 QHotkeyPrivateNone::nativeKeycode(Qt::Key /*keycode*/, bool &ok)
-{
-    ok = false;
-    return 0;
-}
-
-quint32 QHotkeyPrivateNone::nativeModifiers(Qt::KeyboardModifiers /*modifiers*/, bool &ok)
-{
-    ok = true;
-    return 0;
-}
-
-bool QHotkeyPrivateNone::registerShortcut(QHotkey::NativeShortcut /*shortcut*/)
-{
-    qCWarning(logQHotkey) << "Failed to register hotkey. Error: this system offers no global hotkeys";
-    return false;
-}
-
-bool QHotkeyPrivateNone::unregisterShortcut(QHotkey::NativeShortcut /*shortcut*/)
-{
-    qCWarning(logQHotkey) << "Failed to unregister hotkey. Error: this system offers no global hotkeys";
-    return false;
 }

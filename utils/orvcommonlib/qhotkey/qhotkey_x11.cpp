@@ -1,11 +1,13 @@
-// Global hotkeys through passive key grabs on the root window of the X server.
+// Global hotkeys through passive key grabs on the root windows of the X server.
 
+#include "nativekeys.h"
 #include "qhotkey_p.h"
 #include "x11keyboardmap.h"
 
 #include <QtCore/QGlobalStatic>
+#include <QtCore/QPair>
+#include <QtCore/QPointer>
 #include <QtCore/QSet>
-#include <QtCore/QVarLengthArray>
 #include <QtGui/QGuiApplication>
 #include <QtX11Extras/QX11Info>
 
@@ -15,112 +17,86 @@
 namespace {
 
 constexpr quint32 kModifierBits = 0xff; // the other bits of a state: pointer buttons, layout group
-constexpr int kXkbNewKeyboardNotify = 0;
-constexpr int kXkbMapNotify = 1;
 
-// A key of the keyboard with modifiers, locks left out.
-struct Chord
+constexpr NativeKey kModifiers[] = {
+    {Qt::ShiftModifier, XCB_MOD_MASK_SHIFT},
+    {Qt::ControlModifier, XCB_MOD_MASK_CONTROL},
+    {Qt::AltModifier, XCB_MOD_MASK_1},
+    {Qt::MetaModifier, XCB_MOD_MASK_4},
+};
+
+// A key of the keyboard and all the modifiers that are down with it, locks included.
+using Chord = QPair<xcb_keycode_t, quint16>;
+using Chords = QSet<Chord>;
+
+Chords chordsOf(QHotkey::NativeShortcut shortcut, const X11KeyboardMap &map)
 {
-    xcb_keycode_t keycode = 0; // 0: the keyboard has no such key (to the server it would mean every key)
-    quint16 modifiers = 0;
-
-    bool operator==(const Chord &other) const
-    {
-        return keycode == other.keycode && modifiers == other.modifiers;
+    Chords chords;
+    const QVector<quint16> lockCombinations = map.lockCombinations();
+    const auto modifiers = static_cast<quint16>(shortcut.modifier & ~quint32(lockCombinations.constLast()));
+    const QVector<xcb_keycode_t> keycodes = map.keycodes(shortcut.key);
+    for (const xcb_keycode_t keycode : keycodes) {
+        for (const quint16 locks : lockCombinations)
+            chords.insert({keycode, static_cast<quint16>(modifiers | locks)});
     }
-};
-
-// A registered shortcut and the key that it stands for at the moment.
-struct Grab
-{
-    QHotkey::NativeShortcut shortcut;
-    Chord chord;
-};
-
-uint qHash(const Chord &chord, uint seed = 0)
-{
-    return ::qHash((uint(chord.modifiers) << 8) | chord.keycode, seed);
-}
-
-Chord chordOf(QHotkey::NativeShortcut shortcut, const X11KeyboardMap &map)
-{
-    const quint32 modifiers = shortcut.modifier & kModifierBits & ~quint32(map.locks());
-    return {map.keycode(shortcut.key), static_cast<quint16>(modifiers)};
-}
-
-QSet<Chord> distinctChords(const QVector<Grab> &grabs)
-{
-    QSet<Chord> chords;
-    for (const Grab &grab : grabs)
-        chords.insert(grab.chord);
     return chords;
 }
 
-// What the server said to a checked request; 0 when it agreed.
-int errorCode(xcb_connection_t *connection, xcb_void_cookie_t request)
+QVector<xcb_window_t> rootWindows(xcb_connection_t *connection)
 {
-    xcb_generic_error_t *error = xcb_request_check(connection, request);
-    const int code = error ? error->error_code : 0;
-    std::free(error);
-    return code;
+    QVector<xcb_window_t> roots;
+    for (auto screen = xcb_setup_roots_iterator(xcb_get_setup(connection)); screen.rem > 0;
+         xcb_screen_next(&screen))
+        roots.append(screen.data->root);
+    return roots;
 }
 
-// Takes every combination of the locks away from the chord.
-void ungrab(Chord chord, const X11KeyboardMap &map)
+void ungrab(const Chords &chords)
 {
     xcb_connection_t *connection = QX11Info::connection();
-    if (!connection || chord.keycode == 0)
+    if (!connection || chords.isEmpty())
         return;
-    const QVector<quint16> combinations = map.lockCombinations();
-    for (const quint16 locks : combinations)
-        xcb_ungrab_key(connection, chord.keycode, QX11Info::appRootWindow(), chord.modifiers | locks);
-    // Any answer will do: another client can grab the key as soon as this returns.
+    const QVector<xcb_window_t> roots = rootWindows(connection);
+    for (const Chord &chord : chords) {
+        for (const xcb_window_t root : roots)
+            xcb_ungrab_key(connection, chord.first, root, chord.second);
+    }
+    // Any answer will do: another client can grab the keys as soon as this returns.
     std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
 
-// Grabs the chord with every combination of the locks, or nothing of it; what went wrong, or an empty text.
-QByteArray grab(Chord chord, const X11KeyboardMap &map)
+// Grabs all of them or none; what went wrong, or an empty text.
+QByteArray grab(const Chords &chords)
 {
-    if (chord.keycode == 0)
-        return QByteArrayLiteral("no key of the keyboard layout carries this symbol");
-
     xcb_connection_t *connection = QX11Info::connection();
-    const QVector<quint16> combinations = map.lockCombinations();
+    const QVector<xcb_window_t> roots = rootWindows(connection);
     QVector<xcb_void_cookie_t> requests;
-    for (const quint16 locks : combinations)
-        requests.append(xcb_grab_key_checked(connection, false, QX11Info::appRootWindow(),
-                                             chord.modifiers | locks, chord.keycode, XCB_GRAB_MODE_ASYNC,
-                                             XCB_GRAB_MODE_ASYNC));
-    int error = 0;
-    for (const xcb_void_cookie_t request : qAsConst(requests))
-        error = std::max(error, errorCode(connection, request));
-    if (error == 0)
+    for (const Chord &chord : chords) {
+        for (const xcb_window_t root : roots)
+            requests.append(xcb_grab_key_checked(connection, false, root, chord.second, chord.first,
+                                                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+    }
+    int errorCode = 0;
+    for (const xcb_void_cookie_t request : qAsConst(requests)) {
+        xcb_generic_error_t *error = xcb_request_check(connection, request);
+        errorCode = std::max(errorCode, error ? int(error->error_code) : 0);
+        std::free(error);
+    }
+    if (errorCode == 0)
         return {};
 
-    ungrab(chord, map);
-    if (error == XCB_ACCESS)
+    ungrab(chords);
+    if (errorCode == XCB_ACCESS)
         return QByteArrayLiteral("another program has grabbed this key combination");
-    return QByteArrayLiteral("the X server refuses with error ") + QByteArray::number(error);
-}
-
-// The event type in which the keyboard extension tells of its changes, or -1.
-int keyboardExtensionEvent(xcb_connection_t *connection)
-{
-    constexpr char kName[] = "XKEYBOARD";
-    const xcb_query_extension_cookie_t request = xcb_query_extension(connection, sizeof(kName) - 1, kName);
-    xcb_query_extension_reply_t *reply = xcb_query_extension_reply(connection, request, nullptr);
-    const int event = reply && reply->present ? reply->first_event : -1;
-    std::free(reply);
-    return event;
+    return QByteArrayLiteral("the X server refuses with error ") + QByteArray::number(errorCode);
 }
 
 } // namespace
 
 /// The registry on an X server; with Qt's other platform plugins it knows no key and registers nothing.
 ///
-/// A native shortcut names a symbol, not a key: when the keyboard layout changes, its grab moves to the key
-/// that now carries the symbol. Two shortcuts may thus mean one key ("1" and "!"): the key is grabbed once,
-/// and both fire.
+/// A native shortcut names a symbol, not a key: when the keyboard layout changes, its grabs move to the keys
+/// that now carry the symbol. Two shortcuts may thus mean one key ("1" and "!"): both fire.
 class QHotkeyPrivateX11 : public QHotkeyPrivate
 {
 public:
@@ -131,20 +107,22 @@ protected:
     quint32 nativeModifiers(Qt::KeyboardModifiers modifiers, bool &ok) override;
     bool registerShortcut(QHotkey::NativeShortcut shortcut) override;
     bool unregisterShortcut(QHotkey::NativeShortcut shortcut) override;
+    bool hasSystem() const override { return QX11Info::isPlatformX11(); }
+    bool systemHolds(QHotkey::NativeShortcut shortcut) override;
 
 private:
+    QByteArray take(QHotkey::NativeShortcut shortcut);
+    void releaseUnused();
     void pressKey(const xcb_key_press_event_t *event);
-    bool isKeyboardChange(const xcb_generic_event_t *event) const;
     void noteKeyboardChange();
-    void updateKeyboardMap();
-    void moveGrabs(const X11KeyboardMap &map);
-    int indexOf(QHotkey::NativeShortcut shortcut) const;
-    bool isGrabbed(Chord chord) const;
+    void followKeyboard();
 
-    QVector<Grab> m_grabs; // few, and read at every key press
+    QHash<QHotkey::NativeShortcut, Chords>
+        m_registered; // without chords: lost to another client, or to the layout
+    Chords m_held;    // all of the above, and nothing else, whenever nothing is being changed
     X11KeyboardMap m_map;
     bool m_mapIsCurrent = false;
-    int m_keyboardExtensionEvent = -1;
+    QPointer<QCoreApplication> m_application; // whose connection to the server has the grabs
 };
 
 Q_GLOBAL_STATIC(QHotkeyPrivateX11, registry)
@@ -154,164 +132,131 @@ QHotkeyPrivate *QHotkeyPrivate::instance()
     return registry;
 }
 
+bool QHotkeyPrivateX11::systemHolds(QHotkey::NativeShortcut shortcut)
+{
+    followKeyboard();
+    return !m_registered.value(shortcut).isEmpty();
+}
+
 quint32 QHotkeyPrivateX11::nativeKeycode(Qt::Key keycode, bool &ok)
 {
-    ok = false;
-    if (!QX11Info::isPlatformX11())
-        return 0;
-    updateKeyboardMap();
+    followKeyboard();
     const xcb_keysym_t keysym = m_map.keysym(keycode);
-    ok = m_map.keycode(keysym) != 0;
+    ok = !m_map.keycodes(keysym).isEmpty();
     return ok ? keysym : 0;
 }
 
 quint32 QHotkeyPrivateX11::nativeModifiers(Qt::KeyboardModifiers modifiers, bool &ok)
 {
     ok = true;
-    quint32 mask = 0;
-    if (modifiers & Qt::ShiftModifier)
-        mask |= XCB_MOD_MASK_SHIFT;
-    if (modifiers & Qt::ControlModifier)
-        mask |= XCB_MOD_MASK_CONTROL;
-    if (modifiers & Qt::AltModifier)
-        mask |= XCB_MOD_MASK_1;
-    if (modifiers & Qt::MetaModifier)
-        mask |= XCB_MOD_MASK_4;
-    return mask;
+    return nativeFlags(kModifiers, modifiers);
 }
 
 bool QHotkeyPrivateX11::registerShortcut(QHotkey::NativeShortcut shortcut)
 {
-    if (!QX11Info::isPlatformX11()) {
-        qCWarning(logQHotkey)
-            << "Failed to register hotkey. Error: there are no global hotkeys on the platform"
-            << QGuiApplication::platformName();
-        return false;
-    }
-    if (shortcut.modifier & ~kModifierBits) {
-        qCWarning(logQHotkey) << "Failed to register hotkey. Error: not a set of modifiers:"
-                              << shortcut.modifier;
-        return false;
-    }
-
-    updateKeyboardMap();
-    const Chord chord = chordOf(shortcut, m_map);
-    const QByteArray error = isGrabbed(chord) ? QByteArray() : grab(chord, m_map);
-    if (!error.isEmpty()) {
-        qCWarning(logQHotkey) << "Failed to register hotkey. Error:" << error.constData();
-        return false;
-    }
-    if (indexOf(shortcut) < 0)
-        m_grabs.append({shortcut, chord});
-    return true;
+    followKeyboard();
+    const QByteArray error = take(shortcut);
+    if (error.isEmpty())
+        return true;
+    qCWarning(logQHotkey) << "Failed to register hotkey. Error:" << error.constData();
+    return false;
 }
 
 bool QHotkeyPrivateX11::unregisterShortcut(QHotkey::NativeShortcut shortcut)
 {
-    const int index = indexOf(shortcut);
-    if (index < 0) {
+    if (m_registered.remove(shortcut) == 0) {
         qCWarning(logQHotkey) << "Failed to unregister hotkey. Error: it is not registered";
         return false;
     }
-    const Chord chord = m_grabs.takeAt(index).chord;
-    if (!isGrabbed(chord))
-        ungrab(chord, m_map);
+    followKeyboard();
+    releaseUnused();
     return true;
 }
 
-bool QHotkeyPrivateX11::nativeEventFilter(const QByteArray &eventType, void *message, long *result)
+// Registers the shortcut, or grabs its keys anew; what went wrong, or an empty text.
+QByteArray QHotkeyPrivateX11::take(QHotkey::NativeShortcut shortcut)
 {
-    Q_UNUSED(result)
+    if (!hasSystem())
+        return "there are no global hotkeys on the platform \"" + QGuiApplication::platformName().toUtf8() +
+               '"';
+    if (shortcut.modifier & ~kModifierBits)
+        return "not a set of modifiers: " + QByteArray::number(shortcut.modifier);
+
+    const Chords chords = chordsOf(shortcut, m_map);
+    if (chords.isEmpty())
+        return QByteArrayLiteral("no key of the keyboard layout carries this symbol");
+    QByteArray error = grab(chords - m_held);
+    if (error.isEmpty()) {
+        m_held += chords;
+        m_registered.insert(shortcut, chords);
+    }
+    return error;
+}
+
+void QHotkeyPrivateX11::releaseUnused()
+{
+    Chords used;
+    for (const Chords &chords : qAsConst(m_registered))
+        used += chords;
+    ungrab(m_held - used);
+    m_held = used;
+}
+
+bool QHotkeyPrivateX11::nativeEventFilter(const QByteArray &eventType, void *message, long * /*result*/)
+{
     static const QByteArray xcbEvent = QByteArrayLiteral("xcb_generic_event_t");
     if (eventType != xcbEvent)
         return false;
     const auto *event = static_cast<xcb_generic_event_t *>(message);
     if (event->response_type == XCB_KEY_PRESS) // with another bit set it was made up by another client
         pressKey(static_cast<xcb_key_press_event_t *>(message));
-    else if (isKeyboardChange(event))
+    else if (m_map.isOutdatedBy(event))
         noteKeyboardChange();
     return false;
 }
 
 void QHotkeyPrivateX11::pressKey(const xcb_key_press_event_t *event)
 {
-    const quint32 modifiers = event->state & kModifierBits & ~quint32(m_map.locks());
-    const Chord chord{event->detail, static_cast<quint16>(modifiers)};
-    QVarLengthArray<QHotkey::NativeShortcut, 4> pressed;
-    for (const Grab &grab : qAsConst(m_grabs)) {
-        if (grab.chord == chord)
-            pressed.append(grab.shortcut);
+    const Chord chord(event->detail, static_cast<quint16>(event->state & kModifierBits));
+    const QHash<QHotkey::NativeShortcut, Chords> registered = m_registered; // which a press may change
+    for (auto entry = registered.cbegin(); entry != registered.cend(); ++entry) {
+        if (entry->contains(chord))
+            activateShortcut(entry.key());
     }
-    for (const QHotkey::NativeShortcut &shortcut : pressed)
-        activateShortcut(shortcut);
-}
-
-// Clients that use the keyboard extension, as Qt does, hear of most changes through its own events.
-bool QHotkeyPrivateX11::isKeyboardChange(const xcb_generic_event_t *event) const
-{
-    const int type = event->response_type & 0x7f;
-    if (type == XCB_MAPPING_NOTIFY)
-        return reinterpret_cast<const xcb_mapping_notify_event_t *>(event)->request != XCB_MAPPING_POINTER;
-    return type == m_keyboardExtensionEvent &&
-           (event->pad0 == kXkbNewKeyboardNotify || event->pad0 == kXkbMapNotify);
 }
 
 // One change makes many events: the keyboard is read once, when all of them have come.
 void QHotkeyPrivateX11::noteKeyboardChange()
 {
-    if (m_mapIsCurrent && !m_grabs.isEmpty())
-        QMetaObject::invokeMethod(
-            this, [this] { updateKeyboardMap(); }, Qt::QueuedConnection);
+    if (m_mapIsCurrent && !m_registered.isEmpty())
+        QMetaObject::invokeMethod(this, &QHotkeyPrivateX11::followKeyboard, Qt::QueuedConnection);
     m_mapIsCurrent = false;
 }
 
-void QHotkeyPrivateX11::updateKeyboardMap()
+// Brings the map up to date, and the grabs with it. What means the same key as before stays grabbed without a
+// break; what had been lost is tried again.
+void QHotkeyPrivateX11::followKeyboard()
 {
-    if (m_mapIsCurrent)
+    QCoreApplication *application = QCoreApplication::instance();
+    if (application && m_application != application) {
+        m_application = application;
+        m_held.clear(); // went with the connection
+        m_mapIsCurrent = false;
+    }
+    if (m_mapIsCurrent || !application)
         return;
     m_mapIsCurrent = true;
-    m_keyboardExtensionEvent = keyboardExtensionEvent(QX11Info::connection());
-    const X11KeyboardMap map(QX11Info::connection());
-    if (map != m_map)
-        moveGrabs(map);
-}
-
-// What means the same key in both maps stays grabbed without a break.
-void QHotkeyPrivateX11::moveGrabs(const X11KeyboardMap &map)
-{
-    QVector<Grab> moved = m_grabs;
-    for (Grab &grab : moved)
-        grab.chord = chordOf(grab.shortcut, map);
-    const QSet<Chord> before = distinctChords(m_grabs);
-    const QSet<Chord> after = distinctChords(moved);
-    const QSet<Chord> kept = map.locks() == m_map.locks() ? before & after : QSet<Chord>();
-
-    const QSet<Chord> gone = before - kept;
-    for (const Chord chord : gone)
-        ungrab(chord, m_map);
-    const QSet<Chord> added = after - kept;
-    for (const Chord chord : added) {
-        const QByteArray error = grab(chord, map);
+    m_map = hasSystem() ? X11KeyboardMap::current() : X11KeyboardMap();
+    const QList<QHotkey::NativeShortcut> shortcuts = m_registered.keys();
+    for (const QHotkey::NativeShortcut &shortcut : shortcuts) {
+        const QByteArray error = take(shortcut);
         if (error.isEmpty())
             continue;
-        qCWarning(logQHotkey) << "Failed to register hotkey in the new keyboard layout. Error:"
-                              << error.constData();
-        for (Grab &grab : moved)
-            grab.chord = grab.chord == chord ? Chord() : grab.chord;
+        if (!m_registered.value(shortcut).isEmpty()) {
+            qCWarning(logQHotkey) << "Failed to register hotkey in the new keyboard layout. Error:"
+                                  << error.constData();
+        }
+        m_registered.insert(shortcut, {});
     }
-    m_map = map;
-    m_grabs = moved;
-}
-
-int QHotkeyPrivateX11::indexOf(QHotkey::NativeShortcut shortcut) const
-{
-    const auto *const found = std::find_if(m_grabs.cbegin(), m_grabs.cend(),
-                                           [&](const Grab &grab) { return grab.shortcut == shortcut; });
-    return found == m_grabs.cend() ? -1 : static_cast<int>(found - m_grabs.cbegin());
-}
-
-bool QHotkeyPrivateX11::isGrabbed(Chord chord) const
-{
-    return chord.keycode != 0 && std::any_of(m_grabs.cbegin(), m_grabs.cend(),
-                                             [&](const Grab &grab) { return grab.chord == chord; });
+    releaseUnused();
 }

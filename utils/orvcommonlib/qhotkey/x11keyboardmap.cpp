@@ -1,52 +1,30 @@
 #include "x11keyboardmap.h"
 
+#include "nativekeys.h"
+
 #include <QtCore/QChar>
-#include <QtCore/Qt>
+#include <QtCore/QMetaEnum>
+#include <QtX11Extras/QX11Info>
 
 #include <xkbcommon/xkbcommon.h>
 
+#include <X11/extensions/XKBproto.h>
+#include <X11/XKBlib.h>
+
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
+#include <limits>
 
 namespace {
 
-struct KeySymbol
-{
-    int key;
-    xcb_keysym_t keysym;
-};
-
-constexpr KeySymbol kKeySymbols[] = {
-    {Qt::Key_Escape, XKB_KEY_Escape},
-    {Qt::Key_Tab, XKB_KEY_Tab},
+// Qt names most keys as the X server does. These are the others.
+constexpr NativeKey kKeys[] = {
     {Qt::Key_Backtab, XKB_KEY_Tab},
-    {Qt::Key_Backspace, XKB_KEY_BackSpace},
-    {Qt::Key_Return, XKB_KEY_Return},
     {Qt::Key_Enter, XKB_KEY_KP_Enter},
-    {Qt::Key_Insert, XKB_KEY_Insert},
-    {Qt::Key_Delete, XKB_KEY_Delete},
-    {Qt::Key_Pause, XKB_KEY_Pause},
-    {Qt::Key_Print, XKB_KEY_Print},
-    {Qt::Key_Clear, XKB_KEY_Clear},
-    {Qt::Key_Home, XKB_KEY_Home},
-    {Qt::Key_End, XKB_KEY_End},
-    {Qt::Key_Left, XKB_KEY_Left},
-    {Qt::Key_Up, XKB_KEY_Up},
-    {Qt::Key_Right, XKB_KEY_Right},
-    {Qt::Key_Down, XKB_KEY_Down},
     {Qt::Key_PageUp, XKB_KEY_Prior},
     {Qt::Key_PageDown, XKB_KEY_Next},
     {Qt::Key_CapsLock, XKB_KEY_Caps_Lock},
     {Qt::Key_NumLock, XKB_KEY_Num_Lock},
     {Qt::Key_ScrollLock, XKB_KEY_Scroll_Lock},
-    {Qt::Key_Menu, XKB_KEY_Menu},
-    {Qt::Key_Help, XKB_KEY_Help},
-    {Qt::Key_Back, XKB_KEY_XF86Back},
-    {Qt::Key_Forward, XKB_KEY_XF86Forward},
-    {Qt::Key_Stop, XKB_KEY_XF86Stop},
-    {Qt::Key_Refresh, XKB_KEY_XF86Refresh},
-    {Qt::Key_Reload, XKB_KEY_XF86Reload},
     {Qt::Key_VolumeDown, XKB_KEY_XF86AudioLowerVolume},
     {Qt::Key_VolumeMute, XKB_KEY_XF86AudioMute},
     {Qt::Key_VolumeUp, XKB_KEY_XF86AudioRaiseVolume},
@@ -56,101 +34,88 @@ constexpr KeySymbol kKeySymbols[] = {
     {Qt::Key_MediaPrevious, XKB_KEY_XF86AudioPrev},
     {Qt::Key_MediaNext, XKB_KEY_XF86AudioNext},
     {Qt::Key_MediaRecord, XKB_KEY_XF86AudioRecord},
-    {Qt::Key_HomePage, XKB_KEY_XF86HomePage},
-    {Qt::Key_Favorites, XKB_KEY_XF86Favorites},
-    {Qt::Key_Search, XKB_KEY_XF86Search},
-    {Qt::Key_Standby, XKB_KEY_XF86Standby},
     {Qt::Key_LaunchMail, XKB_KEY_XF86Mail},
     {Qt::Key_LaunchMedia, XKB_KEY_XF86AudioMedia},
     {Qt::Key_Launch0, XKB_KEY_XF86MyComputer},
     {Qt::Key_Launch1, XKB_KEY_XF86Calculator},
-    {Qt::Key_Touroku, XKB_KEY_Touroku},
-    {Qt::Key_Massyo, XKB_KEY_Massyo},
-    {Qt::Key_Mode_switch, XKB_KEY_Mode_switch},
-    {Qt::Key_Select, XKB_KEY_Select},
-    {Qt::Key_Cancel, XKB_KEY_Cancel},
     {Qt::Key_Printer, XKB_KEY_Print},
-    {Qt::Key_Execute, XKB_KEY_Execute},
-    {Qt::Key_Sleep, XKB_KEY_XF86Sleep},
 };
 
 constexpr int kFirstSpecialKey = 0x01000000; // smaller Qt keys are characters
-constexpr xcb_keysym_t kUnicodeKeysyms =
-    0x01000000; // a character that has no keysym of its own is this plus its code
-constexpr quint16 kNamedModifiers =
-    XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
+// A character that has no keysym of its own is this plus its code.
+constexpr xcb_keysym_t kUnicodeKeysyms = 0x01000000;
+constexpr int kNamedModifiers = XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
 
-struct Freed
-{
-    void operator()(void *reply) const { std::free(reply); }
-};
-template<typename Reply>
-using ReplyPointer = std::unique_ptr<Reply, Freed>;
+constexpr int kNowhere = std::numeric_limits<int>::max();
 
-// Layouts may spell a character both ways.
+// Layouts and clients may spell a character both ways.
 xcb_keysym_t oneSpelling(xcb_keysym_t keysym)
 {
     const bool isUnicode = keysym > kUnicodeKeysyms && keysym <= kUnicodeKeysyms + QChar::LastValidCodePoint;
     return isUnicode ? xkb_utf32_to_keysym(keysym - kUnicodeKeysyms) : keysym;
 }
 
+xcb_keysym_t namedKeysym(int qtKey)
+{
+    const QByteArray name =
+        QByteArray(QMetaEnum::fromType<Qt::Key>().valueToKey(qtKey)).mid(sizeof("Key_") - 1);
+    const xcb_keysym_t keysym = xkb_keysym_from_name(name.constData(), XKB_KEYSYM_CASE_INSENSITIVE);
+    if (keysym != XKB_KEY_NoSymbol)
+        return keysym;
+    return xkb_keysym_from_name(("XF86" + name).constData(), XKB_KEYSYM_CASE_INSENSITIVE);
+}
+
+// Where on the key the symbol is, the best place being 0: the layout in effect comes first, and in each
+// layout the place without a modifier.
+int placeOf(xcb_keysym_t keysym, XkbDescPtr keyboard, int keycode, int groupInEffect)
+{
+    const int groups = XkbKeyNumGroups(keyboard, keycode);
+    for (int layout = 0; layout <= groups && groups > 0; ++layout) {
+        // A key of fewer layouts than the keyboard has them in turn.
+        const int group = (layout == 0 ? groupInEffect : layout - 1) % groups;
+        for (int level = 0; level < XkbKeyGroupWidth(keyboard, keycode, group); ++level) {
+            if (oneSpelling(XkbKeySymEntry(keyboard, keycode, level, group)) == keysym)
+                return layout * (XkbMaxShiftLevel + 1) + level;
+        }
+    }
+    return kNowhere;
+}
+
+int modifierOf(XkbDescPtr keyboard, int keycode)
+{
+    return keyboard->map->modmap ? keyboard->map->modmap[keycode] : 0;
+}
+
 } // namespace
 
-X11KeyboardMap::X11KeyboardMap(xcb_connection_t *connection)
+X11KeyboardMap X11KeyboardMap::current()
 {
-    if (!connection || xcb_connection_has_error(connection))
-        return;
-    const xcb_setup_t *setup = xcb_get_setup(connection);
-    m_firstKeycode = setup->min_keycode;
-    const int keys = setup->max_keycode - setup->min_keycode + 1;
-
-    const xcb_get_keyboard_mapping_cookie_t keysyms =
-        xcb_get_keyboard_mapping(connection, m_firstKeycode, static_cast<uint8_t>(keys));
-    const xcb_get_modifier_mapping_cookie_t modifiers = xcb_get_modifier_mapping(connection);
-    readKeysyms(xcb_get_keyboard_mapping_reply(connection, keysyms, nullptr));
-    readLocks(xcb_get_modifier_mapping_reply(connection, modifiers, nullptr));
-}
-
-void X11KeyboardMap::readKeysyms(xcb_get_keyboard_mapping_reply_t *reply)
-{
-    const ReplyPointer<xcb_get_keyboard_mapping_reply_t> owner(reply);
-    if (!reply)
-        return;
-    m_columns = reply->keysyms_per_keycode;
-    const xcb_keysym_t *begin = xcb_get_keyboard_mapping_keysyms(reply);
-    const xcb_keysym_t *end = begin + xcb_get_keyboard_mapping_keysyms_length(reply);
-    m_keysyms.resize(static_cast<int>(end - begin));
-    std::transform(begin, end, m_keysyms.begin(), &oneSpelling);
-}
-
-// Caps Lock has a modifier of its own. Those of the other two are found by their keys; where one shares the
-// modifier of Shift, Ctrl, Alt or Meta it stays that modifier.
-void X11KeyboardMap::readLocks(xcb_get_modifier_mapping_reply_t *reply)
-{
-    const ReplyPointer<xcb_get_modifier_mapping_reply_t> owner(reply);
-    m_locks = XCB_MOD_MASK_LOCK;
-    if (!reply)
-        return;
-    const xcb_keycode_t *keycodes = xcb_get_modifier_mapping_keycodes(reply);
-    const int length = xcb_get_modifier_mapping_keycodes_length(reply);
-    for (int index = 0; index < length; ++index) {
-        const int row = keycodes[index] - m_firstKeycode;
-        if (row < 0)
-            continue;
-        const auto isLock = [](xcb_keysym_t symbol) {
-            return symbol == XKB_KEY_Num_Lock || symbol == XKB_KEY_Scroll_Lock;
-        };
-        const QVector<xcb_keysym_t> symbols = m_keysyms.mid(row * m_columns, m_columns);
-        if (std::any_of(symbols.cbegin(), symbols.cend(), isLock))
-            m_locks |= 1U << (index / reply->keycodes_per_modifier);
+    X11KeyboardMap map;
+    Display *display = QX11Info::display();
+    XkbStateRec state;
+    if (!display || xcb_connection_has_error(QX11Info::connection()) ||
+        !XkbQueryExtension(display, nullptr, &map.m_extensionEvent, nullptr, nullptr, nullptr) ||
+        XkbGetState(display, XkbUseCoreKbd, &state) != Success)
+        return map;
+    map.m_group = state.group;
+    if (XkbDescPtr keyboard = XkbGetMap(display, XkbAllClientInfoMask, XkbUseCoreKbd)) {
+        map.m_keyboard.reset(keyboard,
+                             [](XkbDescPtr old) { XkbFreeKeyboard(old, XkbAllComponentsMask, True); });
     }
-    m_locks &= ~kNamedModifiers;
+    return map;
 }
 
-bool X11KeyboardMap::operator==(const X11KeyboardMap &other) const
+bool X11KeyboardMap::isOutdatedBy(const xcb_generic_event_t *event) const
 {
-    return m_firstKeycode == other.m_firstKeycode && m_columns == other.m_columns &&
-           m_keysyms == other.m_keysyms && m_locks == other.m_locks;
+    const int type = event->response_type & 0x7f;
+    if (type == XCB_MAPPING_NOTIFY)
+        return reinterpret_cast<const xcb_mapping_notify_event_t *>(event)->request != XCB_MAPPING_POINTER;
+    if (type != m_extensionEvent)
+        return false;
+    // Clients that use the keyboard extension, as Qt does, hear of most changes through its own events.
+    const auto *change = reinterpret_cast<const xkbStateNotify *>(event);
+    return change->xkbType == XkbNewKeyboardNotify || change->xkbType == XkbMapNotify ||
+           (change->xkbType == XkbStateNotify && change->group != m_group);
 }
 
 xcb_keysym_t X11KeyboardMap::keysym(int qtKey) const
@@ -161,52 +126,45 @@ xcb_keysym_t X11KeyboardMap::keysym(int qtKey) const
             return XKB_KEY_NoSymbol;
         // Qt names a letter by its capital, a key carries the small one without Shift.
         const xcb_keysym_t small = xkb_utf32_to_keysym(QChar::toLower(character));
-        return keycode(small) ? small : xkb_utf32_to_keysym(character);
+        return keycodes(small).isEmpty() ? xkb_utf32_to_keysym(character) : small;
     }
-    if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F35)
-        return XKB_KEY_F1 + static_cast<xcb_keysym_t>(qtKey - Qt::Key_F1);
-    const auto *entry = std::find_if(std::begin(kKeySymbols), std::end(kKeySymbols),
-                                     [&](const KeySymbol &symbol) { return symbol.key == qtKey; });
-    return entry == std::end(kKeySymbols) ? XKB_KEY_NoSymbol : entry->keysym;
+    const xcb_keysym_t keysym = nativeCode(kKeys, qtKey);
+    return keysym != XKB_KEY_NoSymbol ? keysym : namedKeysym(qtKey);
 }
 
-xcb_keycode_t X11KeyboardMap::keycode(xcb_keysym_t keysym) const
+QVector<xcb_keycode_t> X11KeyboardMap::keycodes(xcb_keysym_t keysym) const
 {
-    if (keysym == XKB_KEY_NoSymbol)
-        return 0;
-
-    // The columns are: first layout, the same with Shift, second layout, the same with Shift, rarer levels.
-    static constexpr int kUnshiftedColumns[] = {0, 2};
-    for (int column : kUnshiftedColumns) {
-        if (const xcb_keycode_t found = keycodeInColumn(keysym, column))
-            return found;
+    QVector<xcb_keycode_t> found;
+    if (!m_keyboard || keysym == XKB_KEY_NoSymbol)
+        return found;
+    keysym = oneSpelling(keysym);
+    auto *const keyboard = static_cast<XkbDescPtr>(m_keyboard.get());
+    int best = kNowhere - 1;
+    for (int keycode = keyboard->min_key_code; keycode <= keyboard->max_key_code; ++keycode) {
+        const int place = placeOf(keysym, keyboard, keycode, m_group);
+        if (place < best)
+            found.clear();
+        if (place <= best)
+            found.append(static_cast<xcb_keycode_t>(keycode));
+        best = std::min(best, place);
     }
-    for (int column = 0; column < m_columns; ++column) {
-        if (const xcb_keycode_t found = keycodeInColumn(keysym, column))
-            return found;
-    }
-    return 0;
+    return found;
 }
 
-xcb_keycode_t X11KeyboardMap::keycodeInColumn(xcb_keysym_t keysym, int column) const
-{
-    if (column >= m_columns)
-        return 0;
-    for (int index = column; index < m_keysyms.size(); index += m_columns) {
-        if (m_keysyms.at(index) == keysym)
-            return static_cast<xcb_keycode_t>(m_firstKeycode + index / m_columns);
-    }
-    return 0;
-}
-
+// Caps Lock has a modifier of its own. Those of the other two are found by their keys; where one shares the
+// modifier of Shift, Ctrl, Alt or Meta it stays that modifier.
 QVector<quint16> X11KeyboardMap::lockCombinations() const
 {
-    QVector<quint16> combinations{0};
-    for (quint16 bit = 1; bit <= XCB_MOD_MASK_5; bit <<= 1) {
-        if (!(m_locks & bit))
-            continue;
-        for (int index = combinations.size() - 1; index >= 0; --index)
-            combinations.append(combinations.at(index) | bit);
+    int locks = XCB_MOD_MASK_LOCK;
+    for (const xcb_keysym_t lock : {XKB_KEY_Num_Lock, XKB_KEY_Scroll_Lock}) {
+        const QVector<xcb_keycode_t> keys = keycodes(lock);
+        for (const xcb_keycode_t key : keys)
+            locks |= modifierOf(static_cast<XkbDescPtr>(m_keyboard.get()), key) & ~kNamedModifiers;
+    }
+    QVector<quint16> combinations;
+    for (int modifiers = 0; modifiers <= locks; ++modifiers) {
+        if ((modifiers & ~locks) == 0)
+            combinations.append(static_cast<quint16>(modifiers));
     }
     return combinations;
 }

@@ -4,34 +4,32 @@
 
 #include <xcb/xcb.h>
 
+#include <memory>
+
 /// What the X server says about its keyboard: which key carries which symbol, and which modifiers are locks.
 class X11KeyboardMap
 {
 public:
+    /// Knows no key.
     X11KeyboardMap() = default;
-    /// Asks the server, and waits for its answer.
-    explicit X11KeyboardMap(xcb_connection_t *connection);
-
-    bool operator==(const X11KeyboardMap &other) const;
-    bool operator!=(const X11KeyboardMap &other) const { return !(*this == other); }
+    /// Asks the server, and waits for its answer. Without the keyboard extension it knows no key.
+    static X11KeyboardMap current();
 
     /// The keysym of a Qt key; 0 when it has none. Whether the keyboard has a key for it is another question.
     xcb_keysym_t keysym(int qtKey) const;
-    /// The key that carries this symbol, preferably without Shift; 0, which is no key, when there is none.
-    xcb_keycode_t keycode(xcb_keysym_t keysym) const;
+    /// Every key that carries this symbol in the layout in effect without a modifier. Where there is none:
+    /// with the first modifiers that lead to one; and only then in the other layouts, in the same order.
+    QVector<xcb_keycode_t> keycodes(xcb_keysym_t keysym) const;
 
-    /// The modifier bits of Caps Lock, Num Lock and Scroll Lock.
-    quint16 locks() const { return m_locks; }
-    /// Every combination of these bits, none of them included.
+    /// Every combination of Caps Lock, Num Lock and Scroll Lock, as modifier bits; none of them included.
     QVector<quint16> lockCombinations() const;
 
-private:
-    xcb_keycode_t keycodeInColumn(xcb_keysym_t keysym, int column) const;
-    void readKeysyms(xcb_get_keyboard_mapping_reply_t *reply);
-    void readLocks(xcb_get_modifier_mapping_reply_t *reply);
+    /// Whether this event of the server says that the keyboard, or its layout in effect, has become another
+    /// one.
+    bool isOutdatedBy(const xcb_generic_event_t *event) const;
 
-    xcb_keycode_t m_firstKeycode = 0;
-    int m_columns = 0;
-    QVector<xcb_keysym_t> m_keysyms; // a row for each key
-    quint16 m_locks = 0;
+private:
+    std::shared_ptr<void> m_keyboard; // an XkbDescRec of Xlib's, whose headers define too many macros
+    int m_group = 0;                  // the layout in effect
+    int m_extensionEvent = -1;
 };
