@@ -136,6 +136,8 @@ private Q_SLOTS:
     void heldByAnotherProcessIsRefused();
     void releasedByTheOtherProcessIsTaken();
     void failingReleaseIsReported();
+    void systemsTextIsReadable_data();
+    void systemsTextIsReadable();
     void destructionFreesTheCombination();
     void sharersRegisterOnce();
 
@@ -390,6 +392,31 @@ void tst_qhotkey_win::failingReleaseIsReported()
                             systemText(ERROR_HOTKEY_NOT_REGISTERED));
     QVERIFY(line.function.contains(QLatin1String("QHotkeyPrivateWin::unregisterShortcut(")));
     QVERIFY(hotkey.setRegistered(true)); // it has left the table
+}
+
+void tst_qhotkey_win::systemsTextIsReadable_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::newRow("ASCII alone") << int(LANG_ENGLISH);
+    QTest::newRow("with accents") << int(LANG_PORTUGUESE);
+    QTest::newRow("of another script") << int(LANG_CHINESE);
+}
+
+// The local encoding need not have the characters of the language: then question marks stand for them.
+void tst_qhotkey_win::systemsTextIsReadable()
+{
+    QFETCH(int, language);
+    const LCID locale = GetThreadLocale();
+    QVERIFY(SetThreadLocale(MAKELCID(MAKELANGID(language, SUBLANG_DEFAULT), SORT_DEFAULT)));
+    const QString text = systemText(ERROR_HOTKEY_NOT_REGISTERED);
+    QHotkey hotkey(Qt::Key_F9, kControlShift, true);
+    UnregisterHotKey(nullptr, registeredIdentifier(hotkey.currentNativeShortcut()));
+    const LogCapture log;
+    QVERIFY(!hotkey.setRegistered(false));
+    SetThreadLocale(locale);
+    QCOMPARE(log.texts(), QStringList(QStringLiteral("Failed to unregister hotkey. Error: ") +
+                                      QString::fromLocal8Bit(text.toLocal8Bit())));
+    QVERIFY(!log.texts().constFirst().contains(QChar::ReplacementCharacter));
 }
 
 void tst_qhotkey_win::destructionFreesTheCombination()

@@ -1,5 +1,6 @@
 // Global hotkeys through RegisterHotKey().
 
+#include "nativekeys.h"
 #include "qhotkey_p.h"
 
 #include <QtCore/QGlobalStatic>
@@ -8,13 +9,7 @@
 
 namespace {
 
-struct KeyCode
-{
-    int key;
-    quint32 virtualKey;
-};
-
-constexpr KeyCode kKeyCodes[] = {
+constexpr NativeKey kKeys[] = {
     {Qt::Key_Escape, VK_ESCAPE},
     {Qt::Key_Tab, VK_TAB},
     {Qt::Key_Backtab, VK_TAB},
@@ -65,7 +60,14 @@ constexpr KeyCode kKeyCodes[] = {
     {Qt::Key_Execute, VK_EXECUTE},
     {Qt::Key_Sleep, VK_SLEEP},
     {Qt::Key_Play, VK_PLAY},
-    {Qt::Key_Period, VK_DECIMAL}, // for a keyboard layout without a full stop
+    {Qt::Key_Period, VK_DECIMAL} // for a keyboard layout without a full stop
+};
+
+constexpr NativeKey kModifiers[] = {
+    {Qt::ShiftModifier, MOD_SHIFT},
+    {Qt::ControlModifier, MOD_CONTROL},
+    {Qt::AltModifier, MOD_ALT},
+    {Qt::MetaModifier, MOD_WIN},
 };
 
 constexpr int kFirstSpecialKey = 0x10000; // smaller Qt keys are characters
@@ -77,6 +79,7 @@ int identifier(QHotkey::NativeShortcut shortcut)
     return static_cast<int>(((shortcut.key ^ (shortcut.modifier << 8)) & 0x0FFF) | 0x7000);
 }
 
+// What the text says in the local 8-bit encoding, in the encoding that QDebug reads.
 QByteArray systemText(DWORD error)
 {
     wchar_t *buffer = nullptr;
@@ -86,7 +89,7 @@ QByteArray systemText(DWORD error)
         return {};
     const QString text = QString::fromWCharArray(buffer, static_cast<int>(length));
     LocalFree(buffer);
-    return text.toLocal8Bit();
+    return QString::fromLocal8Bit(text.toLocal8Bit()).toUtf8();
 }
 
 } // namespace
@@ -112,10 +115,8 @@ QHotkeyPrivate *QHotkeyPrivate::instance()
 }
 
 // The system posts WM_HOTKEY to the thread that has registered, and everybody else may see it too.
-bool QHotkeyPrivateWin::nativeEventFilter(const QByteArray &eventType, void *message, long *result)
+bool QHotkeyPrivateWin::nativeEventFilter(const QByteArray & /*eventType*/, void *message, long * /*result*/)
 {
-    Q_UNUSED(eventType)
-    Q_UNUSED(result)
     const MSG *const msg = static_cast<MSG *>(message);
     if (msg->message == WM_HOTKEY)
         activateShortcut({HIWORD(msg->lParam), LOWORD(msg->lParam)});
@@ -129,32 +130,20 @@ quint32 QHotkeyPrivateWin::nativeKeycode(Qt::Key keycode, bool &ok)
         const SHORT code = VkKeyScanW(static_cast<WCHAR>(keycode));
         if (code >= 0)
             return LOBYTE(
-                code); // the high byte tells of Shift, Ctrl and Alt: the client names its own modifiers
+                code); // the high byte is of Shift, Ctrl and Alt: the client names its own modifiers
     }
     if (keycode >= Qt::Key_F1 && keycode <= Qt::Key_F24)
         return static_cast<quint32>(VK_F1 + (keycode - Qt::Key_F1));
-    for (const KeyCode &entry : kKeyCodes) {
-        if (entry.key == keycode)
-            return entry.virtualKey;
-    }
-    ok = false;
-    return 0;
+    const quint32 code = nativeCode(kKeys, keycode);
+    ok = code != 0;
+    return code;
 }
 
 // Without MOD_NOREPEAT: holding the keys down repeats the hotkey.
 quint32 QHotkeyPrivateWin::nativeModifiers(Qt::KeyboardModifiers modifiers, bool &ok)
 {
     ok = true;
-    quint32 flags = 0;
-    if (modifiers & Qt::ShiftModifier)
-        flags |= MOD_SHIFT;
-    if (modifiers & Qt::ControlModifier)
-        flags |= MOD_CONTROL;
-    if (modifiers & Qt::AltModifier)
-        flags |= MOD_ALT;
-    if (modifiers & Qt::MetaModifier)
-        flags |= MOD_WIN;
-    return flags;
+    return nativeFlags(kModifiers, modifiers);
 }
 
 bool QHotkeyPrivateWin::registerShortcut(QHotkey::NativeShortcut shortcut)
