@@ -1,4 +1,5 @@
 #include "fakeregistry.h"
+#include "testmain.h"
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtGui/QGuiApplication>
@@ -90,5 +91,5 @@ void tst_hotkeyapplications::watchesOnlyOnce()
     QCOMPARE(registry.events, 1);
 }
 
-QTEST_APPLESS_MAIN(tst_hotkeyapplications)
+ORV_TEST_APPLESS_MAIN(tst_hotkeyapplications)
 #include "tst_hotkeyapplications.moc"

@@ -1,6 +1,7 @@
 #include "logcapture.h"
 #include "qhotkey.h"
 #include "qhotkey_p.h"
+#include "testmain.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -123,5 +124,5 @@ void tst_qhotkey_nosystem::mappingFails()
     QCOMPARE(platformWarnings(log), QStringList()); // nobody has asked for a registration
 }
 
-QTEST_MAIN(tst_qhotkey_nosystem)
+ORV_TEST_MAIN(tst_qhotkey_nosystem)
 #include "tst_qhotkey_nosystem.moc"

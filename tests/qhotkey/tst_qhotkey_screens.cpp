@@ -1,4 +1,5 @@
 #include "qhotkey.h"
+#include "testmain.h"
 #include "xclient.h"
 
 #include <QtCore/QProcess>
@@ -98,7 +99,7 @@ int main(int argc, char **argv)
         return holdHotkey(argc, argv);
     QCoreApplication application(argc, argv);
     tst_qhotkey_screens test;
-    return QTest::qExec(&test, argc, argv);
+    return TestMain::run(&test, argc, argv);
 }
 
 #include "tst_qhotkey_screens.moc"

@@ -1,5 +1,6 @@
 #include "logcapture.h"
 #include "qhotkey.h"
+#include "testmain.h"
 #include "xclient.h"
 
 #include <QtGui/QGuiApplication>
@@ -97,5 +98,5 @@ void tst_qhotkey_x11_applications::keptHotkeyIsTakenOver()
     QCOMPARE(log.texts(), QStringList());
 }
 
-QTEST_APPLESS_MAIN(tst_qhotkey_x11_applications)
+ORV_TEST_APPLESS_MAIN(tst_qhotkey_x11_applications)
 #include "tst_qhotkey_x11_applications.moc"
