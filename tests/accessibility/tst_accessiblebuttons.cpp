@@ -1,5 +1,6 @@
 #include "assistance.h"
 
+#include "customcomboxheader.h"
 #include "customizeiconbutton.h"
 #include "custompicturebtn.h"
 #include "customtoolbutton.h"
@@ -66,6 +67,7 @@ private Q_SLOTS:
     void iconButton();
     void iconButtonHasAFlagOfItsOwn();
     void iconButtonMayDieOfItsPress();
+    void header();
 
 private:
     void addStates(bool push);
@@ -340,6 +342,26 @@ void tst_AccessibleButtons::iconButtonMayDieOfItsPress()
     connect(button, &CustomizeIconButton::clicked, this, [button] { delete button; });
     act(button, pressAction());
     QVERIFY(!guard);
+}
+
+void tst_AccessibleButtons::header()
+{
+    const Activity activity;
+    CustomComboxHeader header(nullptr);
+    QSignalSpy clicked(&header, &CustomComboxHeader::signalClicked);
+    QCOMPARE(header.text(), QString());
+    const Listener listener;
+    header.setText(QStringLiteral("Camera 1"));
+    header.setText(QStringLiteral("Camera 1"));
+    QCOMPARE(header.text(), QStringLiteral("Camera 1"));
+    QCOMPARE(nameOf(&header), QStringLiteral("Camera 1"));
+    QCOMPARE(listener.count(&header, QAccessible::NameChanged), 1);
+    QCOMPARE(interfaceOf(&header)->childCount(), 0);
+    act(&header, pressAction());
+    QCOMPARE(clicked.count(), 1);
+    header.setEnabled(false);
+    act(&header, pressAction());
+    QCOMPARE(clicked.count(), 1);
 }
 
 ORV_TEST_MAIN(tst_AccessibleButtons)

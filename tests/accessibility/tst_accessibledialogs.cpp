@@ -150,9 +150,11 @@ void tst_AccessibleDialogs::windowTitleServesTheBase()
     dialog.setWindowTitle(kTitle);
     QCOMPARE(nameOf(&dialog), kTitle);
     QCOMPARE(descriptionOf(&dialog), QString());
+    // One with a title of its own has no other name: its window's title is for the system only.
     const auto popup = newPopup();
     popup->setTitle(QString());
-    QCOMPARE(nameOf(popup.get()), popup->windowTitle());
+    QVERIFY(!popup->windowTitle().isEmpty());
+    QCOMPARE(nameOf(popup.get()), QString());
 
     // Embedded it is no window at all.
     QWidget window;

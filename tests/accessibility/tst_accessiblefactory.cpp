@@ -5,11 +5,16 @@
 #include "commonpopupdialog.h"
 #include "custombidirectionslider.h"
 #include "customcombox.h"
+#include "customcomboxheader.h"
 #include "customizeiconbutton.h"
 #include "custompicturebtn.h"
+#include "customshadowcombox.h"
 #include "customslider.h"
+#include "customsliderbarwidget.h"
 #include "customtoolbutton.h"
 #include "customwraptexttooltip.h"
+#include "horizontalslider.h"
+#include "newhorizontalslider.h"
 #include "orvmaskctrl.h"
 #include "orvupdatetipdlg.h"
 #include "popupdlgwithmask.h"
@@ -124,6 +129,12 @@ void tst_AccessibleFactory::tellsTheRole_data()
     const auto row = [](const char *name, int role, const Make &make) {
         QTest::newRow(name) << make << role;
     };
+    row("HorizontalSlider", QAccessible::Slider, plain<HorizontalSlider>());
+    row("NewHorizontalSlider", QAccessible::Slider,
+        [] { return new NewHorizontalSlider(QSize(100, 10), QSize(10, 10), false, nullptr); });
+    row("CustomSliderBarWidget", QAccessible::Slider, plain<CustomSliderBarWidget>());
+    row("CustomShadowCombox", QAccessible::ComboBox, plain<CustomShadowCombox>());
+    row("CustomComboxHeader", QAccessible::ButtonDropDown, plain<CustomComboxHeader>());
     row("CustomSlider", QAccessible::Slider, plain<CustomSlider>());
     row("CustomBidirectionSlider", QAccessible::Slider,
         [] { return new CustomBidirectionSlider(6, 24, Qt::blue, nullptr); });

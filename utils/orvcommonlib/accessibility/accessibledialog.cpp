@@ -1,6 +1,5 @@
 #include "accessibledialog.h"
 
-#include "accessiblecontent.h"
 #include "basemovedialog.h"
 
 AccessibleDialog::AccessibleDialog(BaseMoveDialog *dialog)
@@ -18,12 +17,12 @@ QAccessible::Role AccessibleDialog::role() const
 
 QString AccessibleDialog::text(QAccessible::Text kind) const
 {
-    QString own;
-    if (kind == QAccessible::Name && widget()->accessibleName().isEmpty())
-        own = AccessibleContent::plain(title());
-    else if (kind == QAccessible::Description && widget()->accessibleDescription().isEmpty())
-        own = AccessibleContent::text(widget());
-    return own.isEmpty() ? QAccessibleWidget::text(kind) : own;
+    if (kind == QAccessible::Description && widget()->accessibleDescription().isEmpty()) {
+        QString content = AccessibleContent::text(widget());
+        if (!content.isEmpty())
+            return content;
+    }
+    return QAccessibleWidget::text(kind);
 }
 
 QAccessible::State AccessibleDialog::state() const
@@ -31,9 +30,4 @@ QAccessible::State AccessibleDialog::state() const
     QAccessible::State state = QAccessibleWidget::state();
     state.modal = widget()->isModal();
     return state;
-}
-
-QString AccessibleDialog::title() const
-{
-    return {};
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "accessiblecontent.h"
+
 #include <QtWidgets/QAccessibleWidget>
+#include <QtWidgets/QWidget>
 
 class BaseMoveDialog;
 
@@ -13,13 +16,9 @@ public:
     QAccessible::Role role() const override;
     QString text(QAccessible::Text kind) const override;
     QAccessible::State state() const override;
-
-protected:
-    /// What stands in the dialog as its title; empty for a dialog that has only the window's.
-    virtual QString title() const;
 };
 
-/// A dialog with a title of its own.
+/// A dialog whose title stands in itself and not in the window's frame.
 template<typename Dialog>
 class AccessibleTitledDialog : public AccessibleDialog
 {
@@ -27,7 +26,10 @@ public:
     using AccessibleDialog::AccessibleDialog;
 
     QAccessible::Role role() const override { return QAccessible::Dialog; }
-
-protected:
-    QString title() const override { return static_cast<Dialog *>(widget())->title(); }
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Name && widget()->accessibleName().isEmpty())
+            return AccessibleContent::plain(static_cast<Dialog *>(widget())->title());
+        return AccessibleDialog::text(kind);
+    }
 };

@@ -1,14 +1,21 @@
 #include "accessiblefactory.h"
 
+#include "accessiblecombobox.h"
+#include "accessiblecomboheader.h"
+#include "accessiblecombolist.h"
+#include "accessiblecomborow.h"
 #include "accessibledialog.h"
+#include "accessiblehorizontalslider.h"
 #include "accessibleiconbutton.h"
 #include "accessibleloadingdialog.h"
 #include "accessiblemask.h"
 #include "accessiblepicturebutton.h"
+#include "accessiblestepbar.h"
 #include "accessibletoolbutton.h"
 #include "accessibletooltip.h"
 #include "commonpopupdialog.h"
 #include "custompicturebtn.h"
+#include "customshadowcombox.h"
 #include "customtoolbutton.h"
 #include "orvupdatetipdlg.h"
 #include "popupdlgwithmask.h"
@@ -42,6 +49,13 @@ constexpr Kind kind()
 }
 
 constexpr Kind kKinds[] = {
+    kind<CustomShadowCombox, AccessibleComboBox>(),
+    kind<CustomComboxHeader, AccessibleComboHeader>(),
+    kind<ShadowPopupWidget, AccessibleComboList>(),
+    kind<CustomComboxItem, AccessibleComboRow>(),
+    kind<HorizontalSlider, AccessibleHorizontalSlider<HorizontalSlider>>(),
+    kind<NewHorizontalSlider, AccessibleNewHorizontalSlider>(),
+    kind<CustomSliderBarWidget, AccessibleStepBar>(),
     kind<CustomizeIconButton, AccessibleIconButton>(),
     kind<CustomPictureBtn, AccessiblePictureButton>(),
     kind<CustomToolButton, AccessibleToolButton>(),
@@ -71,18 +85,18 @@ QAccessibleInterface *createForType(const QString &className, QObject *object)
     return nullptr;
 }
 
-void install()
+void installFactory()
 {
     QAccessible::installFactory(createForClass);
 }
-Q_CONSTRUCTOR_FUNCTION(install)
+Q_CONSTRUCTOR_FUNCTION(installFactory)
 
-void remove()
+void removeFactories()
 {
     QAccessible::removeFactory(createForClass);
     QAccessible::removeFactory(createForType);
 }
-Q_DESTRUCTOR_FUNCTION(remove)
+Q_DESTRUCTOR_FUNCTION(removeFactories)
 
 } // namespace
 

@@ -11,9 +11,9 @@ AccessiblePictureButton::AccessiblePictureButton(CustomPictureBtn *button)
 
 QString AccessiblePictureButton::text(QAccessible::Text kind) const
 {
-    const QString customText = pictureButton()->customText();
-    if (kind == QAccessible::Name && widget()->accessibleName().isEmpty() && !customText.isEmpty())
-        return customText;
+    const bool isNamed = !widget()->accessibleName().isEmpty();
+    if (kind == QAccessible::Name && !isNamed && !pictureButton()->customText().isEmpty())
+        return pictureButton()->customText();
     if (kind == QAccessible::Accelerator && pictureButton()->isDefault())
         return QKeySequence(Qt::Key_Enter).toString(QKeySequence::NativeText);
     return AccessibleButton::text(kind);

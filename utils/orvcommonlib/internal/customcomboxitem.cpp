@@ -174,6 +174,14 @@ void CustomComboxItem::mousePressEvent(QMouseEvent *event)
     m_pressPos = event->pos();
 }
 
+void CustomComboxItem::click()
+{
+    if (m_gray)
+        Q_EMIT signalClickGrayItem(m_index);
+    else
+        Q_EMIT signalClickItem(m_index);
+}
+
 void CustomComboxItem::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton || !m_press.end())
@@ -182,10 +190,7 @@ void CustomComboxItem::mouseReleaseEvent(QMouseEvent *event)
     if (!isClick(m_pressPos, m_releasePos))
         return;
     // Nothing may follow: a slot that clears the list destroys this row.
-    if (m_gray)
-        Q_EMIT signalClickGrayItem(m_index);
-    else
-        Q_EMIT signalClickItem(m_index);
+    click();
 }
 
 void CustomComboxItem::enterEvent(QEvent *event)

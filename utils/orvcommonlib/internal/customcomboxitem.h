@@ -27,7 +27,9 @@ public:
     CustomComboxItem(QString text, QWidget *parent, bool isGray, bool isChinese);
     CustomComboxItem(QString text, int fontSize, QWidget *parent);
 
+    bool isChecked() const { return m_checked; }
     void setChecked(bool checked);
+    bool isGray() const { return m_gray; }
     /// A row that becomes gray only here has no badge: just its text turns gray.
     void setGrayState(bool gray);
     bool isHovered() const { return m_hovered; }
@@ -39,6 +41,9 @@ public:
     void setData(const QVariant &data);
     /// The row's position in its list, -1 at first.
     void setIndex(int index);
+
+    /// Reports a click, by the signal of a gray row or of any other.
+    void click();
 
     QSize sizeHint() const override { return {0, m_itemHeight}; }
     QSize minimumSizeHint() const override { return sizeHint(); }

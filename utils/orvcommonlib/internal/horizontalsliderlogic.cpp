@@ -1,5 +1,6 @@
 #include "horizontalsliderlogic.h"
 
+#include "accessiblenotification.h"
 #include "slidertravel.h"
 
 #include <QtGui/QMouseEvent>
@@ -36,6 +37,7 @@ bool HorizontalSliderLogic::setValue(int val)
     if (val == m_value)
         return true;
     m_value = val;
+    AccessibleNotification::valueChanged(m_slider, val);
     m_slider->update();
     return tell(m_valueChanged, val);
 }
@@ -123,6 +125,7 @@ bool HorizontalSliderLogic::updateValue()
     if (!travel().valueAt(m_handlePosition, &found) || found == m_value)
         return true;
     m_value = found;
+    AccessibleNotification::valueChanged(m_slider, found);
     return tell(m_valueChanged, found) && (!m_moving || tell(m_sliderMoved, found));
 }
 

@@ -35,6 +35,8 @@ public:
     }
 
     void setRange(int min, int max);
+    int minimum() const { return m_minimum; }
+    int maximum() const { return m_maximum; }
     int value() const { return m_value; }
     bool setValue(int val);
     QSize handleSize() const { return m_handleSize; }

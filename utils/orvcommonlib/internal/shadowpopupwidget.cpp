@@ -1,7 +1,10 @@
 #include "shadowpopupwidget.h"
 
+#include "accessiblenotification.h"
 #include "customcomboxitem.h"
 
+#include <QtGui/QHideEvent>
+#include <QtGui/QShowEvent>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
@@ -177,6 +180,8 @@ void ShadowPopupWidget::updateHeight()
 void ShadowPopupWidget::showEvent(QShowEvent *event)
 {
     BaseMoveDialogWithBackImage::showEvent(event);
+    if (!event->spontaneous())
+        tellOpenOrClosed();
     showRowsInViewSoon();
 }
 
@@ -199,6 +204,14 @@ void ShadowPopupWidget::hideEvent(QHideEvent *event)
         if (row->isHovered())
             row->setHovered(false);
     }
+    if (!event->spontaneous())
+        tellOpenOrClosed();
+}
+
+void ShadowPopupWidget::tellOpenOrClosed()
+{
+    if (QWidget *combo = parentWidget())
+        AccessibleNotification::expandedChanged(combo);
 }
 
 // All rows are laid out anew whenever one of them changes its looks, unless that one's size is fixed.

@@ -32,6 +32,7 @@ public:
     void clear();
     int count() const { return m_rows.size(); }
     bool hasItems() const { return count() > 0; }
+    const QList<CustomComboxItem *> &rows() const { return m_rows; }
 
     int currentIndex() const { return m_currentIndex; }
     /// An index out of range is ignored.
@@ -60,6 +61,7 @@ private:
 
     void initUI();
     void initSmallUI();
+    void tellOpenOrClosed();
     void buildList(const QMargins &outerMargins, int contentMargin);
     void polishBeforeRows();
     void fixWidth(CustomComboxItem *row) const;

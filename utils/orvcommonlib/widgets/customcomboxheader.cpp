@@ -1,5 +1,6 @@
 #include "customcomboxheader.h"
 
+#include "accessiblenotification.h"
 #include "clickdetection.h"
 #include "pressgesture.h"
 #include "stylesheetpainting.h"
@@ -63,10 +64,19 @@ CustomComboxHeader::CustomComboxHeader(bool isSmallStyle, QWidget *parent)
 
 CustomComboxHeader::~CustomComboxHeader() = default;
 
+QString CustomComboxHeader::text() const
+{
+    return m_textLabel ? m_textLabel->text() : QString();
+}
+
 void CustomComboxHeader::setText(QString text)
 {
-    if (m_textLabel)
-        m_textLabel->setText(text);
+    if (!m_textLabel)
+        return;
+    const bool isAnother = text != m_textLabel->text();
+    m_textLabel->setText(text);
+    if (isAnother)
+        AccessibleNotification::nameChanged(this);
 }
 
 void CustomComboxHeader::setIconState(bool isUp)

@@ -32,6 +32,8 @@ public:
     CustomComboxHeader(bool isSmallStyle, QWidget *parent);
     ~CustomComboxHeader() override;
 
+    /// \return the text that is shown
+    QString text() const;
     /// Sets the text.
     /// \param text what the label shows
     void setText(QString text);

@@ -1,5 +1,6 @@
 #include "customshadowcombox.h"
 
+#include "accessiblenotification.h"
 #include "customcomboxheader.h"
 #include "customcomboxitem.h"
 #include "orvcommonlib.h"
@@ -126,7 +127,16 @@ void CustomShadowCombox::setCurrentIndex(int index)
         return;
     qInfo() << "AAAAA--setCurrentIndex-------" << index << "--END";
     m_popup->setCurrentIndex(index);
-    m_header->setText(m_popup->currentText());
+    const QString text = m_popup->currentText();
+    const bool isAnother = text != m_header->text();
+    m_header->setText(text);
+    if (isAnother)
+        AccessibleNotification::valueChanged(this, text);
+}
+
+QString CustomShadowCombox::currentText() const
+{
+    return m_header ? m_header->text() : QString();
 }
 
 QVariant CustomShadowCombox::itemData(int index)

@@ -85,6 +85,8 @@ public:
     /// of range, which otherwise changes nothing, empties the header.
     /// \param index the row; one out of range is ignored
     void setCurrentIndex(int index);
+    /// The header's text: that of the current row, also after clear().
+    QString currentText() const;
 
     /// \param index the row
     /// \return what setItemData() gave it; an invalid QVariant for an index out of range

@@ -1,5 +1,6 @@
 #include "customsliderbarwidget.h"
 
+#include "accessiblenotification.h"
 #include "pressgesture.h"
 #include "skinpainter.h"
 
@@ -66,7 +67,10 @@ int CustomSliderBarWidget::getCount() const
 
 void CustomSliderBarWidget::setCurrenIndex(int index)
 {
-    m_currentIndex = index;
+    if (index != m_currentIndex) {
+        m_currentIndex = index;
+        AccessibleNotification::valueChanged(this, index);
+    }
     update();
 }
 
@@ -116,7 +120,7 @@ void CustomSliderBarWidget::updateState(QPoint point)
     const qint64 index = x == 0 || step == 0 ? 0 : (x - 1) / step;
     const bool isOnStep = step == 0 ? x == 0 : x >= 0 && index < m_count;
     if (isOnStep)
-        m_currentIndex = int(index);
+        setCurrenIndex(int(index));
     update();
 }
 

@@ -39,6 +39,16 @@ void HorizontalSlider::setRange(int min, int max)
     m_logic->setRange(min, max);
 }
 
+int HorizontalSlider::minimum() const
+{
+    return m_logic->minimum();
+}
+
+int HorizontalSlider::maximum() const
+{
+    return m_logic->maximum();
+}
+
 int HorizontalSlider::value() const
 {
     return m_logic->value();

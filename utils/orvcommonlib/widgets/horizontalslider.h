@@ -49,6 +49,10 @@ public:
     /// \param min the value at the left end, 0 at first
     /// \param max the value at the right end, 100 at first
     void setRange(int min, int max);
+    /// \return the lower end of the range
+    int minimum() const;
+    /// \return the upper end of the range
+    int maximum() const;
 
     /// \return the value, 0 at first
     int value() const;

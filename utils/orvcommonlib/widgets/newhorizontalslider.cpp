@@ -1,5 +1,6 @@
 #include "newhorizontalslider.h"
 
+#include "accessiblenotification.h"
 #include "horizontalsliderlogic.h"
 
 #include <utility>
@@ -20,6 +21,16 @@ NewHorizontalSlider::~NewHorizontalSlider() = default;
 void NewHorizontalSlider::setRange(int min, int max)
 {
     m_logic->setRange(min, max);
+}
+
+int NewHorizontalSlider::minimum() const
+{
+    return m_logic->minimum();
+}
+
+int NewHorizontalSlider::maximum() const
+{
+    return m_logic->maximum();
 }
 
 int NewHorizontalSlider::value() const
@@ -60,7 +71,10 @@ void NewHorizontalSlider::setValueColor(QColor color)
 
 void NewHorizontalSlider::setSliderEnabled(bool enabled)
 {
-    m_sliderEnabled = enabled;
+    if (enabled != m_sliderEnabled) {
+        m_sliderEnabled = enabled;
+        AccessibleNotification::disabledChanged(this);
+    }
     update();
 }
 

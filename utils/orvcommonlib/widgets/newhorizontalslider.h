@@ -34,6 +34,10 @@ public:
 
     /// \copydoc HorizontalSlider::setRange
     void setRange(int min, int max);
+    /// \return the lower end of the range
+    int minimum() const;
+    /// \return the upper end of the range
+    int maximum() const;
 
     /// \copydoc HorizontalSlider::value
     int value() const;
@@ -62,6 +66,8 @@ public:
     /// \param enabled whether the slider takes presses and wears its colours, true at first; while it is false
     ///                the slider leaves presses and releases to QWidget, and so to its parent
     void setSliderEnabled(bool enabled);
+    /// \return what setSliderEnabled() has set
+    bool isSliderEnabled() const { return m_sliderEnabled; }
 
 Q_SIGNALS:
     /// \copydoc HorizontalSlider::valueChanged
