@@ -38,6 +38,7 @@ void ColorButton::setColor(const QColor &color)
     m_color = color;
     const bool opaque = color.alpha() == 255;
     setText(color.name(opaque ? QColor::HexRgb : QColor::HexArgb).toUpper());
+    setAccessibleDescription(text());
     setIcon(swatch(color, devicePixelRatioF()));
     Q_EMIT colorChanged(color);
 }

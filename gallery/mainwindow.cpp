@@ -48,14 +48,27 @@ MainWindow::MainWindow(ReportLog *log, QWidget *parent)
 
 PageView *MainWindow::openPage(const GalleryPage *page)
 {
-    PageView *&view = m_views[page];
-    if (view == nullptr) {
-        view = new PageView(*page, this, m_stack);
+    PageView *opened = view(page);
+    m_stack->setCurrentWidget(opened);
+    m_pageList->setCurrentPage(page);
+    Q_EMIT pageOpened(opened);
+    return opened;
+}
+
+PageView *MainWindow::view(const GalleryPage *page)
+{
+    // A page that is being built may ask for another one.
+    if (!m_views.contains(page)) {
+        auto *view = new PageView(*page, this, m_stack);
+        m_views.insert(page, view);
         m_stack->addWidget(view);
     }
-    m_stack->setCurrentWidget(view);
-    m_pageList->setCurrentPage(page);
-    return view;
+    return m_views.value(page);
+}
+
+PageView *MainWindow::currentView() const
+{
+    return static_cast<PageView *>(m_stack->currentWidget());
 }
 
 void MainWindow::clearReports()

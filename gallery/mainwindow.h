@@ -28,7 +28,13 @@ public:
 
     /// Opens the page, building it first if it has not been open yet, and returns it.
     PageView *openPage(const GalleryPage *page);
+    /// The same without opening it.
+    PageView *view(const GalleryPage *page);
+    PageView *currentView() const;
     void clearReports();
+
+Q_SIGNALS:
+    void pageOpened(QWidget *view);
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -2,6 +2,7 @@
 #include "colorbutton.h"
 #include "flowlayout.h"
 
+#include <QtGui/QAccessible>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDoubleSpinBox>
@@ -49,6 +50,39 @@ QLabel *newParagraph(const QString &text, const char *role, QWidget *parent)
     return label;
 }
 
+/// Whether a user can do something with what assistive technology calls so.
+bool isControl(QAccessible::Role role)
+{
+    switch (role) {
+    case QAccessible::PushButton:
+    case QAccessible::ButtonDropDown:
+    case QAccessible::ButtonMenu:
+    case QAccessible::CheckBox:
+    case QAccessible::ComboBox:
+    case QAccessible::EditableText:
+    case QAccessible::RadioButton:
+    case QAccessible::Slider:
+    case QAccessible::SpinBox:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Painted controls have no text of their own: what stands beside them is what they are called.
+void nameControls(QWidget *widget, const QString &name)
+{
+    QWidgetList widgets = widget->findChildren<QWidget *>();
+    widgets.prepend(widget);
+    for (QWidget *one : qAsConst(widgets)) {
+        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(one);
+        if (interface == nullptr || !interface->text(QAccessible::Name).isEmpty())
+            continue;
+        if (isControl(interface->role()) || one->focusPolicy() != Qt::NoFocus)
+            one->setAccessibleName(name);
+    }
+}
+
 QLineEdit *newLineEdit(const QString &text, std::function<void(const QString &)> changed, QWidget *parent)
 {
     auto *edit = new QLineEdit(text, parent);
@@ -93,6 +127,7 @@ void PageBuilder::section(const PageText &title, const PageText &sentence)
     m_card->setSpacing(kCardSpacing);
     m_page->addWidget(frame);
     m_block = Block::None;
+    m_title = title.string();
     if (!title.string().isEmpty())
         m_card->addWidget(newLabel(title.string(), "cardTitle", frame));
     if (!sentence.string().isEmpty())
@@ -116,12 +151,14 @@ void PageBuilder::example(QWidget *widget, const PageText &caption)
         m_row = flow;
         m_block = Block::Examples;
     }
+    nameControls(widget, caption.string().isEmpty() ? m_title : caption.string());
     m_row->addWidget(captioned(widget, caption));
 }
 
 void PageBuilder::wideExample(QWidget *widget, const PageText &caption)
 {
     QVBoxLayout *layout = card();
+    nameControls(widget, caption.string().isEmpty() ? m_title : caption.string());
     layout->addWidget(widget);
     if (!caption.string().isEmpty())
         layout->addWidget(newParagraph(caption.string(), "caption", layout->parentWidget()));
@@ -184,6 +221,7 @@ QPlainTextEdit *PageBuilder::textEdit(const PageText &label, const PageText &tex
     QVBoxLayout *layout = card();
     layout->addWidget(newLabel(label.string(), "label", layout->parentWidget()));
     auto *edit = new QPlainTextEdit(text.string(), layout->parentWidget());
+    edit->setAccessibleName(label.string());
     setGalleryRole(edit, "control");
     setGalleryRole(edit->verticalScrollBar(), "scroll");
     setGalleryRole(edit->horizontalScrollBar(), "scroll");
@@ -294,7 +332,11 @@ void PageBuilder::addLabelled(const PageText &label, QWidget *control, bool wide
     const int span = wide ? kControlsPerRow : 1;
     m_controlCount += span;
     control->setMinimumHeight(kControlHeight);
-    layout->addWidget(newLabel(label.string(), "label", m_card->parentWidget()), row, column);
+    control->setAccessibleName(label.string());
+    nameControls(control, label.string());
+    QLabel *text = newLabel(label.string(), "label", m_card->parentWidget());
+    text->setBuddy(control);
+    layout->addWidget(text, row, column);
     layout->addWidget(control, row, column + 1, 1, (span - 1) * kCellsPerControl + 1);
 }
 

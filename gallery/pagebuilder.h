@@ -86,7 +86,8 @@ struct PageShot
 /// together: examples flow in rows, controls form a grid of two columns, buttons share a row. A control's
 /// callback is called when the user (or the page) changes it, not at the start: the value given is the one
 /// that the widget has already. The builder lives only during the call: callbacks capture the widgets they
-/// need, and window() where a dialog needs its parent. The style sheet of the gallery reaches none of the
+/// need, and window() where a dialog needs its parent. A control's label is its name to assistive technology, too, and an
+/// example without a name takes its caption's, or the card's title. The style sheet of the gallery reaches none of the
 /// library's widgets, but for the three object names that CommonPopupDialog leaves to its client's theme.
 class PageBuilder
 {
@@ -159,6 +160,7 @@ private:
     QVector<PageShot> *m_shots;
     QVBoxLayout *m_page = nullptr;
     QVBoxLayout *m_card = nullptr;
+    QString m_title;          ///< of the card
     QLayout *m_row = nullptr; ///< what the current block goes into
     Block m_block = Block::None;
     int m_controlCount = 0; ///< in the current grid

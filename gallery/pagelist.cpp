@@ -6,6 +6,7 @@
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QShortcut>
+#include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
 
 namespace {
@@ -61,7 +62,10 @@ PageList::PageList(QWidget *parent)
     m_search->setPlaceholderText(QStringLiteral("Find a page"));
     m_search->setClearButtonEnabled(true);
     m_search->setFixedHeight(kSearchHeight);
+    m_search->setAccessibleName(QStringLiteral("Find a page"));
+    m_search->findChild<QToolButton *>()->setAccessibleName(QStringLiteral("Clear"));
     setFocusProxy(m_list);
+    m_list->setAccessibleName(QStringLiteral("Pages"));
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);

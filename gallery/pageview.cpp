@@ -34,6 +34,7 @@ QWidget *newHeading(const GalleryPage &page, QWidget *parent)
 PageView::PageView(const GalleryPage &page, QWidget *window, QWidget *parent)
     : QScrollArea(parent)
 {
+    setAccessibleName(page.title());
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

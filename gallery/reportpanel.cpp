@@ -141,6 +141,7 @@ ReportPanel::ReportPanel(QWidget *parent)
 
     setGalleryRole(m_view, "reports");
     setGalleryRole(m_view->verticalScrollBar(), "scroll");
+    m_view->setAccessibleName(QStringLiteral("Signals and log"));
     m_view->setModel(m_model);
     m_view->setItemDelegate(new ReportDelegate(m_view));
     m_view->setFrameShape(QFrame::NoFrame);

@@ -143,4 +143,5 @@ void TitleBar::setMaximised(bool maximised)
 {
     m_maximise->setGlyph(maximised ? TitleButton::Restore : TitleButton::Maximise);
     m_maximise->setToolTip(maximised ? QStringLiteral("Restore") : QStringLiteral("Maximise"));
+    m_maximise->setAccessibleName(m_maximise->toolTip());
 }

@@ -113,7 +113,10 @@ void build(PageBuilder &page)
     page.spinBox("Top, radius", 0, kMaximumBorder, settings->borders.top(), border(&QMargins::setTop));
     page.spinBox("Right", 0, kMaximumBorder, settings->borders.right(), border(&QMargins::setRight));
     page.spinBox("Bottom", 0, kMaximumBorder, settings->borders.bottom(), border(&QMargins::setBottom));
-    page.primaryButton("Open it as a dialog", [settings, mainWindow] { openDialog(*settings, mainWindow); });
+    page.primaryButton("Open it as a dialog", [settings, mainWindow] {
+        openDialog(*settings, mainWindow);
+        report("a dialog is open");
+    });
     page.shot("dialog-basemovedialogwithbackimage",
               [settings, mainWindow] { return openDialog(*settings, mainWindow); });
 }

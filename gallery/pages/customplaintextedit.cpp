@@ -14,6 +14,7 @@ void build(PageBuilder &page)
     edit->setPlainText(
         QStringLiteral("Notes keep their distance from the frame.\nChange the margins below."));
     edit->setFixedHeight(120);
+    reportSignal(edit, &QPlainTextEdit::textChanged, "textChanged");
     edit->adjustViewPortMargin(16, 12, 16, 12);
     page.wideExample(edit);
 

@@ -18,6 +18,7 @@ CustomToolButton *newButton(QWidget *parent, const char *name, SettingWidgetDire
     auto *button = new CustomToolButton(false, parent, direction);
     button->updateImage(icon(name, ""), icon(name, "_checked"), icon(name, "_hover"),
                         icon(name, "_disabled"));
+    button->setAccessibleName(QString::fromUtf8(name));
     button->setFixedSize(40, 40);
     button->setCheckable(true);
     reportSignal(button, &QToolButton::toggled, "toggled");
@@ -38,7 +39,10 @@ QWidget *newPanel(QWidget *window, const QString &text)
     auto *layout = new QVBoxLayout(panel);
     layout->setContentsMargins(14, 10, 14, 12);
     layout->addWidget(new QLabel(text, panel));
-    layout->addWidget(new QSlider(Qt::Horizontal, panel));
+    auto *slider = new QSlider(Qt::Horizontal, panel);
+    layout->addWidget(slider);
+    panel->setAccessibleName(text);
+    slider->setAccessibleName(text);
     panel->resize(panel->sizeHint());
     panel->hide();
     return panel;

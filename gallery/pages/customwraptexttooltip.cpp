@@ -44,6 +44,7 @@ void build(PageBuilder &page)
         QWidget *toolTip = newToolTip(window, settings->direction, settings->width, settings->text);
         toolTip->show();
         toolTip->move(window->mapToGlobal(window->rect().center()) - toolTip->rect().center());
+        report("a tooltip is open");
     });
     page.button("popup() at the pointer",
                 [settings] { customWrapTextToolTip::popup(QCursor::pos(), settings->text); });

@@ -155,6 +155,10 @@ void addImages(PageBuilder &page)
             redo();
         });
     page.wideExample(wall);
+    page.button("Count them", [] {
+        report(
+            QStringLiteral("getImageFromPath: %1 images").arg(imagesOf(QString::fromLatin1(kFolder)).size()));
+    });
 }
 
 void addSpinner(PageBuilder &page)

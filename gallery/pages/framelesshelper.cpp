@@ -143,7 +143,10 @@ void addOwnSettings(PageBuilder &page, FramelessHelper *helper)
         });
     }
     QWidget *mainWindow = page.window();
-    page.primaryButton("Open a window", [helper, mainWindow] { openSample(helper, mainWindow); });
+    page.primaryButton("Open a window", [helper, mainWindow] {
+        openSample(helper, mainWindow);
+        report("a window is open");
+    });
     page.shot("dialog-framelesshelper", [helper, mainWindow] { return openSample(helper, mainWindow); });
 }
 

@@ -147,6 +147,10 @@ QWidget *newTile(const QString &type, const QString &name, QVector<QWidget *> &w
     ground->setAttribute(Qt::WA_StyledBackground);
     QWidget *widget = newWidget(type, name, ground);
     widget->setProperty(kProperty, name);
+    widget->setAccessibleName(name);
+    if (auto *button = qobject_cast<QAbstractButton *>(widget))
+        QObject::connect(button, &QAbstractButton::clicked, button,
+                         [name] { report(name + QStringLiteral(" was pressed")); });
     widgets.append(widget);
     auto *groundLayout = new QVBoxLayout(ground);
     groundLayout->setContentsMargins(kGroundPadding, kGroundPadding, kGroundPadding, kGroundPadding);
