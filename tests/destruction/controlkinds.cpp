@@ -168,6 +168,7 @@ QVector<Step> comboLife()
         inList(Qt::Key_Enter),
         step<OpenCombo>("text", [](OpenCombo *combo) { combo->setEditText(QStringLiteral("other")); }),
         step<OpenCombo>("index", [](OpenCombo *combo) { combo->setCurrentIndex(2); }),
+        step<OpenCombo>("another line edit", [](OpenCombo *combo) { combo->setLineEdit(new QLineEdit); }),
         step<OpenCombo>("no line edit", [](OpenCombo *combo) { combo->setEditable(false); }),
     });
 }

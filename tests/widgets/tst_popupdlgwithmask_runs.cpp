@@ -10,6 +10,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QHBoxLayout>
 
+#include <private/qobject_p.h>
 #include <private/qthread_p.h>
 
 using namespace MaskedDialogs;
@@ -276,7 +277,7 @@ void tst_PopupDlgWithMaskRuns::execWithPosAfterQuit()
     QPoint pos(10, 10);
     QVector<const QEventLoop *> loops;
     const auto noteLoop = [&loops] {
-        loops << QThreadData::get2(QThread::currentThread())->eventLoops.top();
+        loops << QObjectPrivate::get(qApp)->threadData.loadRelaxed()->eventLoops.top();
     };
     InsideLoop::run([&] {
         InsideLoop::run([&] {
