@@ -462,7 +462,7 @@ void tst_PopupDlgWithMaskRuns::destroyedByTheMask()
                                    delete dialog;
                                    return false;
                                });
-    InsideLoop::run([&] {
+    InsideLoop::run([dialog] { // there may be no loop to run it before this function returns
         if (dialog)
             dialog->hide();
     });

@@ -1,5 +1,6 @@
 #include "insideloop.h"
 #include "logcapture.h"
+#include "notingdevice.h"
 #include "pictures.h"
 #include "popuploadingdlgwithmask.h"
 #include "testmain.h"
@@ -9,7 +10,6 @@
 #include <QtGui/QBackingStore>
 #include <QtGui/QImage>
 #include <QtGui/QMovie>
-#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtTest/QSignalSpy>
@@ -85,44 +85,15 @@ struct Fill
     QRectF area;
 };
 
-/// A device that draws nothing, but notes what it is told to fill.
-class FillNotes
-    : public QPaintDevice
-    , private QPaintEngine
+/// Notes what it is told to fill.
+class FillNotes : public NotingDevice
 {
 public:
-    explicit FillNotes(QSize size)
-        : QPaintEngine(QPaintEngine::AllFeatures)
-        , m_size(size)
-    {
-    }
+    using NotingDevice::NotingDevice;
 
     QVector<Fill> fills;
 
-    QPaintEngine *paintEngine() const override { return const_cast<FillNotes *>(this); }
-
 protected:
-    int metric(PaintDeviceMetric metric) const override
-    {
-        switch (metric) {
-        case PdmWidth:
-            return m_size.width();
-        case PdmHeight:
-            return m_size.height();
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY:
-            return 96;
-        default:
-            return QPaintDevice::metric(metric);
-        }
-    }
-
-private:
-    bool begin(QPaintDevice *) override { return true; }
-    bool end() override { return true; }
-    Type type() const override { return User; }
     void updateState(const QPaintEngineState &changed) override
     {
         if (changed.state() & DirtyBrush)
@@ -140,14 +111,14 @@ private:
         for (int i = 0; i < count; ++i)
             note(rects[i]);
     }
-    void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
+
+private:
     void note(const QRectF &area)
     {
         fills << m_now;
         fills.last().area = area;
     }
 
-    QSize m_size;
     Fill m_now;
 };
 
