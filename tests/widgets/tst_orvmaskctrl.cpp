@@ -52,10 +52,13 @@ private Q_SLOTS:
     void isAskedForWhileItIsCreated();
     void ownerRegisteredWhileItIsCreated();
     void isDeletedWhileItIsCreated();
-    void maskIsDestroyedByWhatItTells_data();
-    void maskIsDestroyedByWhatItTells();
+    void maskIsDestroyedAsItComesToTheFront() { destroyMaskIn(QEvent::ZOrderChange); }
+    void maskIsDestroyedAsItIsShown() { destroyMaskIn(QEvent::ShowToParent); }
+    void maskIsDestroyedAsItIsHidden() { destroyMaskIn(QEvent::HideToParent); }
 
 private:
+    void destroyMaskIn(QEvent::Type type);
+
     QWidget m_window;
     int m_first = 0;
     int m_second = 0;
@@ -374,24 +377,15 @@ void tst_OrvMaskCtrl::isDeletedWhileItIsCreated()
         QVERIFY(!label->isVisible());
 }
 
-void tst_OrvMaskCtrl::maskIsDestroyedByWhatItTells_data()
+void tst_OrvMaskCtrl::destroyMaskIn(QEvent::Type type)
 {
-    QTest::addColumn<int>("type");
-    QTest::newRow("comes to the front") << int(QEvent::ZOrderChange);
-    QTest::newRow("is shown") << int(QEvent::ShowToParent);
-    QTest::newRow("is hidden") << int(QEvent::HideToParent);
-}
-
-void tst_OrvMaskCtrl::maskIsDestroyedByWhatItTells()
-{
-    QFETCH(const int, type);
     auto window = std::make_unique<QWidget>();
     window->show();
     OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(window.get());
-    InsideLoop::EventHook hook(mask->getMaskWidget(), QEvent::Type(type), [&](QEvent *) {
+    InsideLoop::EventHook hook(mask->getMaskWidget(), type, [&](QEvent *) {
         window.reset();
         OrvMaskCtrl::deleteInstance();
-        return false;
+        return true; // the mask is gone
     });
     new QWidget(window.get()); // lies above the mask
     mask->showMasking(&m_first);
