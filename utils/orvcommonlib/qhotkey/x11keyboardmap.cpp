@@ -101,6 +101,7 @@ X11KeyboardMap X11KeyboardMap::current()
     if (XkbDescPtr keyboard = XkbGetMap(display, XkbAllClientInfoMask, XkbUseCoreKbd)) {
         map.m_keyboard.reset(keyboard,
                              [](XkbDescPtr old) { XkbFreeKeyboard(old, XkbAllComponentsMask, True); });
+        map.readLocks();
     }
     return map;
 }
@@ -153,7 +154,7 @@ QVector<xcb_keycode_t> X11KeyboardMap::keycodes(xcb_keysym_t keysym) const
 
 // Caps Lock has a modifier of its own. Those of the other two are found by their keys; where one shares the
 // modifier of Shift, Ctrl, Alt or Meta it stays that modifier.
-QVector<quint16> X11KeyboardMap::lockCombinations() const
+void X11KeyboardMap::readLocks()
 {
     int locks = XCB_MOD_MASK_LOCK;
     for (const xcb_keysym_t lock : {XKB_KEY_Num_Lock, XKB_KEY_Scroll_Lock}) {
@@ -161,10 +162,8 @@ QVector<quint16> X11KeyboardMap::lockCombinations() const
         for (const xcb_keycode_t key : keys)
             locks |= modifierOf(static_cast<XkbDescPtr>(m_keyboard.get()), key) & ~kNamedModifiers;
     }
-    QVector<quint16> combinations;
-    for (int modifiers = 0; modifiers <= locks; ++modifiers) {
+    for (int modifiers = 1; modifiers <= locks; ++modifiers) {
         if ((modifiers & ~locks) == 0)
-            combinations.append(static_cast<quint16>(modifiers));
+            m_lockCombinations.append(static_cast<quint16>(modifiers));
     }
-    return combinations;
 }

@@ -22,14 +22,17 @@ public:
     QVector<xcb_keycode_t> keycodes(xcb_keysym_t keysym) const;
 
     /// Every combination of Caps Lock, Num Lock and Scroll Lock, as modifier bits; none of them included.
-    QVector<quint16> lockCombinations() const;
+    QVector<quint16> lockCombinations() const { return m_lockCombinations; }
 
     /// Whether this event of the server says that the keyboard, or its layout in effect, has become another
     /// one.
     bool isOutdatedBy(const xcb_generic_event_t *event) const;
 
 private:
+    void readLocks();
+
     std::shared_ptr<void> m_keyboard; // an XkbDescRec of Xlib's, whose headers define too many macros
-    int m_group = 0;                  // the layout in effect
+    QVector<quint16> m_lockCombinations{0};
+    int m_group = 0; // the layout in effect
     int m_extensionEvent = -1;
 };
