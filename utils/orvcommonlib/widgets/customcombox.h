@@ -11,23 +11,28 @@ class QTimer;
 /// click anywhere on it opens the list.
 ///
 /// A guard of 100 milliseconds after each opening and closing keeps the click that closes the list from
-/// opening it again. Signals are those of QComboBox. GUI thread only.
+/// opening it again. Once it is over the second of two quick clicks counts like any other. A line edit that a
+/// client puts in place of the first one is the client's own: clicks on it do not open the list. Signals are
+/// those of QComboBox. GUI thread only.
 class ORVCOMMONLIB_EXPORT customcombox : public QComboBox
 {
     Q_OBJECT
 
 public:
+    /// \param parent the owner; may be null
     explicit customcombox(QWidget *parent);
     ~customcombox() override;
 
-    /// At most `count` rows show without scrolling. The spelling is the interface's.
+    /// Limits the height of the list. The spelling is the interface's.
+    /// \param count how many rows show without scrolling, at most
     void setVisableCount(int count);
 
-    /// Fixes the width of the line edit, in device-independent pixels.
+    /// Fixes the width of the line edit; nothing happens where there is none.
+    /// \param width in device-independent pixels
     void setLineEditWidth(int width);
 
-    /// Stores a gap, in device-independent pixels, for subclasses that place the list themselves; this class
-    /// places the list as QComboBox does.
+    /// Stores a gap for subclasses that place the list themselves; this class places the list as QComboBox does.
+    /// \param spacing in device-independent pixels
     void setSpacingBetweenComboxAndPopupWidget(int spacing);
 
 protected:

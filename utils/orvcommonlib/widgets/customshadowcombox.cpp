@@ -259,8 +259,8 @@ void CustomShadowCombox::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
 }
 
-// Runs for every event of the application, the list's own included: what does not concern an open list must leave at once, above all
-// before the pointer is asked for, which is a round trip to the server on some platforms.
+// Runs for every event of the application, the list's own included: what does not concern an open list must leave
+// at once, above all before the pointer is asked for, which is a round trip to the server on some platforms.
 bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
@@ -292,8 +292,8 @@ bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-// A list does not outlive what it belongs to. Qt goes on using the widgets that it is hiding, which a slot may destroy:
-// what is to be told about it is told when hide() is done with them, or at the latest by the event loop.
+// A list does not outlive what it belongs to. Qt goes on using the widgets that it is hiding, which a slot may
+// destroy: what is to be told about it is told when hide() is done with them, or at the latest by the event loop.
 void CustomShadowCombox::hideEvent(QHideEvent *event)
 {
     if (isPopupOpen() && !m_closing) {
@@ -368,8 +368,8 @@ bool CustomShadowCombox::isOutside(QPoint globalPos) const
     return !rect().contains(pos) && !m_popup->geometry().contains(globalPos);
 }
 
-// A window that hides because it is being destroyed takes the combo box along, and nobody is told: it has left the
-// focus chain by then.
+// A window that hides because it is being destroyed takes the combo box along, and nobody is told: it has left
+// the focus chain by then.
 bool CustomShadowCombox::isHiddenWith(const QWidget *hidden) const
 {
     return (hidden == this || hidden->isAncestorOf(this)) && hidden->nextInFocusChain() &&
