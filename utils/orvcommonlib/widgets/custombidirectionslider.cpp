@@ -14,6 +14,9 @@ const char kStyleSheet[] =
     "margin-bottom: -9px; margin-right: -4px; "
     "border-image: url(:/resources/channels/slider_handle.png);}";
 
+constexpr int kDefaultLineWidth = 6;
+constexpr int kDefaultHandleWidth = 24;
+constexpr QRgb kDefaultLineColor = 0xFF4B66EB;
 constexpr int kTickHeight = 4;
 constexpr int kWidestPen = 32767; // Qt warns about wider ones
 
@@ -41,6 +44,11 @@ void drawLine(QPainter *painter, const QLine &line, int width, const QColor &col
 }
 
 } // namespace
+
+CustomBidirectionSlider::CustomBidirectionSlider(QWidget *parent)
+    : CustomBidirectionSlider(kDefaultLineWidth, kDefaultHandleWidth, QColor(kDefaultLineColor), parent)
+{
+}
 
 CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth, QColor lineColor,
                                                  QWidget *parent)

@@ -17,6 +17,9 @@ class ORVCOMMONLIB_EXPORT CustomBidirectionSlider : public QSlider
     Q_OBJECT
 
 public:
+    /// With a line of 6 pixels in "#4B66EB", for a handle of 24, as the style sheet makes it.
+    /// \param parent the parent widget, or null
+    explicit CustomBidirectionSlider(QWidget *parent = nullptr);
     /// \param lineWidth   the thickness of the coloured line in pixels, 0 for a hairline
     /// \param handleWidth how wide the handle is taken to be: the line ends half of it before the handle's centre
     /// \param lineColor   the colour of the line

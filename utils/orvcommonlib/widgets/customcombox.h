@@ -20,7 +20,7 @@ class ORVCOMMONLIB_EXPORT customcombox : public QComboBox
 
 public:
     /// \param parent the owner; may be null
-    explicit customcombox(QWidget *parent);
+    explicit customcombox(QWidget *parent = nullptr);
     ~customcombox() override;
 
     /// Limits the height of the list. The spelling is the interface's.

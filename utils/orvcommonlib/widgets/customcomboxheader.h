@@ -26,7 +26,7 @@ class ORVCOMMONLIB_EXPORT CustomComboxHeader : public QWidget
 public:
     /// The normal style: fixed at 260 x 48.
     /// \param parent the owner; may be null
-    explicit CustomComboxHeader(QWidget *parent);
+    explicit CustomComboxHeader(QWidget *parent = nullptr);
     /// \param isSmallStyle the small style, of no fixed size; otherwise the normal one
     /// \param parent       the owner; may be null
     CustomComboxHeader(bool isSmallStyle, QWidget *parent);

@@ -16,6 +16,9 @@
 
 namespace {
 
+constexpr QSize kDefaultIconSize(24, 24);
+constexpr int kDefaultSpacing = 8;
+
 QString iconSheet(const QString &imagePath)
 {
     return QStringLiteral("QLabel{background:transparent; border:none; image:url(%1);}").arg(imagePath);
@@ -29,6 +32,11 @@ void applySheet(QWidget *widget, const QString &sheet)
 }
 
 } // namespace
+
+CustomizeIconButton::CustomizeIconButton(QWidget *parent)
+    : CustomizeIconButton(kDefaultIconSize, QString(), kDefaultSpacing, parent, true)
+{
+}
 
 CustomizeIconButton::CustomizeIconButton(QSize iconSize, QString text, int spacing, QWidget *parent,
                                          bool isCenter)

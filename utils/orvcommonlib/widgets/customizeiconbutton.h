@@ -27,6 +27,9 @@ class ORVCOMMONLIB_EXPORT CustomizeIconButton : public QWidget
     Q_OBJECT
 
 public:
+    /// An icon of 24 x 24 without a text, 8 pixels from it, in the middle.
+    /// \param parent the owner; may be null
+    explicit CustomizeIconButton(QWidget *parent = nullptr);
     /// \param iconSize the size of the icon, in device-independent pixels
     /// \param text     the text beside the icon
     /// \param spacing  the gap between icon and text, in device-independent pixels

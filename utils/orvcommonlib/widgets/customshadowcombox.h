@@ -39,7 +39,7 @@ class ORVCOMMONLIB_EXPORT CustomShadowCombox : public QWidget
 public:
     /// The normal look.
     /// \param parent the owner; may be null
-    explicit CustomShadowCombox(QWidget *parent);
+    explicit CustomShadowCombox(QWidget *parent = nullptr);
     /// \param isSmallStyle the small look, with rows 28 high; otherwise the normal one
     /// \param parent       the owner; may be null
     CustomShadowCombox(bool isSmallStyle, QWidget *parent);

@@ -50,6 +50,11 @@ void openPanel(const QPointer<QWidget> panel, bool activate, bool takeFocus)
 
 } // namespace
 
+CustomToolButton::CustomToolButton(QWidget *parent)
+    : CustomToolButton(false, parent, Bottom)
+{
+}
+
 CustomToolButton::CustomToolButton(bool uncheckOnHide, QWidget *parent, SettingWidgetDirection direction)
     : QToolButton(parent)
     , m_uncheckOnHide(uncheckOnHide)

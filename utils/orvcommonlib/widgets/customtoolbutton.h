@@ -44,6 +44,9 @@ class ORVCOMMONLIB_EXPORT CustomToolButton : public QToolButton
     Q_OBJECT
 
 public:
+    /// A button that stays checked when a panel is hidden, and whose panels open under it.
+    /// \param parent the parent widget, or null
+    explicit CustomToolButton(QWidget *parent = nullptr);
     /// \param uncheckOnHide whether the button becomes unchecked when the right-click panel or the hover
     ///                      panel is hidden, by whomever, and when the click panel closes by losing the
     ///                      focus. The click panel then does not take the focus when the pointer enters it,

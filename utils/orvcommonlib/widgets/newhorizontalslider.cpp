@@ -5,6 +5,18 @@
 
 #include <utility>
 
+namespace {
+
+constexpr QSize kDefaultSize(206, 14);
+constexpr QSize kDefaultHandleSize(14, 14);
+
+} // namespace
+
+NewHorizontalSlider::NewHorizontalSlider(QWidget *parent)
+    : NewHorizontalSlider(kDefaultSize, kDefaultHandleSize, false, parent)
+{
+}
+
 NewHorizontalSlider::NewHorizontalSlider(QSize size, QSize handleSize, bool bidirectional, QWidget *parent)
     : QWidget(parent)
     , m_bidirectional(bidirectional)

@@ -25,6 +25,9 @@ class ORVCOMMONLIB_EXPORT NewHorizontalSlider : public QWidget
     Q_OBJECT
 
 public:
+    /// Of the measures that a HorizontalSlider has: 206 x 14 with a handle of 14 x 14, coloured from the left end.
+    /// \param parent the parent widget, or null
+    explicit NewHorizontalSlider(QWidget *parent = nullptr);
     /// \param size          the fixed size of the slider; the groove image is rendered at that many pixels
     /// \param handleSize    the size of the handle
     /// \param bidirectional whether the colour starts at the centre of the range
