@@ -1,5 +1,6 @@
 #include "customcomboxitem.h"
 
+#include "accessiblenotification.h"
 #include "clickdetection.h"
 #include "statesheet.h"
 #include "stylesheetpainting.h"
@@ -131,6 +132,11 @@ CustomComboxItem::CustomComboxItem(QString text, int fontSize, QWidget *parent)
     initUI();
 }
 
+CustomComboxItem *CustomComboxItem::newSmallRow(QString text, int itemHeight, QWidget *parent)
+{
+    return new CustomComboxItem(true, std::move(text), itemHeight, kSmallFontSize, kSmallIconSize, parent);
+}
+
 void CustomComboxItem::setChecked(bool checked)
 {
     m_checked = checked;
@@ -147,6 +153,17 @@ void CustomComboxItem::setHovered(bool hovered)
 {
     m_hovered = hovered;
     updateStyle();
+}
+
+void CustomComboxItem::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    m_textLabel->setText(m_text);
+    m_elidedWidth = -1;
+    elideText();
+    AccessibleNotification::nameChanged(this);
 }
 
 void CustomComboxItem::setData(const QVariant &data)

@@ -26,6 +26,8 @@ public:
     CustomComboxItem(bool isSmall, QString text, int itemHeight, int fontSize, int iconSize, QWidget *parent);
     CustomComboxItem(QString text, QWidget *parent, bool isGray, bool isChinese);
     CustomComboxItem(QString text, int fontSize, QWidget *parent);
+    /// The small look with another height.
+    static CustomComboxItem *newSmallRow(QString text, int itemHeight, QWidget *parent);
 
     bool isChecked() const { return m_checked; }
     void setChecked(bool checked);
@@ -37,6 +39,7 @@ public:
 
     /// The full text; the label may show an elided copy.
     QString text() const { return m_text; }
+    void setText(const QString &text);
     QVariant data() const { return m_data; }
     void setData(const QVariant &data);
     /// The row's position in its list, -1 at first.

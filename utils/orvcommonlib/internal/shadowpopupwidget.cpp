@@ -105,17 +105,33 @@ ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int margin, int ro
 
 void ShadowPopupWidget::addItem(CustomComboxItem *row)
 {
-    if (!m_contentLayout || !row)
+    if (m_contentLayout && row)
+        place(row, count());
+}
+
+void ShadowPopupWidget::insertItem(int index, const QString &text)
+{
+    const bool isBeforeCurrent = index <= m_currentIndex && isCurrentRow(m_currentIndex);
+    place(m_small ? CustomComboxItem::newSmallRow(text, m_rowHeight, m_content)
+                  : new CustomComboxItem(text, m_content),
+          index);
+    if (isBeforeCurrent)
+        ++m_currentIndex;
+}
+
+void ShadowPopupWidget::removeItem(int index)
+{
+    if (!hasRow(index))
         return;
-    row->setIndex(count());
-    connect(row, &CustomComboxItem::signalClickItem, this, &ShadowPopupWidget::currentIndexChanged);
-    connect(row, &CustomComboxItem::signalClickGrayItem, this, &ShadowPopupWidget::currentGrayIndexChanged);
-    if (count() > m_maxVisibleRows)
-        hideKeepingItsPlace(row);
-    m_contentLayout->addWidget(row);
-    m_rows.append(row);
-    fixWidth(row);
+    if (isCurrentRow(index))
+        m_currentIndex = -1;
+    else if (index < m_currentIndex && isCurrentRow(m_currentIndex))
+        --m_currentIndex;
+    const std::unique_ptr<CustomComboxItem> row(m_rows.takeAt(index));
+    m_contentLayout->removeWidget(row.get());
+    renumberFrom(index);
     updateHeight();
+    showRowsThatFit();
     showRowsInViewSoon();
 }
 
@@ -131,6 +147,12 @@ void ShadowPopupWidget::clear()
     updateHeight();
 }
 
+void ShadowPopupWidget::reset()
+{
+    clear();
+    m_currentIndex = -1;
+}
+
 void ShadowPopupWidget::setCurrentIndex(int index)
 {
     if (!hasRow(index))
@@ -144,6 +166,22 @@ void ShadowPopupWidget::setCurrentIndex(int index)
 QString ShadowPopupWidget::currentText() const
 {
     return hasRow(m_currentIndex) ? m_rows.at(m_currentIndex)->text() : QString();
+}
+
+bool ShadowPopupWidget::isCurrentRow(int index) const
+{
+    return index == m_currentIndex && hasRow(index) && m_rows.at(index)->isChecked();
+}
+
+QString ShadowPopupWidget::itemText(int index) const
+{
+    return hasRow(index) ? m_rows.at(index)->text() : QString();
+}
+
+void ShadowPopupWidget::setItemText(int index, const QString &text)
+{
+    if (hasRow(index))
+        m_rows.at(index)->setText(text);
 }
 
 QVariant ShadowPopupWidget::itemData(int index) const
@@ -212,6 +250,35 @@ void ShadowPopupWidget::tellOpenOrClosed()
 {
     if (QWidget *combo = parentWidget())
         AccessibleNotification::expandedChanged(combo);
+}
+
+void ShadowPopupWidget::place(CustomComboxItem *row, int index)
+{
+    connect(row, &CustomComboxItem::signalClickItem, this, &ShadowPopupWidget::currentIndexChanged);
+    connect(row, &CustomComboxItem::signalClickGrayItem, this, &ShadowPopupWidget::currentGrayIndexChanged);
+    if (index > m_maxVisibleRows)
+        hideKeepingItsPlace(row);
+    m_contentLayout->insertWidget(index, row);
+    m_rows.insert(index, row);
+    renumberFrom(index);
+    fixWidth(row);
+    updateHeight();
+    showRowsInViewSoon();
+}
+
+void ShadowPopupWidget::renumberFrom(int index)
+{
+    for (int row = index; row < count(); ++row)
+        m_rows.at(row)->setIndex(row);
+}
+
+// Rows that were far down when they came may be among the first ones now.
+void ShadowPopupWidget::showRowsThatFit()
+{
+    for (int row = 0; row < qMin(count(), m_maxVisibleRows + 1); ++row) {
+        if (m_rows.at(row)->isHidden())
+            m_rows.at(row)->show();
+    }
 }
 
 // All rows are laid out anew whenever one of them changes its looks, unless that one's size is fixed.

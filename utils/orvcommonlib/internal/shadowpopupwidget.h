@@ -28,8 +28,15 @@ public:
     QWidget *rowParent() const { return m_content; }
     /// Appends the row, which then belongs to the list.
     void addItem(CustomComboxItem *row);
+    /// Puts a new row of the list's own look before the one at `index`, which lies within 0 to count(). The
+    /// current index goes with its row.
+    void insertItem(int index, const QString &text);
+    /// Deletes a row. The current index goes with its row, or becomes -1 with the current row.
+    void removeItem(int index);
     /// Deletes all rows. The current index is deliberately kept.
     void clear();
+    /// Deletes all rows; none is current any more.
+    void reset();
     int count() const { return m_rows.size(); }
     bool hasItems() const { return count() > 0; }
     const QList<CustomComboxItem *> &rows() const { return m_rows; }
@@ -38,7 +45,11 @@ public:
     /// An index out of range is ignored.
     void setCurrentIndex(int index);
     QString currentText() const;
+    /// Whether the row has been made the current one. After clear() none has, whatever the index says.
+    bool isCurrentRow(int index) const;
 
+    QString itemText(int index) const;
+    void setItemText(int index, const QString &text);
     QVariant itemData(int index) const;
     void setItemData(int index, const QVariant &value);
     /// One state for each row; ignored when the numbers differ.
@@ -64,6 +75,9 @@ private:
     void tellOpenOrClosed();
     void buildList(const QMargins &outerMargins, int contentMargin);
     void polishBeforeRows();
+    void place(CustomComboxItem *row, int index);
+    void renumberFrom(int index);
+    void showRowsThatFit();
     void fixWidth(CustomComboxItem *row) const;
     void showRowsInView();
     void showRowsInViewSoon();

@@ -104,6 +104,37 @@ void CustomShadowCombox::addSmallStyleItem(QString text)
         m_popup->addItem(new CustomComboxItem(true, std::move(text), m_popup->rowParent()));
 }
 
+void CustomShadowCombox::insertItem(int index, const QString &text)
+{
+    if (!m_popup)
+        return;
+    const QRect before = m_popup->geometry();
+    m_popup->insertItem(qBound(0, index, count()), text);
+    keepListAtHeader(before);
+}
+
+void CustomShadowCombox::removeItem(int index)
+{
+    if (!m_popup)
+        return;
+    const QRect before = m_popup->geometry();
+    const bool isCurrent = m_popup->isCurrentRow(index);
+    m_popup->removeItem(index);
+    if (isCurrent)
+        showText(QString());
+    keepListAtHeader(before);
+}
+
+void CustomShadowCombox::reset()
+{
+    if (!m_popup)
+        return;
+    const QRect before = m_popup->geometry();
+    m_popup->reset();
+    showText(QString());
+    keepListAtHeader(before);
+}
+
 void CustomShadowCombox::clear()
 {
     if (m_popup)
@@ -127,16 +158,44 @@ void CustomShadowCombox::setCurrentIndex(int index)
         return;
     qInfo() << "AAAAA--setCurrentIndex-------" << index << "--END";
     m_popup->setCurrentIndex(index);
-    const QString text = m_popup->currentText();
-    const bool isAnother = text != m_header->text();
-    m_header->setText(text);
-    if (isAnother)
-        AccessibleNotification::valueChanged(this, text);
+    showText(m_popup->currentText());
 }
 
 QString CustomShadowCombox::currentText() const
 {
     return m_header ? m_header->text() : QString();
+}
+
+QString CustomShadowCombox::itemText(int index) const
+{
+    return m_popup ? m_popup->itemText(index) : QString();
+}
+
+void CustomShadowCombox::setItemText(int index, const QString &text)
+{
+    if (!m_popup)
+        return;
+    m_popup->setItemText(index, text);
+    if (m_popup->isCurrentRow(index))
+        showText(text);
+}
+
+int CustomShadowCombox::findText(const QString &text) const
+{
+    for (int row = 0; row < count(); ++row) {
+        if (m_popup->itemText(row) == text)
+            return row;
+    }
+    return -1;
+}
+
+int CustomShadowCombox::findData(const QVariant &value) const
+{
+    for (int row = 0; row < count(); ++row) {
+        if (m_popup->itemData(row) == value)
+            return row;
+    }
+    return -1;
 }
 
 QVariant CustomShadowCombox::itemData(int index)
@@ -342,6 +401,24 @@ void CustomShadowCombox::placeHeader(CustomComboxHeader *header)
     m_header = header;
     connect(m_header, &CustomComboxHeader::signalClicked, this, &CustomShadowCombox::slotHeaderClicked);
     layout()->addWidget(m_header);
+}
+
+void CustomShadowCombox::showText(const QString &text)
+{
+    if (!m_header || text == m_header->text())
+        return;
+    m_header->setText(text);
+    AccessibleNotification::valueChanged(this, text);
+}
+
+// An open list that stands above the header grows and shrinks at its upper end.
+void CustomShadowCombox::keepListAtHeader(const QRect &before)
+{
+    if (!m_popup || !m_header || !isPopupOpen())
+        return;
+    const int lowerEnd = before.y() + before.height();
+    if (lowerEnd <= m_header->mapToGlobal(QPoint(0, 0)).y())
+        m_popup->move(before.x(), lowerEnd - m_popup->height());
 }
 
 void CustomShadowCombox::connectPopup(ShadowPopupWidget *popup)

@@ -72,8 +72,22 @@ public:
     /// \param text the row's text
     void addSmallStyleItem(QString text);
 
-    /// Deletes all rows. The current index and the header's text are deliberately left as they were.
+    /// Inserts a plain row in the combo box's own look, in the small look with the row height that the
+    /// combo box was constructed with. The current index goes with its row. Logs and emits nothing.
+    /// \param index the row before which it comes; one outside 0 to count() is brought into that range
+    /// \param text  the row's text; one that is too long is shown elided
+    void insertItem(int index, const QString &text);
+    /// Deletes a row. The current index goes with its row; when that row itself is removed the index is -1
+    /// and the header is empty. Emits nothing.
+    /// \param index the row; one out of range is ignored
+    void removeItem(int index);
+
+    /// Deletes all rows. The current index and the header's text are deliberately left as they were; but no
+    /// row counts as the current one until setCurrentIndex() or a click chooses one, so that insertItem(),
+    /// removeItem() and setItemText() leave index and header alone as well.
     void clear();
+    /// Deletes all rows and forgets the selection: the index is -1 and the header empty. Emits nothing.
+    void reset();
     /// \return the number of rows
     int count() const;
 
@@ -81,12 +95,27 @@ public:
     int currentIndex();
     /// Selects a row and logs that in two lines. Emits nothing.
     ///
-    /// The header shows the text of the row that is current then. After clear() there is none: an index out
-    /// of range, which otherwise changes nothing, empties the header.
-    /// \param index the row; one out of range is ignored
+    /// The header then shows the text of the row at currentIndex(). An index out of range therefore changes
+    /// nothing, except after clear(): there is no row at the old index then, and the header becomes empty
+    /// (or, when rows have been added meanwhile, shows the one that has come to that place).
+    /// \param index the row; one out of range leaves the current index as it is
     void setCurrentIndex(int index);
     /// The header's text: that of the current row, also after clear().
     QString currentText() const;
+
+    /// \param index the row
+    /// \return the row's full text, also where it is shown elided; empty for an index out of range
+    QString itemText(int index) const;
+    /// Changes a row's text, and the header's when it is the current row. Emits nothing.
+    /// \param index the row; one out of range is ignored
+    /// \param text  the new text
+    void setItemText(int index, const QString &text);
+    /// \param text what is looked for, in the same case
+    /// \return the first row whose full text this is, -1 when there is none
+    int findText(const QString &text) const;
+    /// \param value what is looked for
+    /// \return the first row whose data equal it, -1 when there is none
+    int findData(const QVariant &value) const;
 
     /// \param index the row
     /// \return what setItemData() gave it; an invalid QVariant for an index out of range
@@ -154,6 +183,8 @@ private:
     void initSmallStyleUI();
     void initLayout();
     void placeHeader(CustomComboxHeader *header);
+    void showText(const QString &text);
+    void keepListAtHeader(const QRect &before);
     void connectPopup(ShadowPopupWidget *popup);
 
     bool isPopupOpen() const;
