@@ -135,6 +135,29 @@ void CustomShadowCombox::reset()
     keepListAtHeader(before);
 }
 
+QStringList CustomShadowCombox::items() const
+{
+    QStringList texts;
+    for (int row = 0; row < count(); ++row)
+        texts.append(itemText(row));
+    return texts;
+}
+
+void CustomShadowCombox::setItems(const QStringList &texts)
+{
+    if (!m_popup)
+        return;
+    const QRect before = m_popup->geometry();
+    const bool isAwaited = count() == 0 && !texts.isEmpty() && m_indexForItems >= 0;
+    const int index = isAwaited ? std::exchange(m_indexForItems, -1) : currentIndex();
+    m_popup->reset();
+    for (const QString &text : texts)
+        m_popup->insertItem(count(), text);
+    m_popup->setCurrentIndex(index);
+    showText(m_popup->currentText());
+    keepListAtHeader(before);
+}
+
 void CustomShadowCombox::clear()
 {
     if (m_popup)
@@ -159,6 +182,14 @@ void CustomShadowCombox::setCurrentIndex(int index)
     qInfo() << "AAAAA--setCurrentIndex-------" << index << "--END";
     m_popup->setCurrentIndex(index);
     showText(m_popup->currentText());
+}
+
+void CustomShadowCombox::writeCurrentIndex(int index)
+{
+    if (count() > 0)
+        setCurrentIndex(index);
+    else
+        m_indexForItems = index;
 }
 
 QString CustomShadowCombox::currentText() const

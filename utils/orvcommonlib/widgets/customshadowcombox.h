@@ -6,6 +6,7 @@
 #include <QtCore/QPoint>
 #include <QtCore/QPointer>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QVariant>
 #include <QtCore/QVector>
 #include <QtWidgets/QWidget>
@@ -35,6 +36,15 @@ class ShadowPopupWidget;
 class ORVCOMMONLIB_EXPORT CustomShadowCombox : public QWidget
 {
     Q_OBJECT
+    /// The number of rows.
+    Q_PROPERTY(int count READ count)
+    /// The texts of all rows. Stands before the index, which form code then writes to rows that are there.
+    Q_PROPERTY(QStringList items READ items WRITE setItems)
+    /// The selected row. An index that is written to this property, not by setCurrentIndex(), while there are
+    /// no rows is selected when #items is written.
+    Q_PROPERTY(int currentIndex READ currentIndex WRITE writeCurrentIndex USER true)
+    /// The header's text.
+    Q_PROPERTY(QString currentText READ currentText)
 
 public:
     /// The normal look.
@@ -71,6 +81,14 @@ public:
     /// Appends a small row: 28 high with a text of 12 pixels.
     /// \param text the row's text
     void addSmallStyleItem(QString text);
+
+    /// \return the texts of all rows
+    QStringList items() const;
+    /// Replaces all rows with plain ones of the combo box's style, those of the small look in the height that the
+    /// combo box was made with. The selection stays at its index; where the new rows do not reach that far
+    /// there is none any more, and the header is empty. Emits and logs nothing.
+    /// \param texts the texts of the new rows
+    void setItems(const QStringList &texts);
 
     /// Inserts a plain row in the combo box's own look, in the small look with the row height that the
     /// combo box was constructed with. The current index goes with its row. Logs and emits nothing.
@@ -186,6 +204,7 @@ private:
     void showText(const QString &text);
     void keepListAtHeader(const QRect &before);
     void connectPopup(ShadowPopupWidget *popup);
+    void writeCurrentIndex(int index);
 
     bool isPopupOpen() const;
     bool isOutside(QPoint globalPos) const;
@@ -202,4 +221,5 @@ private:
     bool m_closing = false;
     bool m_reportIsDue = false; // of a closing because the combo box was hidden
     int m_eventDepth = 0;
+    int m_indexForItems = -1; // written to the property while there were no rows
 };
