@@ -28,7 +28,7 @@ function(orv_add_test name)
     # Nearly always empty: moc's output for a test is included by the test.
     set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp PROPERTIES
         SKIP_PRECOMPILE_HEADERS ON)
-    target_link_libraries(${name} PRIVATE orv_test_support Qt5::Test Qt5::Widgets ${arg_LIBRARIES})
+    target_link_libraries(${name} PRIVATE orv_test_support ${ORV_QT}::Test ${ORV_QT}::Widgets ${arg_LIBRARIES})
     if(ORV_SANITIZERS MATCHES thread)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/threadsanitizer.cpp)
     endif()

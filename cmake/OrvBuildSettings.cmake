@@ -58,7 +58,7 @@ function(orv_target_defaults target)
         QT_NO_CAST_TO_ASCII
         QT_NO_FOREACH
         QT_DEPRECATED_WARNINGS
-        QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+        QT_DISABLE_DEPRECATED_BEFORE=${ORV_QT_API})
     if(MSVC)
         target_compile_options(${target} PRIVATE /W4 /permissive- /Zc:__cplusplus /utf-8
             $<$<BOOL:${ORV_WARNINGS_AS_ERRORS}>:/WX>)

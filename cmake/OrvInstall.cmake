@@ -1,36 +1,47 @@
 # Installs the library as a package: headers, library, find_package(orvcommonlib) and pkg-config.
 include(CMakePackageConfigHelpers)
 
-set(ORV_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/orvcommonlib)
+set(ORV_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/${ORV_PACKAGE})
 
 install(TARGETS orvcommonlib EXPORT orvcommonlibTargets
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(FILES ${ORV_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/orvcommonlib)
+install(FILES ${ORV_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${ORV_PACKAGE})
 install(EXPORT orvcommonlibTargets NAMESPACE orvcommonlib:: DESTINATION ${ORV_PACKAGE_DIR})
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlibConfig.cmake.in
     ${PROJECT_BINARY_DIR}/orvcommonlibConfig.cmake INSTALL_DESTINATION ${ORV_PACKAGE_DIR})
-write_basic_package_version_file(${PROJECT_BINARY_DIR}/orvcommonlibConfigVersion.cmake
-    COMPATIBILITY SameMajorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/orvcommonlibConfig.cmake ${PROJECT_BINARY_DIR}/orvcommonlibConfigVersion.cmake
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/orvcommonlibVersion.cmake COMPATIBILITY SameMajorVersion)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlibConfigVersion.cmake.in
+    ${PROJECT_BINARY_DIR}/orvcommonlibConfigVersion.cmake @ONLY)
+install(FILES
+    ${PROJECT_BINARY_DIR}/orvcommonlibConfig.cmake
+    ${PROJECT_BINARY_DIR}/orvcommonlibConfigVersion.cmake
+    ${PROJECT_BINARY_DIR}/orvcommonlibVersion.cmake
     DESTINATION ${ORV_PACKAGE_DIR})
+if(ORV_QT_MAJOR EQUAL 6)
+    # It may be asked for by its own name too.
+    install(FILES ${PROJECT_BINARY_DIR}/orvcommonlibConfig.cmake DESTINATION ${ORV_PACKAGE_DIR}
+        RENAME ${ORV_PACKAGE}Config.cmake)
+    install(FILES ${PROJECT_BINARY_DIR}/orvcommonlibVersion.cmake DESTINATION ${ORV_PACKAGE_DIR}
+        RENAME ${ORV_PACKAGE}ConfigVersion.cmake)
+endif()
 
 # Found through the place of the .pc file itself, so that the package can be moved.
 file(RELATIVE_PATH ORV_PC_TO_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 file(RELATIVE_PATH ORV_PREFIX_TO_INCLUDE ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 file(RELATIVE_PATH ORV_PREFIX_TO_LIB ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
-configure_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlib.pc.in ${PROJECT_BINARY_DIR}/orvcommonlib.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/orvcommonlib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlib.pc.in ${PROJECT_BINARY_DIR}/${ORV_PACKAGE}.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/${ORV_PACKAGE}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 # What cpack writes: the same, as one archive.
 set(CPACK_PACKAGE_VENDOR orvcommonlib)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_GENERATOR TGZ)
-set(CPACK_PACKAGE_FILE_NAME orvcommonlib-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_PACKAGE_FILE_NAME ${ORV_PACKAGE}-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
 if(WIN32)
     set(CPACK_GENERATOR ZIP)
-    set(CPACK_PACKAGE_FILE_NAME orvcommonlib-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR})
+    set(CPACK_PACKAGE_FILE_NAME ${ORV_PACKAGE}-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR})
 endif()
 include(CPack)

@@ -3,7 +3,7 @@
 
 set(package ${PROJECT_BINARY_DIR}/install-test)
 string(REPLACE ";" "\\;" consumer_launcher "${CMAKE_CXX_COMPILER_LAUNCHER}")
-set(consumer_options "-DCMAKE_CXX_COMPILER_LAUNCHER=${consumer_launcher}")
+set(consumer_options "-DCMAKE_CXX_COMPILER_LAUNCHER=${consumer_launcher}" -DCONSUMER_QT_MAJOR=${ORV_QT_MAJOR})
 if(ORV_SANITIZERS)
     list(APPEND consumer_options -DCMAKE_CXX_FLAGS=-fsanitize=${ORV_SANITIZERS})
 endif()
@@ -46,6 +46,14 @@ if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
     orv_add_consumer_test(package_pkg_config consumer PROGRAM consumer
         OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCONSUMER_WITH_PKG_CONFIG=ON)
 endif()
+
+# Which of two packages a client finds: the version files of both, whichever this build is for.
+foreach(ORV_QT_MAJOR IN ITEMS 5 6)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlibConfigVersion.cmake.in
+        ${PROJECT_BINARY_DIR}/choice/qt${ORV_QT_MAJOR}/orvcommonlibConfigVersion.cmake @ONLY)
+endforeach()
+add_test(NAME package_choice COMMAND ${CMAKE_COMMAND} -G ${CMAKE_GENERATOR} -DPACKAGES=${PROJECT_BINARY_DIR}/choice
+    -S ${PROJECT_SOURCE_DIR}/tests/consumer/choice -B ${PROJECT_BINARY_DIR}/consumers/choice)
 
 # What a header says does not depend on sanitizers.
 if(NOT ORV_SANITIZERS)
