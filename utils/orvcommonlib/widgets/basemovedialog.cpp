@@ -1,10 +1,12 @@
 #include "basemovedialog.h"
 
 #include "framelesshelper.h"
+#include "orvcommonlib.h"
 #include "pressgesture.h"
 #include "stylesheetpainting.h"
 
 #include <QtGui/QMouseEvent>
+#include <QtGui/QScreen>
 
 #include <algorithm>
 #include <iterator>
@@ -22,6 +24,26 @@ int asLength(unsigned int setting)
 int keptWithin(int pos, int length, int start, qint64 end)
 {
     return static_cast<int>(qMax<qint64>(qMin<qint64>(pos, end - length), start));
+}
+
+/// A window with its frame. Of a window that was never shown Qt gives a frame one pixel smaller than itself.
+QRect frameOf(const QWidget *window)
+{
+    return window->frameGeometry().united(window->geometry());
+}
+
+/// The screen on which the middle of a window lies, or else the one that Qt has put the window on.
+QScreen *screenOf(const QWidget *window)
+{
+    bool found = false;
+    QScreen *screen = totalcommon::getScreen(frameOf(window).center(), &found);
+    return found ? screen : window->screen();
+}
+
+/// Where `length` pixels lie in the middle of the pixels from `start` on.
+int centred(int length, int start, int available)
+{
+    return start + (available - length) / 2;
 }
 
 /// Whether a dialog is still there after what it has told its clients. Where it is not, it keeps the event:
@@ -98,6 +120,26 @@ void BaseMoveDialog::setEnableRightBottomResizeArea(bool enable)
 {
     if (m_framelessHelper)
         m_framelessHelper->setEnabelRightBottomAreaResize(enable);
+}
+
+void BaseMoveDialog::moveOver(const QWidget *window)
+{
+    if (!testAttribute(Qt::WA_Resized)) {
+        adjustSize();
+        setAttribute(Qt::WA_Resized, false); // as after Qt's own adjusting: nobody has sized it yet
+    }
+    const QWidget *target = (window ? window : this)->window();
+    const QScreen *screen = screenOf(target);
+    if (!screen)
+        return;
+    const QRect available = screen->availableGeometry();
+    const QRect ground = window ? frameOf(target) : available;
+    const QSize size = frameOf(this).size();
+    const int x = centred(size.width(), ground.x(), ground.width());
+    const int y = centred(size.height(), ground.y(), ground.height());
+    const QPoint pos(keptWithin(x, size.width(), available.x(), qint64(available.right()) + 1),
+                     keptWithin(y, size.height(), available.y(), qint64(available.bottom()) + 1));
+    move(isWindow() ? pos : parentWidget()->mapFromGlobal(pos));
 }
 
 bool BaseMoveDialog::isMoving() const

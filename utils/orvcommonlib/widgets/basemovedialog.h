@@ -71,6 +71,13 @@ public:
     ///               process
     void setEnableRightBottomResizeArea(bool enable);
 
+    /// Centres the dialog's frame over that of a window, then brings it into the available area of that
+    /// window's screen. A dialog larger than the area is pinned to its left and top. One that was never given
+    /// a size is adjusted to its content first. Nothing moves the dialog when it is shown later, or when the
+    /// window moves: call this right before showing it.
+    /// \param window any widget of the window; null stands for the available area of the dialog's own screen
+    void moveOver(const QWidget *window);
+
     /// \return whether a press of any button is under way. While the dialog cannot be moved, the end of a
     ///         press changes nothing, so that this stays true after the first one; clients rely on it.
     bool isMoving() const;
