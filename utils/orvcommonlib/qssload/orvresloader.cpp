@@ -101,7 +101,7 @@ private:
                 const auto places = m_places.constFind(QStringView(text).mid(at, length));
                 if (places == m_places.constEnd())
                     continue;
-                const auto *const place = std::lower_bound(places->cbegin(), places->cend(), from);
+                const auto place = std::lower_bound(places->cbegin(), places->cend(), from);
                 if (place != places->cend())
                     next = qMin(next, *place);
             }
