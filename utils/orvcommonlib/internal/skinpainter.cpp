@@ -61,7 +61,7 @@ struct KeptImage
 {
     QImage image;
     QPoint offset; // from the first pixel of the place
-    bool isWhole = true;
+    bool isFaithful = true;
 };
 
 struct Store : QObject
@@ -191,7 +191,7 @@ KeptImage keptImage(const ImageKey &key, Make make)
         return *known;
     const KeptImage made = make();
     ++store().made.images;
-    images.insert(key, new KeptImage(made), int(made.image.sizeInBytes()));
+    images.insert(key, new KeptImage(made), int(sizeof made) + int(made.image.sizeInBytes()));
     return made;
 }
 
@@ -229,25 +229,82 @@ QImage colored(const QImage &image, Colored columns, const QColor &color)
     return colored(image, from, image.width(), columns == Colored::All ? 1 : 2, color);
 }
 
+// What the function draws upon an image, which has the pixels of the device from that one on.
+template<typename Draw>
+QImage drawnOn(QImage image, const QPoint &first, const QTransform &toPixels, Draw draw)
+{
+    QPainter painter(&image);
+    prepare(&painter);
+    painter.setTransform(toPixels * QTransform::fromTranslate(-first.x(), -first.y()));
+    draw(&painter);
+    return image;
+}
+
+QImage canvas(const QSize &size)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
 // What the function draws at the place, without the transparent pixels around it. It may reach so far beyond.
 template<typename Draw>
 KeptImage drawn(const Place &place, const QTransform &toPixels, const QSize &beyond, Draw draw)
 {
     const QMargins margins(beyond.width(), beyond.height(), beyond.width(), beyond.height());
     const QRect covered = place.rect.toAlignedRect() + margins;
-    const QPoint first = place.pixel + covered.topLeft();
-    QImage image(covered.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    prepare(&painter);
-    painter.setTransform(toPixels * QTransform::fromTranslate(-first.x(), -first.y()));
-    draw(&painter);
-    painter.end();
+    const QImage image = drawnOn(canvas(covered.size()), place.pixel + covered.topLeft(), toPixels, draw);
     const QRect used = usedPart(image);
     if (used.isEmpty())
         return {};
-    const bool isWhole = beyond.isNull() || image.rect().adjusted(1, 1, -1, -1).contains(used);
-    return {image.copy(used), covered.topLeft() + used.topLeft(), isWhole};
+    return {image.copy(used), covered.topLeft() + used.topLeft()};
+}
+
+// White, or every pixel of another colour.
+QImage ground(const QSize &size, bool isWhite)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < size.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            line[x] = 0xff000000U | (isWhite ? 0xffffffU : uint(x * 0x3b95c1 + y * 0x1d6f53));
+    }
+    return image;
+}
+
+bool areAlike(const QImage &left, const QImage &right)
+{
+    for (int y = 0; y < left.height(); ++y) {
+        const uchar *one = left.constScanLine(y);
+        const uchar *other = right.constScanLine(y);
+        for (int i = 0; i < left.bytesPerLine(); ++i) {
+            if (qAbs(one[i] - other[i]) > 1)
+                return false;
+        }
+    }
+    return true;
+}
+
+// The shapes that the function draws at the place. Each that lies upon another is rounded once more: of many, in
+// thin outlines too, an image may differ by more than it should. No formula tells by how much, a trial does, which
+// allows less than is allowed later since it does not see every ground.
+template<typename Draw>
+KeptImage drawnShapes(const Place &place, const QTransform &toPixels, Draw draw)
+{
+    const QSize beyond = place.rect.toAlignedRect().size();
+    KeptImage kept = drawn(place, toPixels, beyond, draw);
+    const QRect around = QRect(kept.offset, kept.image.size()).adjusted(-1, -1, 1, 1);
+    kept.isFaithful = QRect(-beyond.width(), -beyond.height(), 3 * beyond.width(), 3 * beyond.height())
+                          .contains(around); // or it may be cut off
+    for (const bool isWhite : {true, false}) {
+        if (!kept.isFaithful)
+            return {{}, {}, false};
+        const QImage before = ground(around.size(), isWhite);
+        kept.isFaithful = areAlike(
+            drawnOn(before, place.pixel + around.topLeft(), toPixels, draw),
+            drawnOn(before, {}, {}, [&](QPainter *painter) { painter->drawImage(1, 1, kept.image); }));
+    }
+    return kept;
 }
 
 // The pixels across in which columns on both sides of an edge show, since the image is scaled smoothly to its
@@ -281,6 +338,10 @@ SkinPainter::SkinPainter(QPaintDevice *device, const QString &folder)
         return;
     m_toPixels = m_painter.deviceTransform();
     m_painter.setWorldTransform(m_toPixels.inverted());
+    const QPaintEngine *engine = m_painter.paintEngine();
+    const QRect clip = engine->systemClip().boundingRect();
+    const QPaintDevice *pixels = engine->paintDevice();
+    m_shown = clip.isEmpty() ? QRect(0, 0, pixels->width(), pixels->height()) : clip;
 }
 
 // In the device's coordinates.
@@ -303,11 +364,11 @@ void SkinPainter::paint(const QString &piece, const QRectF &target)
     };
     const Place place(target, m_toPixels);
     if (m_drawsImages && place.isKept()) {
-        const QSize beyond = place.rect.toAlignedRect().size();
         const KeptImage kept =
-            keptImage({document->number, place.rect}, [&] { return drawn(place, m_toPixels, beyond, draw); });
-        if (kept.isWhole) {
-            m_painter.drawImage(place.pixel + kept.offset, kept.image);
+            keptImage({document->number, place.rect}, [&] { return drawnShapes(place, m_toPixels, draw); });
+        const QPoint pixel = place.pixel + kept.offset;
+        if (kept.isFaithful && m_shown.contains(QRect(pixel, kept.image.size()))) {
+            m_painter.drawImage(pixel, kept.image);
             return;
         }
     }

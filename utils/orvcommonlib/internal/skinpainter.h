@@ -11,7 +11,8 @@
 ///
 /// What a piece looks like is kept by what its file contains, as one image for each size in pixels of the
 /// device and each place within the pixel. Drawing the images differs from drawing the shapes by what rounding
-/// makes of it: one level of 255 in a channel, two where the skin is translucent. Which contents lie at a path
+/// makes of it: one level of 255 in a channel, two where the skin is translucent; pieces of which the image would
+/// differ by more, and those that an edge cuts off, are drawn as shapes. Which contents lie at a path
 /// is remembered until forgetFiles() is called: looking that up takes longer than painting the piece. All
 /// stores are bounded and shared.
 ///
@@ -66,4 +67,5 @@ private:
     QString m_folder;
     QTransform m_toPixels;
     bool m_drawsImages; // the painter's coordinates are then the device's pixels
+    QRect m_shown;      // those to which Qt cuts shapes, in a way of its own, before it draws them
 };
