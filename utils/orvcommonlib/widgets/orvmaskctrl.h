@@ -20,11 +20,20 @@ class ORVCOMMONLIB_EXPORT OrvMaskCtrl : public QObject
 {
 public:
     /// The one instance, which the first call of the process creates.
-    /// \param parent the window that the mask covers, in the size that it has at the first call: the mask
-    ///        follows no later change of size. Without one, and after it is gone, there is no mask: nothing is
-    ///        shown. Later calls ignore it, also one from within the first, where the mask is still to come.
+    /// \param parent the window that the mask covers, in the size that it has at the first call: without
+    ///        setFollowsWindow() the mask follows no later change of size. Without a window, and after it is
+    ///        gone, there is no mask: nothing is shown. Later calls ignore it, also one from within the first,
+    ///        where the mask is still to come; with setFollowsWindow() they take it where there is no mask.
     /// \return null for good after deleteInstance()
     static OrvMaskCtrl *getInstance(QWidget *parent);
+
+    /// Lets the mask follow its window. While this is on the mask has the window's size whenever that changes,
+    /// and the first getInstance() with a window after the old one has died covers the new one, at once where
+    /// owners are registered. May be set at any time, also before there is a mask.
+    /// \param follows false at first; setting it back leaves the mask in the size that it has
+    static void setFollowsWindow(bool follows);
+    /// \return what setFollowsWindow() set
+    static bool followsWindow();
 
     /// Deletes the instance, as a step of shutting down. The mask label stays with its window, as it is.
     static void deleteInstance();
@@ -41,6 +50,13 @@ public:
     /// \return the mask label, owned by the window that it covers; null if there is no such window
     QWidget *getMaskWidget();
 
+protected:
+    /// Watches the window for changes of its size while the mask follows it.
+    /// \param watched the window
+    /// \param event   what it is told, which it always gets
+    /// \return false
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     Q_DISABLE_COPY(OrvMaskCtrl)
     friend class PopupDlgWithMask;
@@ -48,8 +64,14 @@ private:
     OrvMaskCtrl();
     ~OrvMaskCtrl() override;
 
+    void cover(QWidget *window);
+    void followOrNot();
+    void fitMask();
+
     QPointer<QLabel> m_maskWidget;
     QSet<void *> m_owners;
+    bool m_isCovering = false;
 
     static OrvMaskCtrl *m_pInstance;
+    static bool m_followsWindow;
 };
