@@ -5,6 +5,7 @@
 #include <QtCore/QPointer>
 #include <QtGui/QScreen>
 #include <QtTest/QSignalSpy>
+#include <QtWidgets/QFocusFrame>
 #include <QtWidgets/QScrollBar>
 
 #include <memory>
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void dragSelectsNothing();
     void outsidePressCloses();
     void keyCloses();
+    void keysOpenAndChoose();
     void headerClickClosesAndStaysClosed();
     void doubleClickOnTheHeader();
     void anotherWindowCloses();
@@ -183,6 +185,36 @@ void tst_CustomShadowComboxX11::keyCloses()
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         QCOMPARE(m_combo->hidden.count(), 1);
     }
+}
+
+// The focus, and its mark, come back from the list by themselves.
+void tst_CustomShadowComboxX11::keysOpenAndChoose()
+{
+    m_combo->setFocusPolicy(Qt::StrongFocus);
+    XPointer::key(QStringLiteral("Tab"));
+    QTRY_VERIFY(m_combo->hasFocus());
+    const auto isMarked = [this] {
+        const auto *mark = m_combo->findChild<QFocusFrame *>();
+        return mark && mark->isVisible();
+    };
+    for (const char *key : {"space", "alt+Down", "F4", "KP_Enter"}) {
+        QVERIFY(isMarked());
+        XPointer::key(QString::fromLatin1(key));
+        QTRY_VERIFY(m_combo->isOpen());
+        QVERIFY(QTest::qWaitForWindowActive(m_combo->popup()));
+        QVERIFY(!isMarked());
+        XPointer::key(QStringLiteral("Down"));
+        QTRY_VERIFY(!m_combo->isOpen());
+        QCOMPARE(m_combo->chosen.count(), 0);
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QTRY_VERIFY(m_combo->hasFocus());
+    }
+    QCOMPARE(m_combo->hidden.count(), 4);
+    XPointer::key(QStringLiteral("Down"));
+    QTRY_COMPARE(m_combo->chosen.count(), 1);
+    XPointer::key(QStringLiteral("End"));
+    QTRY_COMPARE(m_combo->currentIndex(), 2);
+    QCOMPARE(m_combo->hidden.count(), 4);
 }
 
 void tst_CustomShadowComboxX11::headerClickClosesAndStaysClosed()

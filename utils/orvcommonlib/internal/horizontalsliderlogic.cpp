@@ -1,6 +1,7 @@
 #include "horizontalsliderlogic.h"
 
 #include "accessiblenotification.h"
+#include "plainkey.h"
 #include "slidertravel.h"
 
 #include <QtGui/QMouseEvent>
@@ -87,6 +88,40 @@ bool HorizontalSliderLogic::release(QMouseEvent *event)
         return false;
     m_moving = false;
     return tell(m_sliderMoving, false);
+}
+
+bool HorizontalSliderLogic::pressKey(const QKeyEvent *event)
+{
+    if (m_minimum > m_maximum)
+        return false;
+    const qint64 page = qMax<qint64>(1, (qint64(m_maximum) - m_minimum) / 10);
+    qint64 wanted = m_value;
+    switch (plainKey(m_slider, event)) {
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+        wanted -= 1;
+        break;
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+        wanted += 1;
+        break;
+    case Qt::Key_PageDown:
+        wanted -= page;
+        break;
+    case Qt::Key_PageUp:
+        wanted += page;
+        break;
+    case Qt::Key_Home:
+        wanted = m_minimum;
+        break;
+    case Qt::Key_End:
+        wanted = m_maximum;
+        break;
+    default:
+        return false;
+    }
+    setValue(int(qBound<qint64>(m_minimum, wanted, m_maximum)));
+    return true;
 }
 
 // The handle goes back to where the value is.

@@ -7,6 +7,7 @@
 #include <QtCore/QRectF>
 #include <QtCore/QSize>
 
+class QKeyEvent;
 class QMouseEvent;
 class QWidget;
 struct SliderTravel;
@@ -46,6 +47,8 @@ public:
     bool press(QMouseEvent *event);
     bool move(QMouseEvent *event);
     bool release(QMouseEvent *event);
+    /// False if the key is none of ours and belongs to the base class.
+    bool pressKey(const QKeyEvent *event);
     bool updateState(QPoint point);
     bool updateValue();
 

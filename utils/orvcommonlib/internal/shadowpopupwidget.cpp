@@ -168,6 +168,15 @@ QString ShadowPopupWidget::currentText() const
     return hasRow(m_currentIndex) ? m_rows.at(m_currentIndex)->text() : QString();
 }
 
+int ShadowPopupWidget::findChoosable(int row, int step) const
+{
+    if (step < 0)
+        row = qMin(row, count() - 1);
+    while (hasRow(row) && m_rows.at(row)->isGray())
+        row += step;
+    return hasRow(row) ? row : -1;
+}
+
 bool ShadowPopupWidget::isCurrentRow(int index) const
 {
     return index == m_currentIndex && hasRow(index) && m_rows.at(index)->isChecked();

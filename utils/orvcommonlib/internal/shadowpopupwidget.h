@@ -45,6 +45,8 @@ public:
     /// An index out of range is ignored.
     void setCurrentIndex(int index);
     QString currentText() const;
+    /// The first row from `row` on, in steps of 1 or -1, that is not gray; -1 if there is none.
+    int findChoosable(int row, int step) const;
     /// Whether the row has been made the current one. After clear() none has, whatever the index says.
     bool isCurrentRow(int index) const;
 

@@ -2,7 +2,9 @@
 
 #include "accessiblenotification.h"
 #include "clickdetection.h"
+#include "focusmark.h"
 #include "lazilystyled.h"
+#include "plainkey.h"
 #include "pressgesture.h"
 #include "statesheet.h"
 #include "stylesheetpainting.h"
@@ -120,6 +122,27 @@ void CustomizeIconButton::mouseReleaseEvent(QMouseEvent *event)
         }
     }
     QWidget::mouseReleaseEvent(event);
+}
+
+void CustomizeIconButton::keyPressEvent(QKeyEvent *event)
+{
+    const int key = plainKey(this, event);
+    if (!m_enabled || (key != Qt::Key_Space && key != Qt::Key_Return))
+        QWidget::keyPressEvent(event);
+    else if (!event->isAutoRepeat())
+        Q_EMIT clicked();
+}
+
+void CustomizeIconButton::focusInEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusInEvent(event);
+}
+
+void CustomizeIconButton::focusOutEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusOutEvent(event);
 }
 
 void CustomizeIconButton::paintEvent(QPaintEvent *event)

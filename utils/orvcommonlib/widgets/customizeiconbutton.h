@@ -21,7 +21,9 @@ class QLabel;
 ///
 /// A click is a left press and its release within `QApplication::startDragDistance()`; `clicked()` is emitted after the
 /// look has gone back. A press whose release cannot come, because the button is hidden or a modal window opens, ends
-/// without a click. A slot may destroy the button. GUI thread only.
+/// without a click. Once it has a focus policy, which it has not at first, the button is clicked with Space, Return and
+/// Enter, too, once at the press of the key, and shows that it has the focus if that came from the keyboard. A slot may
+/// destroy the button. GUI thread only.
 class ORVCOMMONLIB_EXPORT CustomizeIconButton : public QWidget
 {
     Q_OBJECT
@@ -53,7 +55,7 @@ public:
 
     /// This class's own flag, true at first.
     bool isButtonEnabled() const { return m_enabled; }
-    /// Sets this class's own flag: a button that is not enabled ignores pointer and clicks and shows the
+    /// Sets this class's own flag: a button that is not enabled ignores pointer, clicks and keys and shows the
     /// disabled look. It hides QWidget::setEnabled(): the widget itself and `isEnabled()` stay as they are.
     void setEnabled(bool enabled);
 
@@ -65,6 +67,9 @@ protected:
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

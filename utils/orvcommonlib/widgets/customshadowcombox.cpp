@@ -3,14 +3,18 @@
 #include "accessiblenotification.h"
 #include "customcomboxheader.h"
 #include "customcomboxitem.h"
+#include "focusmark.h"
 #include "orvcommonlib.h"
+#include "plainkey.h"
 #include "shadowpopupwidget.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDebug>
 #include <QtCore/QPointer>
 #include <QtGui/QCursor>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
+#include <QtGui/QWindow>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QHBoxLayout>
 
@@ -349,20 +353,89 @@ void CustomShadowCombox::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
 }
 
+// A key that has closed the list on its way here has done its work.
+void CustomShadowCombox::keyPressEvent(QKeyEvent *event)
+{
+    const bool hasClosed = std::exchange(m_closingKey, nullptr) == event;
+    if (focusPolicy() == Qt::NoFocus || !(hasClosed || answerKey(event)))
+        QWidget::keyPressEvent(event);
+}
+
+bool CustomShadowCombox::answerKey(const QKeyEvent *event)
+{
+    if ((event->modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier && event->key() == Qt::Key_Down) {
+        openByKey(event);
+        return true;
+    }
+    switch (plainKey(this, event)) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_F4:
+        openByKey(event);
+        return true;
+    case Qt::Key_Up:
+        chooseFrom(currentIndex() - 1, -1);
+        return true;
+    case Qt::Key_Down:
+        chooseFrom(currentIndex() + 1, 1);
+        return true;
+    case Qt::Key_Home:
+        chooseFrom(0, 1);
+        return true;
+    case Qt::Key_End:
+        chooseFrom(count() - 1, -1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+// A key that is held down opens the list once.
+void CustomShadowCombox::openByKey(const QKeyEvent *event)
+{
+    if (event->isAutoRepeat() || isPopupOpen())
+        return;
+    m_openingKey = event->key();
+    slotHeaderClicked();
+}
+
+// As a click on the first row from `row` on that is not gray.
+void CustomShadowCombox::chooseFrom(int row, int step)
+{
+    const int choice = m_popup ? m_popup->findChoosable(row, step) : -1;
+    if (choice >= 0)
+        slotCurrentIndexChanged(choice);
+}
+
+void CustomShadowCombox::focusInEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusInEvent(event);
+}
+
+void CustomShadowCombox::focusOutEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusOutEvent(event);
+}
+
 // Runs for every event of the application, the list's own included: what does not concern an open list must leave
 // at once, above all before the pointer is asked for, which is a round trip to the server on some platforms.
 bool CustomShadowCombox::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
+    case QEvent::KeyPress:
+        if (watched->isWindowType()) // where every new key comes in
+            m_closingKey = nullptr;
+        Q_FALLTHROUGH();
     case QEvent::MouseButtonPress:
     case QEvent::MouseMove:
-    case QEvent::KeyPress:
     case QEvent::WindowDeactivate:
         if (isPopupOpen() && !m_closing) {
             const QPointer<QObject> receiver(watched);
             const QPointer<CustomShadowCombox> guard(this);
             ++m_eventDepth;
-            handleWhileOpen(watched, event->type());
+            handleWhileOpen(watched, event);
             if (guard)
                 --m_eventDepth;
             // Nothing is ever consumed; but what a slot has destroyed cannot get its event any more.
@@ -490,10 +563,11 @@ void CustomShadowCombox::reportHiding()
         Q_EMIT signalPopWidHideWhenClickOtherPos();
 }
 
-void CustomShadowCombox::handleWhileOpen(const QObject *watched, QEvent::Type type)
+void CustomShadowCombox::handleWhileOpen(const QObject *watched, const QEvent *event)
 {
+    const QEvent::Type type = event->type();
     if (type == QEvent::KeyPress) {
-        closePopupAndReport();
+        closeByKey(watched, static_cast<const QKeyEvent *>(event));
         return;
     }
     if (type == QEvent::WindowDeactivate && watched != m_popup)
@@ -507,6 +581,23 @@ void CustomShadowCombox::handleWhileOpen(const QObject *watched, QEvent::Type ty
     }
 }
 
+// The key that has opened the list may still be held down. The one that closes it may be on its way to the combo box,
+// where its list is not activated by the window manager.
+void CustomShadowCombox::closeByKey(const QObject *watched, const QKeyEvent *event)
+{
+    if (event->isAutoRepeat() && event->key() == m_openingKey)
+        return;
+    if (watched == this || watched == m_header || watched == static_cast<QObject *>(window()->windowHandle()))
+        m_closingKey = event;
+    const QPointer<CustomShadowCombox> guard(this);
+    const bool isOpenedByKey = m_openingKey != 0;
+    closePopup();
+    if (guard && isOpenedByKey) // not every platform gives the focus back by itself
+        window()->activateWindow();
+    if (guard)
+        Q_EMIT signalPopWidHideWhenClickOtherPos();
+}
+
 // Hiding an active window deactivates it on the way, while it still counts as visible: that belongs to this
 // closing and is not reported once more.
 void CustomShadowCombox::closePopup()
@@ -515,6 +606,7 @@ void CustomShadowCombox::closePopup()
         return;
     const QPointer<CustomShadowCombox> guard(this);
     m_closing = true;
+    m_openingKey = 0;
     m_popup->hide();
     if (guard)
         m_closing = false;

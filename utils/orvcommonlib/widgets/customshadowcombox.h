@@ -22,6 +22,10 @@ class ShadowPopupWidget;
 /// a click on a row or the header, on any key, on a press elsewhere, with the combo box or its window, and
 /// when the list is deactivated while the pointer is outside combo box and list.
 ///
+/// Once it has a focus policy, which it has not at first, the closed combo box answers keys: Space, Return, Enter, F4 and
+/// Alt+Down open the list, Up, Down, Home and End choose the next row that is not gray, as a click on it. It then shows
+/// that it has the focus if that came from the keyboard.
+///
 /// Signals:
 /// - a click on another row: the row becomes current, `currentIndexChanged()`, then the list hides;
 /// - a click on the current row: the list hides, nothing is emitted;
@@ -191,6 +195,9 @@ protected:
 
     void resizeEvent(QResizeEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -210,7 +217,11 @@ private:
     bool isOutside(QPoint globalPos) const;
     bool isHiddenWith(const QWidget *hidden) const;
     void reportHiding();
-    void handleWhileOpen(const QObject *watched, QEvent::Type type);
+    bool answerKey(const QKeyEvent *event);
+    void openByKey(const QKeyEvent *event);
+    void chooseFrom(int row, int step);
+    void handleWhileOpen(const QObject *watched, const QEvent *event);
+    void closeByKey(const QObject *watched, const QKeyEvent *event);
     void closePopup();
     void closePopupAndReport();
 
@@ -222,4 +233,6 @@ private:
     bool m_reportIsDue = false; // of a closing because the combo box was hidden
     int m_eventDepth = 0;
     int m_indexForItems = -1; // written to the property while there were no rows
+    int m_openingKey = 0;
+    const QKeyEvent *m_closingKey = nullptr; // compared, never looked into
 };

@@ -1,6 +1,8 @@
 #include "customsliderbarwidget.h"
 
 #include "accessiblenotification.h"
+#include "focusmark.h"
+#include "plainkey.h"
 #include "pressgesture.h"
 #include "skinpainter.h"
 
@@ -101,6 +103,48 @@ bool CustomSliderBarWidget::event(QEvent *event)
         break;
     }
     return !guard || QWidget::event(event);
+}
+
+void CustomSliderBarWidget::keyPressEvent(QKeyEvent *event)
+{
+    switch (plainKey(this, event)) {
+    case Qt::Key_Left:
+        choose(qint64(m_currentIndex) - 1);
+        break;
+    case Qt::Key_Right:
+        choose(qint64(m_currentIndex) + 1);
+        break;
+    case Qt::Key_Home:
+        choose(0);
+        break;
+    case Qt::Key_End:
+        choose(m_count - 1);
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+        break;
+    }
+}
+
+void CustomSliderBarWidget::focusInEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusInEvent(event);
+}
+
+void CustomSliderBarWidget::focusOutEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusOutEvent(event);
+}
+
+void CustomSliderBarWidget::choose(qint64 wanted)
+{
+    const int index = int(qBound<qint64>(0, wanted, m_count - 1));
+    if (index == m_currentIndex)
+        return;
+    setCurrenIndex(index);
+    Q_EMIT selectFinish(index);
 }
 
 // A bar that another one's drag has come to looks pressed, too.

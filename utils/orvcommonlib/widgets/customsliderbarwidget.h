@@ -23,6 +23,10 @@ class SkinPainter;
 /// context menu opens) ends for all bars without being told. Touch reaches the bar as the mouse events that Qt
 /// makes of it.
 ///
+/// Once it has a focus policy, which it has not at first, the bar answers keys: Left and Right go by one step, Home and
+/// End to the first and the last one, each change followed by the signal. It then shows that it has the focus if that
+/// came from the keyboard. Right-to-left swaps nothing.
+///
 /// To be used in the GUI thread only. A slot of the signal may destroy the bar.
 class ORVCOMMONLIB_EXPORT CustomSliderBarWidget : public QWidget
 {
@@ -47,7 +51,8 @@ public:
     int getCurrentIndex() const;
 
 Q_SIGNALS:
-    /// A button was released on the bar; any button, and whether or not the step has changed.
+    /// A button was released on the bar; any button, and whether or not the step has changed. Or a key has changed
+    /// the step.
     /// \param index the current step
     void selectFinish(int index);
 
@@ -58,12 +63,16 @@ protected:
     void updateState(QPoint point);
 
     bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     Q_DISABLE_COPY(CustomSliderBarWidget)
 
     void follow(QPoint point);
+    void choose(qint64 wanted);
     QRect area() const;
     int markDistance() const;
     qint64 markX(qint64 index) const;

@@ -1,5 +1,6 @@
 #include "horizontalslider.h"
 
+#include "focusmark.h"
 #include "horizontalsliderlogic.h"
 
 #include <utility>
@@ -146,4 +147,22 @@ void HorizontalSlider::mouseReleaseEvent(QMouseEvent *event)
 {
     if (m_logic->release(event))
         QWidget::mouseReleaseEvent(event);
+}
+
+void HorizontalSlider::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_logic->pressKey(event))
+        QWidget::keyPressEvent(event);
+}
+
+void HorizontalSlider::focusInEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusInEvent(event);
+}
+
+void HorizontalSlider::focusOutEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusOutEvent(event);
 }

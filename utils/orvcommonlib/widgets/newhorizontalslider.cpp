@@ -1,6 +1,7 @@
 #include "newhorizontalslider.h"
 
 #include "accessiblenotification.h"
+#include "focusmark.h"
 #include "horizontalsliderlogic.h"
 
 #include <utility>
@@ -132,4 +133,22 @@ void NewHorizontalSlider::mouseReleaseEvent(QMouseEvent *event)
 {
     if (!m_sliderEnabled || m_logic->release(event))
         QWidget::mouseReleaseEvent(event);
+}
+
+void NewHorizontalSlider::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_sliderEnabled || !m_logic->pressKey(event))
+        QWidget::keyPressEvent(event);
+}
+
+void NewHorizontalSlider::focusInEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusInEvent(event);
+}
+
+void NewHorizontalSlider::focusOutEvent(QFocusEvent *event)
+{
+    FocusMark::follow(this, event);
+    QWidget::focusOutEvent(event);
 }

@@ -14,7 +14,7 @@ class HorizontalSliderLogic;
 
 /// A painted horizontal slider of a size of its own, with a look for the times when it is not to be used.
 ///
-/// Drags and clicks, the colour of the groove, the skin and the signals are those of HorizontalSlider, except
+/// Drags, clicks and keys, the colour of the groove, the skin and the signals are those of HorizontalSlider, except
 /// for what is said here. There is no centre mark. The skin's files are "groove.svg" or
 /// "groove_bidirection.svg", "handle.svg", and each with "_disabled" before the suffix.
 ///
@@ -67,7 +67,7 @@ public:
     /// disabled; its release is not seen, so that it ends with the first release after the slider is enabled
     /// again.
     /// \param enabled whether the slider takes presses and wears its colours, true at first; while it is false
-    ///                the slider leaves presses and releases to QWidget, and so to its parent
+    ///                the slider leaves presses, releases and keys to QWidget, and so to its parent
     void setSliderEnabled(bool enabled);
     /// \return what setSliderEnabled() has set
     bool isSliderEnabled() const { return m_sliderEnabled; }
@@ -90,6 +90,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     Q_DISABLE_COPY(NewHorizontalSlider)

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QtWidgets/QFocusFrame>
+
+class QFocusEvent;
+
+/// Shows that a control has the focus from the keyboard: the style's focus rectangle along the control's edges, above
+/// whatever stands in the control.
+///
+/// Being a focus frame keeps it out of what assistive technology is told. It is made when it is needed first, as a
+/// child of the control.
+class FocusMark : public QFocusFrame
+{
+    Q_OBJECT
+
+public:
+    /// To be called from the focusInEvent() and the focusOutEvent() of `control`, before they call the base.
+    static void follow(QWidget *control, const QFocusEvent *event);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    explicit FocusMark(QWidget *control);
+
+    void apply(const QFocusEvent *event);
+
+    bool m_fromKeyboard = false;
+};
