@@ -99,7 +99,8 @@ void tst_loading::loadingLeavesOtherResourcesAlone()
     QStringList added = rootFolders();
     for (const QString &folder : before)
         QVERIFY2(added.removeOne(folder), qPrintable(folder));
-    QCOMPARE(added, (QStringList{QStringLiteral("images"), QStringLiteral("qssFromResource")}));
+    QCOMPARE(added, (QStringList{QStringLiteral("images"), QStringLiteral("orvcommonlib"),
+                                 QStringLiteral("qssFromResource")}));
     QVERIFY(library.unload());
     QCOMPARE(rootFolders(), before);
 }

@@ -1,30 +1,32 @@
 #include "dialogbuttons.h"
 
+#include "looksheets.h"
+
 #include <QtWidgets/QPushButton>
 
 namespace {
 
-QPushButton *createPointedButton(QWidget *dialog, QLatin1String styleSheet)
+QPushButton *createPointedButton(QWidget *dialog, const char *sheet)
 {
     auto *button = new QPushButton(dialog);
     button->setFocusPolicy(Qt::NoFocus);
     button->setCursor(Qt::PointingHandCursor);
-    button->setStyleSheet(styleSheet);
+    LookSheets::apply(button, sheet);
     return button;
 }
 
 } // namespace
 
-QPushButton *DialogButtons::createCloseButton(QWidget *dialog, QSize size, QLatin1String styleSheet)
+QPushButton *DialogButtons::createCloseButton(QWidget *dialog, QSize size, const char *sheet)
 {
-    QPushButton *button = createPointedButton(dialog, styleSheet);
+    QPushButton *button = createPointedButton(dialog, sheet);
     button->setFixedSize(size);
     return button;
 }
 
-QPushButton *DialogButtons::createActionButton(QWidget *dialog, const QString &text, QLatin1String styleSheet)
+QPushButton *DialogButtons::createActionButton(QWidget *dialog, const QString &text, const char *sheet)
 {
-    QPushButton *button = createPointedButton(dialog, styleSheet);
+    QPushButton *button = createPointedButton(dialog, sheet);
     button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     button->setAttribute(Qt::WA_LayoutUsesWidgetRect);
     button->setText(text);

@@ -1,6 +1,7 @@
 #include "horizontalsliderlogic.h"
 
 #include "accessiblenotification.h"
+#include "looksheets.h"
 #include "plainkey.h"
 #include "slidertravel.h"
 
@@ -17,6 +18,7 @@ void HorizontalSliderLogic::setUp(const QSize &size)
     m_slider->setContentsMargins(0, 0, 0, 0);
     m_slider->setFixedSize(size);
     SkinPainter::forgetFiles();
+    LookSheets::repaint(m_slider);
 }
 
 bool HorizontalSliderLogic::tell(Signal signal, int number) const

@@ -1,5 +1,7 @@
 #include "skinpainter.h"
 
+#include "lookpictures.h"
+
 #include <QtCore/QCache>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
@@ -330,7 +332,7 @@ Seam seamAt(int edge, int width, const QRectF &place)
 
 SkinPainter::SkinPainter(QPaintDevice *device, const QString &folder)
     : m_painter(device)
-    , m_folder(folder)
+    , m_folder(LookPictures::folder(folder))
     , m_drawsImages(takesImages(m_painter))
 {
     prepare(&m_painter);

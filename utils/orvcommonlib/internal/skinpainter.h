@@ -37,7 +37,8 @@ public:
         int images = 0;    ///< images drawn, out of shapes or of other images
     };
 
-    /// Begins to paint on the device, with smooth edges, smooth images and no pen.
+    /// Begins to paint on the device, with smooth edges, smooth images and no pen. A folder of the library stands for
+    /// the one of the look in force.
     SkinPainter(QPaintDevice *device, const QString &folder);
 
     /// Paints a piece, which is named by its file, into `target`, in the device's coordinates.

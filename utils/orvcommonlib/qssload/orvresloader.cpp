@@ -1,5 +1,7 @@
 #include "orvresloader.h"
 
+#include "themefile.h"
+
 #include <QtCore/QDebug>
 #include <QtCore/QFile>
 #include <QtCore/QHash>
@@ -143,18 +145,9 @@ bool OrvResourceLoader::initConfigFile(const QString &fileName)
     QSettings theme(fileName, QSettings::IniFormat);
     qInfo() << "theme name:" << theme.value(QStringLiteral("ThemeName"), QVariant()).toString();
 
-    const auto insertKeys = [this, &theme] {
-        const QStringList keys = theme.childKeys();
-        for (const QString &key : keys)
-            m_themeValues.insert(key, theme.value(key).toString());
-    };
-    insertKeys();
-    const QStringList groups = theme.childGroups();
-    for (const QString &group : groups) {
-        theme.beginGroup(group);
-        insertKeys();
-        theme.endGroup();
-    }
+    const QMap<QString, QString> values = ThemeFile::values(theme);
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        m_themeValues.insert(value.key(), value.value());
 
     // One pass only, deliberately: a value sees those before it resolved and those behind it as they are in
     // the file.

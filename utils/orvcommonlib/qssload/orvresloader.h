@@ -70,6 +70,8 @@ public:
     QString appendQssFile(QString fileName);
 
 private:
+    friend class OrvLook; // which takes a theme's values as they are
+
     static QString load(const QString &fileName);
     bool initConfigFile(const QString &fileName);
     QString getMatchedValue(const QString &reference) const;

@@ -1,5 +1,8 @@
 #include "basemovedialogwithbackimage.h"
 
+#include "lookpictures.h"
+#include "looksheets.h"
+#include "looktable.h"
 #include "orvcommonlib.h"
 
 #include <QtCore/QCryptographicHash>
@@ -11,8 +14,6 @@
 #include <QtGui/QPixmapCache>
 
 namespace {
-
-constexpr QRgb kPlainBackground = qRgb(0xFF, 0xFF, 0xFF);
 
 /// The sliced image, which all dialogs of one size share as long as QPixmapCache has room for it. It belongs to
 /// what the file holds now; the path decides with it, as one that ends in "@2x" is read in another way.
@@ -53,6 +54,7 @@ BaseMoveDialogWithBackImage::BaseMoveDialogWithBackImage(QString imagePath, int 
     , m_right(right)
     , m_bottom(bottom)
 {
+    LookSheets::repaint(this);
 }
 
 BaseMoveDialogWithBackImage::~BaseMoveDialogWithBackImage() = default;
@@ -72,13 +74,16 @@ void BaseMoveDialogWithBackImage::paintRoundedRect()
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     QPainterPath outline;
     outline.addRoundedRect(QRectF(rect()), m_top, m_top);
-    painter.fillPath(outline, QColor(kPlainBackground));
+    painter.fillPath(outline, lookColor(QStringLiteral("dialogGround")));
 }
 
 void BaseMoveDialogWithBackImage::paintImage()
 {
-    if (m_background.size() != size())
-        m_background = sharedBackground(m_imagePath, QMargins(m_left, m_top, m_right, m_bottom), size());
+    const QString path = LookPictures::path(m_imagePath);
+    if (m_background.size() != size() || m_backgroundPath != path) {
+        m_backgroundPath = path;
+        m_background = sharedBackground(path, QMargins(m_left, m_top, m_right, m_bottom), size());
+    }
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.drawPixmap(rect(), m_background);

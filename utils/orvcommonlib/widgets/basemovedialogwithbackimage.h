@@ -6,10 +6,11 @@
 #include <QtGui/QPixmap>
 
 /// A movable dialog with a background of its own: a nine-patch image stretched to the dialog's size, or a
-/// white rectangle with round corners where no image is named.
+/// white rectangle with round corners where no image is named. In a dark look the rectangle is dark, and the
+/// image is the one whose name ends in "_dark" if there is one, see OrvLook.
 ///
 /// The background is translucent. It is sliced from the image file when it is painted for the first time and
-/// after each change of size, never in between: a file that changes meanwhile is not noticed by this dialog,
+/// after each change of size or look, never in between: a file that changes meanwhile is not noticed by this dialog,
 /// only by the next one. Dialogs that show the same image in the same size share the picture, within the limit
 /// of QPixmapCache. A file that is missing leaves the background transparent. Style sheets do not paint this
 /// dialog.
@@ -54,4 +55,5 @@ private:
     int m_right;
     int m_bottom;
     QPixmap m_background;
+    QString m_backgroundPath; // where it was read
 };

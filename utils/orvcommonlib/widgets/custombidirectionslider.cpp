@@ -1,5 +1,8 @@
 #include "custombidirectionslider.h"
 
+#include "looksheets.h"
+#include "looktable.h"
+
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
 
@@ -9,7 +12,7 @@ namespace {
 
 const char kStyleSheet[] =
     "QSlider::groove:horizontal{height: 6px; left: 0px; right: 0px; border: 0px; "
-    "border-radius: 3px; background: #ebebeb;}"
+    "border-radius: 3px; background: @grooveGround;}"
     "QSlider::handle:horizontal{width: 24px; height: 24px; margin-top: -9px; margin-left: -4px; "
     "margin-bottom: -9px; margin-right: -4px; "
     "border-image: url(:/resources/channels/slider_handle.png);}";
@@ -58,7 +61,8 @@ CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth,
     , m_lineColor(lineColor)
 {
     setOrientation(Qt::Horizontal);
-    setStyleSheet(QString::fromLatin1(kStyleSheet));
+    LookSheets::apply(this, kStyleSheet);
+    LookSheets::repaint(this);
 }
 
 CustomBidirectionSlider::~CustomBidirectionSlider() = default;
@@ -105,7 +109,8 @@ void CustomBidirectionSlider::paintEvent(QPaintEvent *event)
 
     QPainter painter(this);
     const int center = centerX();
-    drawLine(&painter, QLine(center, height() - kTickHeight, center, height()), 1, QColor(0xE0, 0xE0, 0xE0));
+    drawLine(&painter, QLine(center, height() - kTickHeight, center, height()), 1,
+             lookColor(QStringLiteral("centreTick")));
     if (value() == middle())
         return;
     const int end = valueX();

@@ -2,6 +2,7 @@
 
 #include "accessiblenotification.h"
 #include "clickdetection.h"
+#include "looksheets.h"
 #include "pressgesture.h"
 #include "stylesheetpainting.h"
 
@@ -16,33 +17,14 @@ constexpr QSize kHeaderSize(260, 48);
 constexpr QSize kIconSize(20, 20);
 constexpr QSize kSmallIconSize(16, 16);
 
-QString normalTextStyle()
-{
-    return QStringLiteral(
-        "QLabel{background:transparent; color: #1F1F22; font-size:16px; font-weight:Normal;}");
-}
-
-QString smallTextStyle()
-{
-    return QStringLiteral(
-        "QLabel{background:transparent; color: #1F1F22; font-size:14px; font-weight:Normal;}");
-}
-
-QString upArrowStyle()
-{
-    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/up.png);}");
-}
-
-QString normalDownArrowStyle()
-{
-    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/down.png);}");
-}
-
-QString smallDownArrowStyle()
-{
-    return QStringLiteral(
-        "QLabel{background:transparent; image:url(:/graffiti/resources/graffiti/fontbox/downarrow.svg);}");
-}
+constexpr char kNormalTextStyle[] =
+    "QLabel{background:transparent; color: @headerText; font-size:16px; font-weight:Normal;}";
+constexpr char kSmallTextStyle[] =
+    "QLabel{background:transparent; color: @headerText; font-size:14px; font-weight:Normal;}";
+constexpr char kUpArrowStyle[] = "QLabel{border-image:url(:/images/images/combox/up.png);}";
+constexpr char kNormalDownArrowStyle[] = "QLabel{border-image:url(:/images/images/combox/down.png);}";
+constexpr char kSmallDownArrowStyle[] =
+    "QLabel{background:transparent; image:url(:/graffiti/resources/graffiti/fontbox/downarrow.svg);}";
 
 } // namespace
 
@@ -82,7 +64,7 @@ void CustomComboxHeader::setText(QString text)
 void CustomComboxHeader::setIconState(bool isUp)
 {
     if (m_iconLabel)
-        m_iconLabel->setStyleSheet(isUp ? upArrowStyle() : downArrowStyle());
+        LookSheets::apply(m_iconLabel, isUp ? kUpArrowStyle : downArrowStyle());
 }
 
 void CustomComboxHeader::setCustomStyle(QString styleTemplate)
@@ -93,8 +75,10 @@ void CustomComboxHeader::setCustomStyle(QString styleTemplate)
 
 void CustomComboxHeader::setCustomTextStyle(QString style)
 {
-    if (m_textLabel)
-        m_textLabel->setStyleSheet(style);
+    if (!m_textLabel)
+        return;
+    LookSheets::forget(m_textLabel);
+    m_textLabel->setStyleSheet(style);
 }
 
 void CustomComboxHeader::mousePressEvent(QMouseEvent *event)
@@ -144,7 +128,7 @@ void CustomComboxHeader::initUI()
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(16, 0, 14, 0);
     layout->setSpacing(16);
-    buildRow(layout, normalTextStyle(), kIconSize);
+    buildRow(layout, kNormalTextStyle, kIconSize);
 }
 
 void CustomComboxHeader::initSmallUIStyle()
@@ -152,27 +136,27 @@ void CustomComboxHeader::initSmallUIStyle()
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 4, 4, 4);
     layout->setSpacing(4);
-    buildRow(layout, smallTextStyle(), kSmallIconSize);
+    buildRow(layout, kSmallTextStyle, kSmallIconSize);
 }
 
-void CustomComboxHeader::buildRow(QHBoxLayout *layout, const QString &textStyle, QSize iconSize)
+void CustomComboxHeader::buildRow(QHBoxLayout *layout, const char *textStyle, QSize iconSize)
 {
     setObjectName(QStringLiteral("CustomComboxHeader"));
 
     m_textLabel = new QLabel(this);
     m_textLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_textLabel->setStyleSheet(textStyle);
+    LookSheets::apply(m_textLabel, textStyle);
     layout->addWidget(m_textLabel);
 
     layout->addItem(new QSpacerItem(1, 1, QSizePolicy::Expanding, QSizePolicy::Fixed));
 
     m_iconLabel = new QLabel(this);
     m_iconLabel->setFixedSize(iconSize);
-    m_iconLabel->setStyleSheet(downArrowStyle());
+    LookSheets::apply(m_iconLabel, downArrowStyle());
     layout->addWidget(m_iconLabel);
 }
 
-QString CustomComboxHeader::downArrowStyle() const
+const char *CustomComboxHeader::downArrowStyle() const
 {
-    return m_smallStyle ? smallDownArrowStyle() : normalDownArrowStyle();
+    return m_smallStyle ? kSmallDownArrowStyle : kNormalDownArrowStyle;
 }

@@ -63,8 +63,8 @@ private:
 
     void initUI();
     void initSmallUIStyle();
-    void buildRow(QHBoxLayout *layout, const QString &textStyle, QSize iconSize);
-    QString downArrowStyle() const;
+    void buildRow(QHBoxLayout *layout, const char *textStyle, QSize iconSize);
+    const char *downArrowStyle() const;
 
     QLabel *m_iconLabel = nullptr;
     QLabel *m_textLabel = nullptr;

@@ -1,6 +1,8 @@
 #include "custompicturebtn.h"
 
 #include "accessiblenotification.h"
+#include "looksheets.h"
+#include "looktable.h"
 
 #include <QtCore/QtMath>
 #include <QtGui/QFontMetricsF>
@@ -8,7 +10,6 @@
 
 namespace {
 
-constexpr QRgb kDefaultTextColor = 0xFF4D4D;
 constexpr int kTextAlignment = Qt::AlignLeft | Qt::AlignVCenter;
 
 } // namespace
@@ -16,7 +17,7 @@ constexpr int kTextAlignment = Qt::AlignLeft | Qt::AlignVCenter;
 CustomPictureBtn::CustomPictureBtn(QWidget *parent)
     : QPushButton(parent)
 {
-    setFontColor(QColor(kDefaultTextColor));
+    LookSheets::repaint(this);
 }
 
 CustomPictureBtn::CustomPictureBtn(const QString &text, QWidget *parent)
@@ -74,6 +75,7 @@ void CustomPictureBtn::setFontColor(const QColor &normal, const QColor &hover, c
     m_hoverColor = hover;
     m_checkedColor = checked;
     m_disabledColor = disabled;
+    m_hasOwnColors = true;
     update();
 }
 
@@ -181,8 +183,10 @@ const QImage &CustomPictureBtn::stateImage() const
     return m_normalImage;
 }
 
-const QColor &CustomPictureBtn::stateTextColor() const
+QColor CustomPictureBtn::stateTextColor() const
 {
+    if (!m_hasOwnColors)
+        return lookColor(QStringLiteral("pictureText"));
     if (isChecked())
         return m_checkedColor;
     if (!isEnabled())

@@ -56,7 +56,7 @@ public:
     void setFont(const QFont &normal, const QFont &hover, const QFont &checked, const QFont &disabled);
 
     /// Sets one text colour for all states.
-    /// \param color the colour; #FF4D4D at first
+    /// \param color the colour; at first that of the look in force, #FF4D4D in the light one, see OrvLook
     void setFontColor(const QColor &color);
     /// Sets the text colours of the states.
     /// \param normal,hover,checked,disabled the colour in each state
@@ -106,7 +106,7 @@ private:
 
     const QFont &stateFont() const;
     const QImage &stateImage() const;
-    const QColor &stateTextColor() const;
+    QColor stateTextColor() const;
     void layOut(const QFont &font);
 
     QImage m_normalImage;
@@ -126,4 +126,5 @@ private:
     QFont m_checkedFont;
     QFont m_disabledFont;
     bool m_hovered = false;
+    bool m_hasOwnColors = false;
 };

@@ -2,6 +2,8 @@
 
 #include "accessiblenotification.h"
 #include "focusmark.h"
+#include "looksheets.h"
+#include "looktable.h"
 #include "plainkey.h"
 #include "pressgesture.h"
 #include "skinpainter.h"
@@ -21,7 +23,6 @@ constexpr int kKnobMargin = 4; // what the knob keeps from the background's ends
 constexpr int kMarkSide = 12;
 constexpr int kKnobSide = 16;
 constexpr int kFewestSteps = 2;
-constexpr QRgb kFillColor = 0xFFABADBF;
 
 // Painting one translucent mark over itself changes a pixel's channels steadily in one direction, at most
 // this often.
@@ -45,6 +46,7 @@ CustomSliderBarWidget::CustomSliderBarWidget(QWidget *parent)
     setAttribute(Qt::WA_AcceptTouchEvents);
     setContentsMargins(0, 0, 0, 0);
     setFixedSize(kSize);
+    LookSheets::repaint(this);
 }
 
 CustomSliderBarWidget::~CustomSliderBarWidget()
@@ -195,9 +197,9 @@ void CustomSliderBarWidget::paintEvent(QPaintEvent *)
     SkinPainter painter(this, m_skinPath);
     const qreal ratio = devicePixelRatioF();
     // The column that the fill reaches belongs to it.
-    painter.paintColored(QStringLiteral("background.svg"), area(),
-                         SkinPainter::pixelSize(area().size(), ratio),
-                         {0, std::trunc(double(fillX()) * ratio) + 1}, QColor(kFillColor));
+    painter.paintColored(
+        QStringLiteral("background.svg"), area(), SkinPainter::pixelSize(area().size(), ratio),
+        {0, std::trunc(double(fillX()) * ratio) + 1}, lookColor(QStringLiteral("stepsValue")));
     const qint64 reached = qBound<qint64>(0, qint64(m_currentIndex) + 1, m_count);
     paintMarks(&painter, QStringLiteral("item_active.svg"), 0, reached);
     paintMarks(&painter, QStringLiteral("item.svg"), reached, m_count);

@@ -1,5 +1,6 @@
 #include "customtoolbutton.h"
 
+#include "looksheets.h"
 #include "pressgesture.h"
 
 #include <QtCore/QDebug>
@@ -16,18 +17,15 @@ constexpr double kSideGap = 14.0;
 constexpr int kTopGap = 25;
 constexpr int kWindowMargin = 14;
 
-QString imageStyle()
-{
-    return QStringLiteral(
-        "QToolButton{background: transparent;padding:0px;margin:0px;border-radius: 4px; image:url(%1);}"
-        "QToolButton:hover{image:url(%2);background: #F5F6F7;}"
-        "QToolButton:disabled{image:url(%3);}"
-        "QToolButton:checked{background: #F5F6F7;image:url(%4);}"
-        "QToolButton:checked:hover{background: #F5F6F7;image:url(%5);}"
-        "QToolButton:checked:disabled{image:url(%6);}"
-        "QToolButton[current=true]{background: #F5F6F7; border-radius: 4px;}"
-        "QToolButton[current=true]:checked{background: #F5F6F7;border-radius: 4px;image:url(%7);}");
-}
+constexpr char kImageStyle[] =
+    "QToolButton{background: transparent;padding:0px;margin:0px;border-radius: 4px; image:url(%1);}"
+    "QToolButton:hover{image:url(%2);background: @toolHover;}"
+    "QToolButton:disabled{image:url(%3);}"
+    "QToolButton:checked{background: @toolHover;image:url(%4);}"
+    "QToolButton:checked:hover{background: @toolHover;image:url(%5);}"
+    "QToolButton:checked:disabled{image:url(%6);}"
+    "QToolButton[current=true]{background: @toolHover; border-radius: 4px;}"
+    "QToolButton[current=true]:checked{background: @toolHover;border-radius: 4px;image:url(%7);}";
 
 // A slot or handler of the application may destroy the panel on the way, here and below.
 void focusPanel(const QPointer<QWidget> panel, bool activate, bool takeFocus)
@@ -109,7 +107,7 @@ void CustomToolButton::adjustWidgetPosition()
 void CustomToolButton::updateImage(const QString &normal, const QString &checked, const QString &hover,
                                    const QString &disabled)
 {
-    setStyleSheet(imageStyle().arg(normal, hover, disabled, checked, checked, disabled, checked));
+    LookSheets::apply(this, kImageStyle, {normal, hover, disabled, checked, checked, disabled, checked});
 }
 
 bool CustomToolButton::event(QEvent *event)

@@ -3,6 +3,8 @@
 #include "accessiblecontent.h"
 #include "accessiblefactory.h"
 #include "accessiblenotification.h"
+#include "looksheets.h"
+#include "looktable.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QPainter>
@@ -16,18 +18,8 @@ constexpr int kCornerRadius = 4;
 constexpr int kArrowLength = 6; // also half the arrow's width
 constexpr int kArrowTipFromRight = 44;
 
-QString labelStyle()
-{
-    return QStringLiteral("background:transparent;font-size: 13px;font-weight: 400;color: #FFFFFF;"
-                          "line-height: 18px;qproperty-wordWrap: true;text-align: left;");
-}
-
-QColor backgroundColor()
-{
-    QColor color(31, 31, 34);
-    color.setAlphaF(0.9);
-    return color;
-}
+constexpr char kLabelStyle[] = "background:transparent;font-size: 13px;font-weight: 400;color: @bubbleText;"
+                               "line-height: 18px;qproperty-wordWrap: true;text-align: left;";
 
 void paintArrowLeft(QPainter &painter, const QRect &r)
 {
@@ -113,13 +105,17 @@ void customWrapTextToolTip::paintEvent(QPaintEvent *event)
     QWidget::paintEvent(event);
 
     const QSize pixelSize = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    if (m_background.size() != pixelSize || m_background.devicePixelRatioF() != devicePixelRatioF())
+    const QColor color = lookColor(QStringLiteral("bubbleGround"));
+    if (m_background.size() != pixelSize || m_background.devicePixelRatioF() != devicePixelRatioF() ||
+        m_backgroundColor != color) {
+        m_backgroundColor = color;
         m_background = paintedBackground(pixelSize);
+    }
     if (!m_background.isNull())
         QPainter(this).drawPixmap(0, 0, m_background);
 }
 
-// Box and arrow change with the window's size only, while the text above them is painted more often.
+// Box and arrow change with the window's size and the look only, while the text above them is painted more often.
 QPixmap customWrapTextToolTip::paintedBackground(QSize pixelSize) const
 {
     QPixmap background(pixelSize);
@@ -128,11 +124,10 @@ QPixmap customWrapTextToolTip::paintedBackground(QSize pixelSize) const
     background.setDevicePixelRatio(devicePixelRatioF());
     background.fill(Qt::transparent);
 
-    const QColor color = backgroundColor();
     QPainter painter(&background);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(color);
-    painter.setBrush(color);
+    painter.setPen(m_backgroundColor);
+    painter.setBrush(m_backgroundColor);
     switch (m_direction) {
     case DirectionLeft:
         paintArrowLeft(painter, rect());
@@ -149,7 +144,8 @@ void customWrapTextToolTip::initWindow()
     setWindowFlags(Qt::FramelessWindowHint | Qt::Dialog | Qt::Tool);
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
-    m_textLabel->setStyleSheet(labelStyle());
+    LookSheets::apply(m_textLabel, kLabelStyle);
+    LookSheets::repaint(this);
     AccessibleContent::mark(m_textLabel);
     AccessibleFactory::askForTypesFirst();
     installEventFilter(this);

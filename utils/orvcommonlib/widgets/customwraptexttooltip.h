@@ -4,6 +4,7 @@
 
 #include <QtCore/QPoint>
 #include <QtCore/QString>
+#include <QtGui/QColor>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QDialog>
 
@@ -60,4 +61,5 @@ private:
     QLabel *m_textLabel = nullptr;
     directionType m_direction = DirectionLeft;
     QPixmap m_background;
+    QColor m_backgroundColor;
 };

@@ -2,6 +2,7 @@
 
 #include "accessiblecontent.h"
 #include "accessiblenotification.h"
+#include "looksheets.h"
 #include "styledlabel.h"
 
 #include <QtCore/QPointer>
@@ -13,26 +14,29 @@
 namespace {
 
 constexpr char kTitleStyle[] =
-    "QLabel \n{ \n font-size: 16px;\n font-weight: DemiBold; \n color: #1F1F22; \n line-height: 20px; \n}";
+    "QLabel \n{ \n font-size: 16px;\n font-weight: DemiBold; \n color: @titleText; \n line-height: 20px; \n}";
 constexpr char kCloseButtonStyle[] =
     "QPushButton {border-image:url(:/resources/common_icons/close.png);}\n"
     "QPushButton:hover {border-image:url(:/resources/common_icons/close_hover.png);}";
 constexpr char kContentStyle[] =
-    "QLabel \n{ \n font-size: 14px;\n font-weight: normal; \n color: #78797B; \n line-height: 22px; \n"
+    "QLabel \n{ \n font-size: 14px;\n font-weight: normal; \n color: @tipsText; \n line-height: 22px; \n"
     "qproperty-wordWrap: true;\ntext-align: left; \n}";
 constexpr char kLinkStyle[] =
-    "QLabel \n{ \n font-size: 16px;\n font-weight: normal; \n color: #4257FF; \n line-height: 20px; \n}";
+    "QLabel \n{ \n font-size: 16px;\n font-weight: normal; \n color: @linkText; \n line-height: 20px; \n}";
 constexpr char kCancelButtonStyle[] =
-    "QPushButton \n{ \n background-color:#FFFFFF;\n border:1px solid #EBECED;\n border-radius:8px;\n"
-    " font-size: 16px;\n color:#1F1F22;\n line-height: 16px;\n font-weight: normal;\n}\n"
-    "QPushButton:hover \n{ \n background-color:#F5F5F5;\n font-size: 16px;\n color:#1F1F22;\n}\n"
-    "QPushButton:pressed \n{ \n background-color:#EBECED;\n font-size: 16px;\n color:#1F1F22;\n}";
+    "QPushButton \n{ \n background-color:@cancelGround;\n border:1px solid @cancelBorder;\n "
+    "border-radius:8px;\n"
+    " font-size: 16px;\n color:@cancelText;\n line-height: 16px;\n font-weight: normal;\n}\n"
+    "QPushButton:hover \n{ \n background-color:@cancelHover;\n font-size: 16px;\n color:@cancelText;\n}\n"
+    "QPushButton:pressed \n{ \n background-color:@cancelPressed;\n font-size: 16px;\n color:@cancelText;\n}";
 constexpr char kConfirmButtonStyle[] =
-    "QPushButton \n{ \n background-color:#4257FF;\n border-radius:8px;\n font-size: 16px;\n color:#FFFFFF;\n"
+    "QPushButton \n{ \n background-color:@primaryGround;\n border-radius:8px;\n font-size: 16px;\n "
+    "color:@primaryText;\n"
     " line-height: 16px;\n font-weight: DemiBold;\n}\n"
-    "QPushButton:hover \n{ \n background-color:#6778FF;\n border-radius:8px;\n font-size: 16px;\n"
-    " color:#FFFFFF;\n}\n"
-    "QPushButton:pressed \n{ \n background-color:#3B4EE5;\n font-size: 16px;\n color:#FFFFFF;\n}";
+    "QPushButton:hover \n{ \n background-color:@primaryHover;\n border-radius:8px;\n font-size: 16px;\n"
+    " color:@primaryText;\n}\n"
+    "QPushButton:pressed \n{ \n background-color:@primaryPressed;\n font-size: 16px;\n "
+    "color:@primaryText;\n}";
 
 constexpr int kWidth = 400;
 constexpr int kSideMargin = 24;
@@ -87,8 +91,7 @@ QWidget *OrvUpdateTipDlg::createTitleArea()
     row->setContentsMargins(kSideMargin, kTitleAreaTop, kSideMargin, 0);
     row->setSpacing(0);
 
-    m_titleLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft | Qt::AlignVCenter,
-                                     QLatin1String(kTitleStyle));
+    m_titleLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft | Qt::AlignVCenter, kTitleStyle);
     m_titleLabel->setFixedWidth(kTitleWidth);
     auto *titleColumn = new QVBoxLayout;
     titleColumn->setContentsMargins(0, 0, 0, 0);
@@ -101,7 +104,7 @@ QWidget *OrvUpdateTipDlg::createTitleArea()
     closeButton->setFixedSize(kCloseButtonSize);
     closeButton->setCursor(Qt::PointingHandCursor);
     closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
-    closeButton->setStyleSheet(QLatin1String(kCloseButtonStyle));
+    LookSheets::apply(closeButton, kCloseButtonStyle);
     connect(closeButton, &QPushButton::clicked, this,
             [this] { tellAndClose(&OrvUpdateTipDlg::sig_closeMsgBox); });
     auto *closeColumn = new QVBoxLayout;
@@ -121,11 +124,11 @@ QWidget *OrvUpdateTipDlg::createTextArea()
     column->setContentsMargins(kSideMargin, 0, kSideMargin, 0);
     column->setSpacing(0);
 
-    m_contentLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft, QLatin1String(kContentStyle));
+    m_contentLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft, kContentStyle);
     AccessibleContent::mark(m_contentLabel);
     column->addWidget(m_contentLabel);
     column->addSpacing(kLinkGap);
-    m_linkLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft, QLatin1String(kLinkStyle));
+    m_linkLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft, kLinkStyle);
     m_linkLabel->setOpenExternalLinks(true);
     column->addWidget(m_linkLabel);
     return area;
@@ -142,11 +145,10 @@ QWidget *OrvUpdateTipDlg::createButtonArea(const QString &confirmText, const QSt
     row->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row->addStretch();
 
-    const auto addButton = [&](const QString &text, const char *styleSheet,
-                               void (OrvUpdateTipDlg::*signal)()) {
+    const auto addButton = [&](const QString &text, const char *sheet, void (OrvUpdateTipDlg::*signal)()) {
         auto *button = new QPushButton(area);
         button->setFixedSize(m_compactButtons ? kCompactButtonSize : kButtonSize);
-        button->setStyleSheet(QLatin1String(styleSheet));
+        LookSheets::apply(button, sheet);
         button->setText(text);
         connect(button, &QPushButton::clicked, this, [this, signal] { tellAndClose(signal); });
         row->addWidget(button);

@@ -3,6 +3,7 @@
 #include "accessiblecontent.h"
 #include "accessiblenotification.h"
 #include "dialogbuttons.h"
+#include "looksheets.h"
 #include "modalrun.h"
 #include "orvmaskctrl.h"
 #include "styledlabel.h"
@@ -24,7 +25,7 @@ constexpr char kBackgroundStyle[] =
     "QLabel\n{\n  border-image: url(%1); \n  background-color: transparent; \n}";
 constexpr char kTitleStyle[] =
     "QLabel \n{ \n background: transparent; font-size: 16px;\n font-weight: Medium; \n"
-    " color: #333333; \n}";
+    " color: @messageTitle; \n}";
 constexpr char kCloseButtonStyle[] =
     "QPushButton {background: transparent;"
     "border-image:url(:/noviceguide/resources/newui/noviceguide/closebtn.png);}\n"
@@ -32,20 +33,21 @@ constexpr char kCloseButtonStyle[] =
     "border-image:url(:/noviceguide/resources/newui/noviceguide/closebtn.png);}";
 constexpr char kContentStyle[] =
     "QLabel \n{ \n background: transparent;font-size: 14px;\n font-weight: Normal; \n"
-    " color: #333333; \nqproperty-wordWrap: true;\ntext-align: left; \n}";
+    " color: @messageText; \nqproperty-wordWrap: true;\ntext-align: left; \n}";
 constexpr char kNoteStyle[] =
     "QLabel \n{ \n background: transparent; font-size: 13px;\n font-weight: Medium; \n"
-    " color: #666666; \n}";
+    " color: @noteText; \n}";
 /// The three states look the same on purpose.
 constexpr char kConfirmButtonStyle[] =
-    "QPushButton \n{ \n background-color:#4B66EB;\n border-radius:4px;\n font-size: 12px;\n font-weight: "
+    "QPushButton \n{ \n background-color:@confirmGround;\n border-radius:4px;\n font-size: 12px;\n "
+    "font-weight: "
     "Medium;\n"
-    " border:0px solid #FFFFFF;\n color:#FFFFFF;\n padding-left: 3px;\n padding-right:3px;\n}\n"
-    "QPushButton:hover \n{ \n background-color:#4B66EB;\n border-radius:4px;\n font-size: 12px;\n"
-    " font-weight: Medium;\n border:0px solid #FFFFFF;\n color:#FFFFFF;\n padding-left: 3px;\n"
+    " border:0px solid @confirmBorder;\n color:@confirmText;\n padding-left: 3px;\n padding-right:3px;\n}\n"
+    "QPushButton:hover \n{ \n background-color:@confirmGround;\n border-radius:4px;\n font-size: 12px;\n"
+    " font-weight: Medium;\n border:0px solid @confirmBorder;\n color:@confirmText;\n padding-left: 3px;\n"
     " padding-right:3px;\n}\n"
-    "QPushButton:pressed \n{ \n background-color:#4B66EB;\n border-radius:4px;\n font-size: 12px;\n"
-    " font-weight: Medium;\n border:0px solid #FFFFFF;\n color:#FFFFFF;\n padding-left: 3px;\n"
+    "QPushButton:pressed \n{ \n background-color:@confirmGround;\n border-radius:4px;\n font-size: 12px;\n"
+    " font-weight: Medium;\n border:0px solid @confirmBorder;\n color:@confirmText;\n padding-left: 3px;\n"
     " padding-right:3px;\n}";
 
 constexpr int kPadding = 16;
@@ -94,8 +96,7 @@ void PopupDlgWithMask::initFrame(const QString &backgroundImage, QSize size, con
     auto *background = new QLabel(this);
     background->setFixedSize(this->size());
     background->setGeometry(0, 0, width(), height());
-    background->setStyleSheet(
-        QString(QLatin1String(kBackgroundStyle)).arg(backgroundImage, 0, QLatin1Char(' ')));
+    LookSheets::apply(background, kBackgroundStyle, {backgroundImage});
 
     m_mainLayout = new QVBoxLayout(this);
     m_mainLayout->setContentsMargins(border + QMargins(kPadding, kPadding, kPadding, kPadding));
@@ -115,13 +116,11 @@ void PopupDlgWithMask::addTitleRow(const QString &title)
     row->setContentsMargins(0, 0, 0, 0);
     m_mainLayout->addLayout(row);
 
-    m_titleLabel =
-        createStyledLabel(this, title, Qt::AlignLeft | Qt::AlignVCenter, QLatin1String(kTitleStyle));
+    m_titleLabel = createStyledLabel(this, title, Qt::AlignLeft | Qt::AlignVCenter, kTitleStyle);
     m_titleLabel->setScaledContents(true);
     m_titleLabel->setFixedHeight(kTitleHeight);
 
-    m_closeButton =
-        DialogButtons::createCloseButton(this, kCloseButtonSize, QLatin1String(kCloseButtonStyle));
+    m_closeButton = DialogButtons::createCloseButton(this, kCloseButtonSize, kCloseButtonStyle);
     connect(m_closeButton, &QPushButton::clicked, this, &PopupDlgWithMask::closeButtonClicked);
     connect(m_closeButton, &QPushButton::clicked, this, &PopupDlgWithMask::closeMsgBox);
     m_closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
@@ -139,7 +138,7 @@ void PopupDlgWithMask::addContentColumn(const QString &content)
     column->setSpacing(0);
     m_mainLayout->addLayout(column);
 
-    m_contentLabel = createStyledLabel(this, content, Qt::AlignLeft, QLatin1String(kContentStyle));
+    m_contentLabel = createStyledLabel(this, content, Qt::AlignLeft, kContentStyle);
     m_contentLabel->setMinimumHeight(kContentMinimumHeight);
     m_contentLabel->setMaximumHeight(kContentMaximumHeight);
     AccessibleContent::mark(m_contentLabel);
@@ -151,13 +150,11 @@ void PopupDlgWithMask::addBottomRow(const QString &confirmText, const QString &n
     auto *row = new QHBoxLayout;
     row->setContentsMargins(0, 0, 0, 0);
 
-    m_noteLabel =
-        createStyledLabel(this, noteText, Qt::AlignLeft | Qt::AlignVCenter, QLatin1String(kNoteStyle));
+    m_noteLabel = createStyledLabel(this, noteText, Qt::AlignLeft | Qt::AlignVCenter, kNoteStyle);
     m_noteLabel->setFixedSize(kNoteSize);
     m_noteLabel->setAttribute(Qt::WA_LayoutUsesWidgetRect);
 
-    m_confirmButton =
-        DialogButtons::createActionButton(this, confirmText, QLatin1String(kConfirmButtonStyle));
+    m_confirmButton = DialogButtons::createActionButton(this, confirmText, kConfirmButtonStyle);
     m_confirmButton->setFixedSize(kConfirmButtonSize);
     connect(m_confirmButton, &QPushButton::clicked, this, &PopupDlgWithMask::confirmButtonClicked);
     connect(m_confirmButton, &QPushButton::clicked, this, &PopupDlgWithMask::closeMsgBox);

@@ -3,6 +3,7 @@
 
 #include "accessiblecontent.h"
 #include "accessiblenotification.h"
+#include "looksheets.h"
 #include "styledlabel.h"
 
 #include <QtCore/QMargins>
@@ -15,14 +16,14 @@
 namespace {
 
 constexpr char kPictureStyle[] = "QLabel \n{ \n background: transparent;\n border-image: url(%1);\n}";
-constexpr char kCurrentDotStyle[] = "QLabel \n{ \n background:#666666;\n border-radius:2px;\n}";
-constexpr char kOtherDotStyle[] = "QLabel \n{ \n background:#CCCCCC;\n border-radius:2px;\n}";
+constexpr char kCurrentDotStyle[] = "QLabel \n{ \n background:@currentDot;\n border-radius:2px;\n}";
+constexpr char kOtherDotStyle[] = "QLabel \n{ \n background:@otherDot;\n border-radius:2px;\n}";
 constexpr char kPageTitleStyle[] =
     "QLabel \n{ \n background: transparent; font-size: 14px;\n font-weight: Medium; \n"
-    " color: #333333; \n}";
+    " color: @pageTitle; \n}";
 constexpr char kPageContentStyle[] =
     "QLabel \n{ \n background: transparent; font-size: 12px;\n font-weight: Normal; \n"
-    " color: #888888; \n}";
+    " color: @pageText; \n}";
 
 constexpr int kPageIntervalMs = 3000;
 constexpr QSize kPageSize(268, 287);
@@ -36,9 +37,9 @@ constexpr QSize kPageTitleSize(268, 20);
 constexpr int kPageTitleGap = 4;
 constexpr QSize kPageContentSize(268, 17);
 
-QLabel *createPageLine(QWidget *page, const QString &text, QSize size, QLatin1String styleSheet)
+QLabel *createPageLine(QWidget *page, const QString &text, QSize size, const char *sheet)
 {
-    QLabel *label = createStyledLabel(page, text, Qt::AlignHCenter | Qt::AlignVCenter, styleSheet);
+    QLabel *label = createStyledLabel(page, text, Qt::AlignHCenter | Qt::AlignVCenter, sheet);
     label->setFixedSize(size);
     label->setAttribute(Qt::WA_LayoutUsesWidgetRect);
     return label;
@@ -98,7 +99,7 @@ void PopupDlgWithMask::initSubWidget(QWidget *page, QString image, QString pageT
 
     auto *picture = new QLabel(page);
     picture->setFixedSize(kPictureSize);
-    picture->setStyleSheet(QString(QLatin1String(kPictureStyle)).arg(image, 0, QLatin1Char(' ')));
+    LookSheets::apply(picture, kPictureStyle, {image});
     layout->addWidget(picture);
     layout->addSpacing(kDotsGap);
 
@@ -108,10 +109,10 @@ void PopupDlgWithMask::initSubWidget(QWidget *page, QString image, QString pageT
     layout->addWidget(dots);
     layout->addSpacing(kDotsGap);
 
-    layout->addWidget(createPageLine(page, pageTitle, kPageTitleSize, QLatin1String(kPageTitleStyle)));
+    layout->addWidget(createPageLine(page, pageTitle, kPageTitleSize, kPageTitleStyle));
     layout->addSpacing(kPageTitleGap);
-    layout->addWidget(AccessibleContent::mark(
-        createPageLine(page, pageContent, kPageContentSize, QLatin1String(kPageContentStyle))));
+    layout->addWidget(
+        AccessibleContent::mark(createPageLine(page, pageContent, kPageContentSize, kPageContentStyle)));
 }
 
 /// Each page has a row of its own with its own dot dark, so nothing is to be updated when a page is turned.
@@ -126,7 +127,7 @@ void PopupDlgWithMask::initIndexWinget(QWidget *dots, int pageNumber, int pageCo
     for (int i = 0; i < pageCount; ++i) {
         auto *dot = new QLabel(dots);
         dot->setFixedSize(kDotSize);
-        dot->setStyleSheet(QLatin1String(i == pageNumber - 1 ? kCurrentDotStyle : kOtherDotStyle));
+        LookSheets::apply(dot, i == pageNumber - 1 ? kCurrentDotStyle : kOtherDotStyle);
         layout->addWidget(dot);
     }
     layout->addStretch();

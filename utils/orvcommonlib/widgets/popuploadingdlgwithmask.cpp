@@ -1,6 +1,9 @@
 #include "popuploadingdlgwithmask.h"
 
 #include "accessiblecontent.h"
+#include "looksheets.h"
+#include "looktable.h"
+
 #include <QtCore/QMargins>
 #include <QtGui/QMovie>
 #include <QtGui/QPainter>
@@ -10,9 +13,9 @@
 
 namespace {
 
-constexpr char kBoxStyle[] = "background:#FFFFFF;border-radius:10px;border:0px solid #FFFFFF;";
+constexpr char kBoxStyle[] = "background:@loadingGround;border-radius:10px;border:0px solid @loadingBorder;";
 constexpr char kCaptionStyle[] =
-    "QLabel \n{ \n background: transparent;font-size: 12px;\n font-weight: Normal; \n color: #666666; \n"
+    "QLabel \n{ \n background: transparent;font-size: 12px;\n font-weight: Normal; \n color: @loadingText; \n"
     " text-align: center; \n}";
 
 constexpr QMargins kBoxMargins(23, 12, 23, 17);
@@ -31,6 +34,7 @@ PopupLoadingDlgWithMask::PopupLoadingDlgWithMask(QSize dialogSize, QSize boxSize
     setFixedSize(dialogSize);
     setWindowFlags(windowFlags() | Qt::Tool);
     setAttribute(Qt::WA_DeleteOnClose);
+    LookSheets::repaint(this);
 
     // Truncated: what is left of an odd difference goes to the right or bottom.
     const int horizontal = (dialogSize.width() - boxSize.width()) / 2;
@@ -53,7 +57,7 @@ PopupLoadingDlgWithMask::~PopupLoadingDlgWithMask()
 
 void PopupLoadingDlgWithMask::initWidget(QWidget *box)
 {
-    box->setStyleSheet(QLatin1String(kBoxStyle));
+    LookSheets::apply(box, kBoxStyle);
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(kBoxMargins);
     layout->setSpacing(kBoxSpacing);
@@ -70,7 +74,7 @@ void PopupLoadingDlgWithMask::initWidget(QWidget *box)
     caption->setFixedHeight(kCaptionHeight);
     caption->setText(m_text);
     AccessibleContent::mark(caption);
-    caption->setStyleSheet(QLatin1String(kCaptionStyle));
+    LookSheets::apply(caption, kCaptionStyle);
 
     layout->addWidget(m_movieLabel);
     layout->addWidget(caption);
@@ -86,7 +90,7 @@ void PopupLoadingDlgWithMask::paintEvent(QPaintEvent *event)
         QPainterPath area;
         area.addRoundedRect(rect(), 0, 0);
         painter.setClipPath(area, Qt::ReplaceClip);
-        painter.fillPath(area, QBrush(QColor(128, 128, 128, 30)));
+        painter.fillPath(area, lookColor(QStringLiteral("loadingVeil")));
     }
     BaseMoveDialog::paintEvent(event);
 }

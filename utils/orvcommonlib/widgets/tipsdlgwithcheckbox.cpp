@@ -3,6 +3,7 @@
 #include "accessiblecontent.h"
 #include "accessiblenotification.h"
 #include "dialogbuttons.h"
+#include "looksheets.h"
 #include "modalrun.h"
 #include "styledlabel.h"
 
@@ -18,30 +19,31 @@
 
 namespace {
 
-constexpr char kTitleStyle[] =
-    "QLabel \n{ \n background: transparent; font-size: 16px;\n font-weight: Medium; \n color: #1F1F22; \n}";
+constexpr char kTitleStyle[] = "QLabel \n{ \n background: transparent; font-size: 16px;\n font-weight: "
+                               "Medium; \n color: @titleText; \n}";
 constexpr char kCloseButtonStyle[] = "QPushButton {background: transparent;"
                                      "border-image:url(:/surface/resources/surface/common/close.png);}\n"
                                      "QPushButton:hover {background: transparent;"
                                      "border-image:url(:/surface/resources/surface/common/close_hover.png);}";
 constexpr char kContentStyle[] =
     "QLabel \n{ \n background: transparent;font-size: 14px;\n font-weight: Normal; \n line-height:30px; \n"
-    " color: #78797B; \nqproperty-wordWrap: true;\ntext-align: left; \n}";
+    " color: @tipsText; \nqproperty-wordWrap: true;\ntext-align: left; \n}";
 constexpr char kLineStyle[] =
     "QLabel \n{ \n background: transparent;font-size: 14px;\n font-weight: Normal; \n"
-    " color: #78797B; \nqproperty-wordWrap: true;\ntext-align: left; \n}";
+    " color: @tipsText; \nqproperty-wordWrap: true;\ntext-align: left; \n}";
 constexpr char kCheckboxStyle[] =
-    "QCheckBox \n{ \n color:#000000;\n font-size:14px;\n}\n"
+    "QCheckBox \n{ \n color:@checkBoxText;\n font-size:14px;\n}\n"
     "QCheckBox::indicator \n{ \n width:18px;\n height:18px;\n}\n"
     "QCheckBox::indicator:unchecked \n{ \n border-image:url(:/resources/common_icons/uncheck.png);\n}\n"
     "QCheckBox::indicator:checked \n{ \n border-image:url(:/resources/common_icons/check.png);\n}";
 constexpr char kConfirmButtonStyle[] =
-    "QPushButton \n{ \n background-color:#4257FF;\n border-radius:4px;\n font-size: 14px;\n color:#FFFFFF;\n"
+    "QPushButton \n{ \n background-color:@primaryGround;\n border-radius:4px;\n font-size: 14px;\n "
+    "color:@primaryText;\n"
     " padding-left: 10px;\n padding-right:10px;\n}\n"
-    "QPushButton:hover \n{ \n background-color:#6778FF;\n border-radius:4px;\n font-size: 14px;\n"
-    " color:#FFFFFF;\n padding-left: 10px;\n padding-right:10px;\n}\n"
-    "QPushButton:pressed \n{ \n background-color:#3B4EE5;\n border-radius:4px;\n font-size: 14px;\n"
-    " color:#FFFFFF;\n padding-left: 10px;\n padding-right:10px;\n}";
+    "QPushButton:hover \n{ \n background-color:@primaryHover;\n border-radius:4px;\n font-size: 14px;\n"
+    " color:@primaryText;\n padding-left: 10px;\n padding-right:10px;\n}\n"
+    "QPushButton:pressed \n{ \n background-color:@primaryPressed;\n border-radius:4px;\n font-size: 14px;\n"
+    " color:@primaryText;\n padding-left: 10px;\n padding-right:10px;\n}";
 
 // The background image: its slices, and the part of its border that lies outside the content.
 constexpr int kSliceLeft = 17;
@@ -126,7 +128,7 @@ void TipsDlgWithCheckbox::initControls(QString title, QString content, QString c
     column->setContentsMargins(0, kContentGap, 0, 0);
     column->setSpacing(0);
     m_mainLayout->addLayout(column);
-    m_contentLabel = createStyledLabel(this, content, Qt::AlignLeft, QLatin1String(kContentStyle));
+    m_contentLabel = createStyledLabel(this, content, Qt::AlignLeft, kContentStyle);
     m_contentLabel->setFixedHeight(kContentHeight);
     AccessibleContent::mark(m_contentLabel);
     column->addWidget(m_contentLabel);
@@ -166,12 +168,10 @@ void TipsDlgWithCheckbox::initControls(QString title, QVector<QString> lines, QS
 
 void TipsDlgWithCheckbox::fillTitleRow(QBoxLayout *row, const QString &title)
 {
-    m_titleLabel =
-        createStyledLabel(this, title, Qt::AlignLeft | Qt::AlignVCenter, QLatin1String(kTitleStyle));
+    m_titleLabel = createStyledLabel(this, title, Qt::AlignLeft | Qt::AlignVCenter, kTitleStyle);
     m_titleLabel->setScaledContents(true);
 
-    m_closeButton =
-        DialogButtons::createCloseButton(this, kCloseButtonSize, QLatin1String(kCloseButtonStyle));
+    m_closeButton = DialogButtons::createCloseButton(this, kCloseButtonSize, kCloseButtonStyle);
     connect(m_closeButton, &QPushButton::clicked, this, &TipsDlgWithCheckbox::closeButtonClicked);
     connect(m_closeButton, &QPushButton::clicked, this, &TipsDlgWithCheckbox::closeMsgBox);
     m_closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
@@ -210,7 +210,7 @@ void TipsDlgWithCheckbox::addWarningRow(QBoxLayout *column, const QString &text)
     iconColumn->addStretch();
     row->addLayout(iconColumn);
 
-    QLabel *label = createStyledLabel(this, text, Qt::AlignLeft, QLatin1String(kLineStyle));
+    QLabel *label = createStyledLabel(this, text, Qt::AlignLeft, kLineStyle);
     label->setFixedHeight(kWarningHeight);
     AccessibleContent::mark(label);
     row->addWidget(label);
@@ -222,13 +222,13 @@ void TipsDlgWithCheckbox::fillBottomRow(QBoxLayout *row, const QString &checkbox
                                         const QString &buttonText)
 {
     m_checkbox = new QCheckBox(this);
-    m_checkbox->setStyleSheet(getCheckBoxStyle());
+    LookSheets::apply(m_checkbox, kCheckboxStyle);
     m_checkbox->setText(checkboxText);
     m_checkbox->setCheckable(true);
     m_checkbox->setChecked(false);
     connect(m_checkbox, &QCheckBox::clicked, this, &TipsDlgWithCheckbox::checkboxClicked);
 
-    m_confirmButton = DialogButtons::createActionButton(this, buttonText, QLatin1String(kConfirmButtonStyle));
+    m_confirmButton = DialogButtons::createActionButton(this, buttonText, kConfirmButtonStyle);
     m_confirmButton->setFixedSize(kConfirmButtonSize);
     connect(m_confirmButton, &QPushButton::clicked, this, &TipsDlgWithCheckbox::confirmButtonClicked);
     connect(m_confirmButton, &QPushButton::clicked, this, &TipsDlgWithCheckbox::sig_BtnClicked);
@@ -244,13 +244,13 @@ void TipsDlgWithCheckbox::setContentLblStyle(QLabel *label, QString text)
     AccessibleContent::mark(label);
     label->setFixedHeight(kLineHeight);
     label->setAlignment(Qt::AlignLeft);
-    label->setStyleSheet(QLatin1String(kLineStyle));
+    LookSheets::apply(label, kLineStyle);
     label->setText(text);
 }
 
 QString TipsDlgWithCheckbox::getCheckBoxStyle()
 {
-    return QLatin1String(kCheckboxStyle);
+    return LookSheets::text(kCheckboxStyle);
 }
 
 void TipsDlgWithCheckbox::exec()
