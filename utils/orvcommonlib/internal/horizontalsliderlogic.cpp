@@ -35,6 +35,26 @@ void HorizontalSliderLogic::setRange(int min, int max)
     m_slider->update();
 }
 
+void HorizontalSliderLogic::setMinimum(int min)
+{
+    if (min != m_minimum)
+        setRange(min, m_maximum);
+}
+
+void HorizontalSliderLogic::setMaximum(int max)
+{
+    if (max != m_maximum)
+        setRange(m_minimum, max);
+}
+
+void HorizontalSliderLogic::setHandleSize(const QSize &size)
+{
+    if (size == m_handleSize)
+        return;
+    m_handleSize = size;
+    m_slider->update();
+}
+
 bool HorizontalSliderLogic::setValue(int val)
 {
     if (val == m_value)

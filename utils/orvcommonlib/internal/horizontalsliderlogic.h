@@ -36,12 +36,14 @@ public:
     }
 
     void setRange(int min, int max);
+    void setMinimum(int min);
+    void setMaximum(int max);
     int minimum() const { return m_minimum; }
     int maximum() const { return m_maximum; }
     int value() const { return m_value; }
     bool setValue(int val);
     QSize handleSize() const { return m_handleSize; }
-    void setHandleSize(const QSize &size) { m_handleSize = size; }
+    void setHandleSize(const QSize &size);
 
     /// False if the press is none of ours and belongs to the base class.
     bool press(QMouseEvent *event);

@@ -28,6 +28,10 @@ class PressGesture;
 class ORVCOMMONLIB_EXPORT BaseMoveDialog : public QWidget
 {
     Q_OBJECT
+    /// Whether the user may drag the dialog.
+    Q_PROPERTY(bool widgetMovable READ widgetMovable WRITE setWidgetMovable)
+    /// Whether the user may resize the dialog.
+    Q_PROPERTY(bool widgetResizable READ widgetResizable WRITE setWidgetResizable)
 
 public:
     /// \param parent      the window that this one belongs to, or null
@@ -40,6 +44,11 @@ public:
 
     /// \param canMove whether the user may drag the dialog by the title strip
     void setCanMove(bool canMove);
+    /// The same as setCanMove().
+    /// \param movable whether the user may drag the dialog by the title strip
+    void setWidgetMovable(bool movable) { setCanMove(movable); }
+    /// \return whether the user may drag the dialog by the title strip
+    bool widgetMovable() const { return m_canMove; }
 
     /// Limits the positions that sig_windowMoved() reports to those where the whole dialog lies inside a
     /// rectangle. A dialog that is larger than the rectangle is pinned to its left and top.
@@ -62,6 +71,8 @@ public:
 
     /// \param resizable whether the user may resize the dialog by its edges; false at first
     void setWidgetResizable(bool resizable);
+    /// \return whether the user may resize the dialog by its edges
+    bool widgetResizable() const { return m_resizable; }
 
     /// \param height the height of the title strip, for every FramelessHelper of the process; 0 is ignored,
     ///               and with a negative one the whole widget is title strip

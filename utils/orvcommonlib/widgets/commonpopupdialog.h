@@ -21,6 +21,8 @@ class QVBoxLayout;
 class ORVCOMMONLIB_EXPORT CommonPopupDialog : public BaseMoveDialog
 {
     Q_OBJECT
+    /// The text of the title label.
+    Q_PROPERTY(QString title READ title)
     Q_DISABLE_COPY(CommonPopupDialog)
 
 public:

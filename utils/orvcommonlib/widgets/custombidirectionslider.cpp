@@ -67,6 +67,30 @@ CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth,
 
 CustomBidirectionSlider::~CustomBidirectionSlider() = default;
 
+void CustomBidirectionSlider::setLineWidth(int width)
+{
+    if (width == m_lineWidth)
+        return;
+    m_lineWidth = width;
+    update();
+}
+
+void CustomBidirectionSlider::setHandleWidth(int width)
+{
+    if (width == m_handleWidth)
+        return;
+    m_handleWidth = width;
+    update();
+}
+
+void CustomBidirectionSlider::setLineColor(const QColor &color)
+{
+    if (color == m_lineColor)
+        return;
+    m_lineColor = color;
+    update();
+}
+
 void CustomBidirectionSlider::enableWheel(bool enable)
 {
     m_wheelEnabled = enable;

@@ -15,6 +15,14 @@
 class ORVCOMMONLIB_EXPORT CustomBidirectionSlider : public QSlider
 {
     Q_OBJECT
+    /// The thickness of the coloured line in pixels, 0 for a hairline.
+    Q_PROPERTY(int lineWidth READ lineWidth WRITE setLineWidth)
+    /// How wide the handle is taken to be.
+    Q_PROPERTY(int handleWidth READ handleWidth WRITE setHandleWidth)
+    /// The colour of the line.
+    Q_PROPERTY(QColor lineColor READ lineColor WRITE setLineColor)
+    /// Whether the wheel changes the value.
+    Q_PROPERTY(bool wheelEnabled READ isWheelEnabled WRITE setWheelEnabled)
 
 public:
     /// With a line of 6 pixels in "#4B66EB", for a handle of 24, as the style sheet makes it.
@@ -27,8 +35,26 @@ public:
     CustomBidirectionSlider(int lineWidth, int handleWidth, QColor lineColor, QWidget *parent);
     ~CustomBidirectionSlider() override;
 
+    /// \return the thickness of the coloured line in pixels
+    int lineWidth() const { return m_lineWidth; }
+    /// \param width the thickness of the coloured line in pixels, 0 for a hairline; a negative one is painted as 0
+    void setLineWidth(int width);
+    /// \return how wide the handle is taken to be
+    int handleWidth() const { return m_handleWidth; }
+    /// \param width how wide the handle is taken to be; it does not change the handle itself
+    void setHandleWidth(int width);
+    /// \return the colour of the line
+    QColor lineColor() const { return m_lineColor; }
+    /// \param color the colour of the line
+    void setLineColor(const QColor &color);
+
     /// \param enable whether the wheel changes the value, false at first
     void enableWheel(bool enable);
+    /// \return whether the wheel changes the value
+    bool isWheelEnabled() const { return m_wheelEnabled; }
+    /// The same as enableWheel().
+    /// \param enabled whether the wheel changes the value
+    void setWheelEnabled(bool enabled) { enableWheel(enabled); }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

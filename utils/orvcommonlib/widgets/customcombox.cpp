@@ -41,6 +41,11 @@ void customcombox::setLineEditWidth(int width)
         lineEdit()->setFixedWidth(width);
 }
 
+int customcombox::lineEditWidth() const
+{
+    return lineEdit() ? lineEdit()->width() : 0;
+}
+
 void customcombox::setSpacingBetweenComboxAndPopupWidget(int spacing)
 {
     m_popupSpacing = spacing;

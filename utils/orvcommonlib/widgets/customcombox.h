@@ -17,6 +17,12 @@ class QTimer;
 class ORVCOMMONLIB_EXPORT customcombox : public QComboBox
 {
     Q_OBJECT
+    /// How many rows of the list show without scrolling, at most.
+    Q_PROPERTY(int visibleCount READ visibleCount WRITE setVisibleCount)
+    /// The width of the line edit: the fixed one, or the present one where none was set.
+    Q_PROPERTY(int lineEditWidth READ lineEditWidth WRITE setLineEditWidth)
+    /// A gap for subclasses that place the list themselves.
+    Q_PROPERTY(int popupSpacing READ popupSpacing WRITE setPopupSpacing)
 
 public:
     /// \param parent the owner; may be null
@@ -26,14 +32,26 @@ public:
     /// Limits the height of the list. The spelling is the interface's.
     /// \param count how many rows show without scrolling, at most
     void setVisableCount(int count);
+    /// The same as setVisableCount().
+    /// \param count how many rows show without scrolling, at most
+    void setVisibleCount(int count) { setVisableCount(count); }
+    /// \return how many rows show without scrolling, at most
+    int visibleCount() const { return maxVisibleItems(); }
 
     /// Fixes the width of the line edit; nothing happens where there is none.
     /// \param width in device-independent pixels
     void setLineEditWidth(int width);
+    /// \return the present width of the line edit, 0 where there is none
+    int lineEditWidth() const;
 
     /// Stores a gap for subclasses that place the list themselves; this class places the list as QComboBox does.
     /// \param spacing in device-independent pixels
     void setSpacingBetweenComboxAndPopupWidget(int spacing);
+    /// The same as setSpacingBetweenComboxAndPopupWidget().
+    /// \param spacing in device-independent pixels
+    void setPopupSpacing(int spacing) { setSpacingBetweenComboxAndPopupWidget(spacing); }
+    /// \return the gap that was stored, 4 at first
+    int popupSpacing() const { return m_popupSpacing; }
 
 protected:
     int spacingBetweenComboxAndPopupWidget() const { return m_popupSpacing; }

@@ -22,6 +22,8 @@ class QLabel;
 class ORVCOMMONLIB_EXPORT CustomComboxHeader : public QWidget
 {
     Q_OBJECT
+    /// The text that is shown.
+    Q_PROPERTY(QString text READ text WRITE setText)
 
 public:
     /// The normal style: fixed at 260 x 48.

@@ -72,6 +72,53 @@ void CustomizeIconButton::setOveralStyle(QString normal, QString hover, QString 
     updateUI();
 }
 
+void CustomizeIconButton::setText(const QString &text)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    m_textLabel->setText(text);
+    AccessibleNotification::nameChanged(this);
+}
+
+void CustomizeIconButton::setIconSize(const QSize &size)
+{
+    if (size == m_iconSize)
+        return;
+    m_iconSize = size;
+    m_iconLabel->setFixedSize(size);
+    for (QSpacerItem *room : qAsConst(m_room))
+        room->changeSize(1, size.height(), QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_row->invalidate();
+    update();
+}
+
+void CustomizeIconButton::setSpacing(int spacing)
+{
+    if (spacing == m_spacing)
+        return;
+    m_spacing = spacing;
+    m_row->setSpacing(spacing);
+    update();
+}
+
+void CustomizeIconButton::setCentered(bool centered)
+{
+    if (centered == isCentered())
+        return;
+    if (centered)
+        addRoom();
+    else
+        removeRoom();
+    update();
+}
+
+void CustomizeIconButton::setButtonEnabled(bool enabled)
+{
+    if (enabled != m_enabled)
+        setEnabled(enabled);
+}
+
 void CustomizeIconButton::setEnabled(bool enabled)
 {
     if (enabled != m_enabled) {
@@ -153,28 +200,40 @@ void CustomizeIconButton::paintEvent(QPaintEvent *event)
 
 void CustomizeIconButton::initControls(bool isCenter)
 {
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(m_spacing);
-    const auto addRoom = [&] {
-        layout->addItem(new QSpacerItem(1, m_iconSize.height(), QSizePolicy::Expanding, QSizePolicy::Fixed));
-    };
-
-    if (isCenter)
-        addRoom();
+    m_row = new QHBoxLayout(this);
+    m_row->setContentsMargins(0, 0, 0, 0);
+    m_row->setSpacing(m_spacing);
 
     m_iconLabel = new LazilyStyled<QLabel>(this);
     m_iconLabel->setFixedSize(m_iconSize);
     m_iconLabel->setProperty("state", QStringLiteral("normal"));
-    layout->addWidget(m_iconLabel, 0, Qt::AlignCenter);
+    m_row->addWidget(m_iconLabel, 0, Qt::AlignCenter);
 
     m_textLabel = new LazilyStyled<QLabel>(this);
     m_textLabel->setAlignment(Qt::AlignCenter);
     m_textLabel->setText(m_text);
-    layout->addWidget(m_textLabel, 0, Qt::AlignCenter);
+    m_row->addWidget(m_textLabel, 0, Qt::AlignCenter);
 
     if (isCenter)
         addRoom();
+}
+
+void CustomizeIconButton::addRoom()
+{
+    for (const int index : {0, -1}) {
+        auto *room = new QSpacerItem(1, m_iconSize.height(), QSizePolicy::Expanding, QSizePolicy::Fixed);
+        m_row->insertItem(index, room);
+        m_room.append(room);
+    }
+}
+
+void CustomizeIconButton::removeRoom()
+{
+    for (QSpacerItem *room : qAsConst(m_room)) {
+        m_row->removeItem(room);
+        delete room;
+    }
+    m_room.clear();
 }
 
 void CustomizeIconButton::updateUI()

@@ -5,13 +5,16 @@
 #include <QtCore/QPoint>
 #include <QtCore/QSize>
 #include <QtCore/QString>
+#include <QtCore/QVector>
 #include <QtWidgets/QWidget>
 
 #include <array>
 #include <memory>
 
 class PressGesture;
+class QBoxLayout;
 class QLabel;
+class QSpacerItem;
 
 /// A light button of an icon and a text whose whole look is style sheets: one for the button, one for the
 /// icon and one for the text in each of the states normal, hover, pressed and disabled.
@@ -27,6 +30,16 @@ class QLabel;
 class ORVCOMMONLIB_EXPORT CustomizeIconButton : public QWidget
 {
     Q_OBJECT
+    /// The text beside the icon.
+    Q_PROPERTY(QString text READ text WRITE setText)
+    /// The size of the icon.
+    Q_PROPERTY(QSize iconSize READ iconSize WRITE setIconSize)
+    /// The gap between icon and text.
+    Q_PROPERTY(int spacing READ spacing WRITE setSpacing)
+    /// Whether expanding room is put on both sides.
+    Q_PROPERTY(bool centered READ isCentered WRITE setCentered)
+    /// The class's own flag. Not QWidget::enabled.
+    Q_PROPERTY(bool buttonEnabled READ isButtonEnabled WRITE setButtonEnabled)
 
 public:
     /// An icon of 24 x 24 without a text, 8 pixels from it, in the middle.
@@ -51,10 +64,28 @@ public:
     /// \param normal,hover,pressed,disabled the sheet in each state; an empty one leaves the look alone
     void setOveralStyle(QString normal, QString hover, QString pressed, QString disabled);
 
+    /// \return the text beside the icon
     QString text() const { return m_text; }
+    /// \param text the text beside the icon
+    void setText(const QString &text);
+    /// \return the size of the icon, in device-independent pixels
+    QSize iconSize() const { return m_iconSize; }
+    /// \param size the size of the icon, in device-independent pixels
+    void setIconSize(const QSize &size);
+    /// \return the gap between icon and text, in device-independent pixels
+    int spacing() const { return m_spacing; }
+    /// \param spacing the gap between icon and text, in device-independent pixels; the style's own with -1
+    void setSpacing(int spacing);
+    /// \return whether expanding room is put on both sides
+    bool isCentered() const { return !m_room.isEmpty(); }
+    /// \param centered whether expanding room is put on both sides
+    void setCentered(bool centered);
 
-    /// This class's own flag, true at first.
+    /// \return this class's own flag, true at first
     bool isButtonEnabled() const { return m_enabled; }
+    /// As setEnabled() of this class, but without applying the sheets anew where the flag is as it was.
+    /// \param enabled whether the button takes pointer and clicks
+    void setButtonEnabled(bool enabled);
     /// Sets this class's own flag: a button that is not enabled ignores pointer, clicks and keys and shows the
     /// disabled look. It hides QWidget::setEnabled(): the widget itself and `isEnabled()` stay as they are.
     void setEnabled(bool enabled);
@@ -79,6 +110,8 @@ private:
     using Sheets = std::array<QString, StateCount>;
 
     void initControls(bool isCenter);
+    void addRoom();
+    void removeRoom();
     void updateUI();
     State state() const;
 
@@ -94,4 +127,6 @@ private:
     std::unique_ptr<PressGesture> m_press;
     bool m_enabled = true;
     QPoint m_pressPos;
+    QBoxLayout *m_row = nullptr;
+    QVector<QSpacerItem *> m_room; // on both sides of a centred button, empty otherwise
 };

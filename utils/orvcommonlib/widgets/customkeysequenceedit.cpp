@@ -46,10 +46,22 @@ void CustomKeySequenceEdit::setPlaceHolderText(const QString &text)
         edit->setPlaceholderText(text);
 }
 
+QString CustomKeySequenceEdit::placeholderText() const
+{
+    const QLineEdit *edit = innerLineEdit();
+    return edit ? edit->placeholderText() : QString();
+}
+
 void CustomKeySequenceEdit::setEditSize(QSize size)
 {
     if (QLineEdit *edit = innerLineEdit())
         edit->setFixedSize(size);
+}
+
+QSize CustomKeySequenceEdit::editSize() const
+{
+    const QLineEdit *edit = innerLineEdit();
+    return edit ? edit->size() : QSize();
 }
 
 void CustomKeySequenceEdit::setCustomObjectName(const QString &name)
@@ -66,6 +78,12 @@ void CustomKeySequenceEdit::setNoContextMenu(bool noMenu)
     QLineEdit *edit = innerLineEdit();
     if (edit && noMenu)
         edit->setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+bool CustomKeySequenceEdit::noContextMenu() const
+{
+    const QLineEdit *edit = innerLineEdit();
+    return edit && edit->contextMenuPolicy() == Qt::NoContextMenu;
 }
 
 void CustomKeySequenceEdit::clear()

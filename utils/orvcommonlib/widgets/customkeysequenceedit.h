@@ -22,6 +22,12 @@ class QLineEdit;
 class ORVCOMMONLIB_EXPORT CustomKeySequenceEdit : public QKeySequenceEdit
 {
     Q_OBJECT
+    /// The placeholder that shows now.
+    Q_PROPERTY(QString placeholderText READ placeholderText WRITE setPlaceholderText)
+    /// The size of the inner line edit: the fixed one, or the present one where none was set.
+    Q_PROPERTY(QSize editSize READ editSize WRITE setEditSize)
+    /// Whether the inner line edit has no context menu. Writing false changes nothing.
+    Q_PROPERTY(bool noContextMenu READ noContextMenu WRITE setNoContextMenu)
 
 public:
     /// \param parent the owner; may be null
@@ -40,9 +46,16 @@ public:
     /// \param text the placeholder that shows now. The constructor's one stays stored and returns with the
     ///        next clearing.
     void setPlaceHolderText(const QString &text);
+    /// The same as setPlaceHolderText().
+    /// \param text the placeholder that shows now
+    void setPlaceholderText(const QString &text) { setPlaceHolderText(text); }
+    /// \return the placeholder that shows now
+    QString placeholderText() const;
 
     /// \param size the fixed size of the inner line edit, in device-independent pixels
     void setEditSize(QSize size);
+    /// \return the present size of the inner line edit
+    QSize editSize() const;
 
     /// Renames the inner line edit, for style sheets to select on. The other setters go on finding it.
     /// \param name an object name of the client's own
@@ -51,6 +64,8 @@ public:
     /// \param noMenu true takes the context menu from the inner line edit; false does nothing, it does not
     ///        bring the menu back
     void setNoContextMenu(bool noMenu);
+    /// \return whether the inner line edit has no context menu
+    bool noContextMenu() const;
 
 public Q_SLOTS:
     /// Clears the sequence and shows the constructor's placeholder.

@@ -21,6 +21,8 @@
 class ORVCOMMONLIB_EXPORT CustomPictureBtn : public QPushButton
 {
     Q_OBJECT
+    /// The gap between picture and text.
+    Q_PROPERTY(int span READ span WRITE setSpan)
 
 public:
     /// Without pictures and text, to be given later.
@@ -91,6 +93,8 @@ public:
     /// Sets the gap between picture and text. Takes effect at the next computation of size or layout.
     /// \param span the gap; 0 at first
     void setSpan(int span);
+    /// \return the gap between picture and text
+    int span() const { return m_span; }
 
     /// Fixes the size to that of picture, gap and text. The height is the larger one of picture and font,
     /// where the font counts only when its size is given in pixels.

@@ -61,7 +61,10 @@ void CustomSliderBarWidget::setCount(int count)
         qInfo() << "error,set current count:" << count;
         return;
     }
+    if (count == m_count)
+        return;
     m_count = count;
+    update();
 }
 
 int CustomSliderBarWidget::getCount() const
@@ -81,6 +84,12 @@ void CustomSliderBarWidget::setCurrenIndex(int index)
 int CustomSliderBarWidget::getCurrentIndex() const
 {
     return m_currentIndex;
+}
+
+void CustomSliderBarWidget::setCurrentIndex(int index)
+{
+    if (index != m_currentIndex)
+        setCurrenIndex(index);
 }
 
 bool CustomSliderBarWidget::event(QEvent *event)

@@ -31,6 +31,10 @@ class SkinPainter;
 class ORVCOMMONLIB_EXPORT CustomSliderBarWidget : public QWidget
 {
     Q_OBJECT
+    /// The number of steps.
+    Q_PROPERTY(int count READ getCount WRITE setCount)
+    /// The current step.
+    Q_PROPERTY(int currentIndex READ getCurrentIndex WRITE setCurrentIndex USER true)
 
 public:
     /// \param parent the parent widget, or null
@@ -38,7 +42,6 @@ public:
     /// A bar that is destroyed while it is pressed ends the press for all bars.
     ~CustomSliderBarWidget() override;
 
-    /// Shows at the next paint.
     /// \param count the number of steps, 2 at first; less than 2 is not taken over, and logged at info level
     void setCount(int count);
     /// \return the number of steps
@@ -49,6 +52,9 @@ public:
     void setCurrenIndex(int index);
     /// \return the current step
     int getCurrentIndex() const;
+    /// As setCurrenIndex(), but without repainting a bar that shows this step already.
+    /// \param index the current step
+    void setCurrentIndex(int index);
 
 Q_SIGNALS:
     /// A button was released on the bar; any button, and whether or not the step has changed. Or a key has changed

@@ -42,8 +42,27 @@ enum SettingWidgetDirection : int {
 class ORVCOMMONLIB_EXPORT CustomToolButton : public QToolButton
 {
     Q_OBJECT
+    /// Whether the button becomes unchecked when a panel is hidden.
+    Q_PROPERTY(bool uncheckOnHide READ uncheckOnHide WRITE setUncheckOnHide)
+    /// The distance between the button and a panel under it.
+    Q_PROPERTY(int settingWidgetOffset READ settingWidgetOffset WRITE setSettingWidgetOffset)
+    /// The side on which the panels open.
+    Q_PROPERTY(SettingWidgetDirection settingWidgetDirection READ settingWidgetDirection WRITE
+                   setSettingWidgetDirection)
 
 public:
+#ifdef Q_MOC_RUN
+    // The meta-object has the directions as the button's own, which form code and Designer name them by.
+    enum SettingWidgetDirection{Bottom = 0, Left = 1, Top = 2, Right = 3};
+    Q_ENUM(SettingWidgetDirection)
+#else
+    using SettingWidgetDirection = ::SettingWidgetDirection;
+    static constexpr SettingWidgetDirection Bottom = ::Bottom; ///< as ::Bottom, for generated form code
+    static constexpr SettingWidgetDirection Left = ::Left;     ///< as ::Left, for generated form code
+    static constexpr SettingWidgetDirection Top = ::Top;       ///< as ::Top, for generated form code
+    static constexpr SettingWidgetDirection Right = ::Right;   ///< as ::Right, for generated form code
+#endif
+
     /// A button that stays checked when a panel is hidden, and whose panels open under it.
     /// \param parent the parent widget, or null
     explicit CustomToolButton(QWidget *parent = nullptr);
@@ -74,16 +93,54 @@ public:
     void setHoverWidget(QWidget *panel, bool takeFocus);
 
     /// \return the panel that a click opens, or null
-    QWidget *clickWidget() const { return m_clickPanel.widget; }
+    QWidget *clickWidget() const
+    {
+        return m_clickPanel.widget;
+    }
     /// \return the panel that a right click opens, or null
-    QWidget *rightClickWidget() const { return m_rightClickPanel.widget; }
+    QWidget *rightClickWidget() const
+    {
+        return m_rightClickPanel.widget;
+    }
     /// \return the panel that hovering opens, or null
-    QWidget *hoverWidget() const { return m_hoverPanel.widget; }
+    QWidget *hoverWidget() const
+    {
+        return m_hoverPanel.widget;
+    }
     /// Opens the right-click panel, if there is one, as a right click does.
     void showRightClickWidget();
 
-    /// \param offset the distance between the button and a panel under it; 6 at first
+    /// \return whether the button becomes unchecked when a panel is hidden
+    bool uncheckOnHide() const
+    {
+        return m_uncheckOnHide;
+    }
+    /// \param uncheck whether the button becomes unchecked when a panel is hidden, as the constructor has it
+    void setUncheckOnHide(bool uncheck)
+    {
+        m_uncheckOnHide = uncheck;
+    }
+
+    /// \param offset the distance between the button and a panel under it; 6 at first. Panels that are shown stay
+    ///               where they are until adjustWidgetPosition().
     void setSettingWidgetOffset(int offset);
+    /// \return the distance between the button and a panel under it
+    int settingWidgetOffset() const
+    {
+        return m_offset;
+    }
+
+    /// \return the side on which the panels open
+    SettingWidgetDirection settingWidgetDirection() const
+    {
+        return m_direction;
+    }
+    /// \param direction the side on which the panels open; a value other than the four places no panel. Panels
+    ///                  that are shown stay where they are until adjustWidgetPosition().
+    void setSettingWidgetDirection(SettingWidgetDirection direction)
+    {
+        m_direction = direction;
+    }
 
     /// Places all panels anew: to be called after the button has moved.
     void adjustWidgetPosition();
@@ -131,3 +188,13 @@ private:
     int m_offset = 6;
     QTimer *m_hoverTimer = nullptr; // of the present hover panel
 };
+
+/// The same for QMetaEnum::fromType() and QVariant::fromValue(), as Q_ENUM does it inside a class.
+inline const QMetaObject *qt_getEnumMetaObject(SettingWidgetDirection)
+{
+    return &CustomToolButton::staticMetaObject;
+}
+constexpr const char *qt_getEnumName(SettingWidgetDirection)
+{
+    return "SettingWidgetDirection";
+}

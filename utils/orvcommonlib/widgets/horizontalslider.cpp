@@ -45,9 +45,19 @@ int HorizontalSlider::minimum() const
     return m_logic->minimum();
 }
 
+void HorizontalSlider::setMinimum(int min)
+{
+    m_logic->setMinimum(min);
+}
+
 int HorizontalSlider::maximum() const
 {
     return m_logic->maximum();
+}
+
+void HorizontalSlider::setMaximum(int max)
+{
+    m_logic->setMaximum(max);
 }
 
 int HorizontalSlider::value() const
@@ -62,8 +72,11 @@ void HorizontalSlider::setValue(int val)
 
 void HorizontalSlider::setSkinPath(QString skinPath)
 {
-    m_skinPath = std::move(skinPath);
     SkinPainter::forgetFiles();
+    if (skinPath == m_skinPath)
+        return;
+    m_skinPath = std::move(skinPath);
+    update();
 }
 
 QString HorizontalSlider::getSkinPath() const
@@ -73,7 +86,15 @@ QString HorizontalSlider::getSkinPath() const
 
 void HorizontalSlider::setGrooveHeight(int height)
 {
+    if (height == m_grooveHeight)
+        return;
     m_grooveHeight = height;
+    update();
+}
+
+int HorizontalSlider::grooveHeight() const
+{
+    return m_grooveHeight;
 }
 
 void HorizontalSlider::setHandleSize(QSize size)
@@ -81,9 +102,35 @@ void HorizontalSlider::setHandleSize(QSize size)
     m_logic->setHandleSize(size);
 }
 
+QSize HorizontalSlider::handleSize() const
+{
+    return m_logic->handleSize();
+}
+
 void HorizontalSlider::setValueColor(QColor color)
 {
+    if (color == m_valueColor)
+        return;
     m_valueColor = color;
+    update();
+}
+
+QColor HorizontalSlider::valueColor() const
+{
+    return m_valueColor;
+}
+
+void HorizontalSlider::setBidirectional(bool bidirectional)
+{
+    if (bidirectional == m_bidirectional)
+        return;
+    m_bidirectional = bidirectional;
+    update();
+}
+
+bool HorizontalSlider::isBidirectional() const
+{
+    return m_bidirectional;
 }
 
 void HorizontalSlider::showZeroFlag()

@@ -38,6 +38,22 @@ class HorizontalSliderLogic;
 class ORVCOMMONLIB_EXPORT HorizontalSlider : public QWidget
 {
     Q_OBJECT
+    /// The value at the left end.
+    Q_PROPERTY(int minimum READ minimum WRITE setMinimum)
+    /// The value at the right end.
+    Q_PROPERTY(int maximum READ maximum WRITE setMaximum)
+    /// The value, which may lie outside the range.
+    Q_PROPERTY(int value READ value WRITE setValue NOTIFY valueChanged USER true)
+    /// The folder of the skin.
+    Q_PROPERTY(QString skinPath READ getSkinPath WRITE setSkinPath)
+    /// The height of the groove.
+    Q_PROPERTY(int grooveHeight READ grooveHeight WRITE setGrooveHeight)
+    /// The size of the handle.
+    Q_PROPERTY(QSize handleSize READ handleSize WRITE setHandleSize)
+    /// The colour of the groove up to the value.
+    Q_PROPERTY(QColor valueColor READ valueColor WRITE setValueColor)
+    /// Whether the colour starts at the centre of the range.
+    Q_PROPERTY(bool bidirectional READ isBidirectional WRITE setBidirectional)
 
 public:
     /// \param parent        the parent widget, or null
@@ -54,10 +70,16 @@ public:
     /// \param min the value at the left end, 0 at first
     /// \param max the value at the right end, 100 at first
     void setRange(int min, int max);
-    /// \return the lower end of the range
+    /// \return the value at the left end
     int minimum() const;
-    /// \return the upper end of the range
+    /// As setRange(), with the right end as it is.
+    /// \param min the value at the left end
+    void setMinimum(int min);
+    /// \return the value at the right end
     int maximum() const;
+    /// As setRange(), with the left end as it is.
+    /// \param max the value at the right end
+    void setMaximum(int max);
 
     /// \return the value, 0 at first
     int value() const;
@@ -65,22 +87,31 @@ public:
     /// \param val the value, deliberately not brought into the range: the handle then stands outside
     void setValue(int val);
 
-    /// Shows at the next paint, and so does what has changed in the folder since it was set the last time: what
-    /// a file contains is remembered until a skin is set in any slider, or a slider is made.
+    /// The next paint also shows what has changed in the folder since it was set the last time: what a file
+    /// contains is remembered until a skin is set in any slider, or a slider is made.
     /// \param skinPath the folder of the skin, ":/images/images/hslider/" at first
     void setSkinPath(QString skinPath);
     /// \return the folder of the skin
     QString getSkinPath() const;
 
-    /// Shows at the next paint.
     /// \param height the height of the groove, 10 at first
     void setGrooveHeight(int height);
-    /// Shows at the next paint. The slider keeps its size.
+    /// \return the height of the groove
+    int grooveHeight() const;
+    /// The slider keeps its size.
     /// \param size the size of the handle, 14 x 14 at first
     void setHandleSize(QSize size);
-    /// Shows at the next paint.
+    /// \return the size of the handle
+    QSize handleSize() const;
     /// \param color the colour of the groove up to the value, "#ABADBF" at first
     void setValueColor(QColor color);
+    /// \return the colour of the groove up to the value
+    QColor valueColor() const;
+
+    /// \param bidirectional whether the colour starts at the centre of the range
+    void setBidirectional(bool bidirectional);
+    /// \return whether the colour starts at the centre of the range
+    bool isBidirectional() const;
 
     /// Draws the centre mark from the next paint on. The slider keeps its size, so that the mark of one that
     /// was built without it needs a client that makes room.

@@ -41,9 +41,19 @@ int NewHorizontalSlider::minimum() const
     return m_logic->minimum();
 }
 
+void NewHorizontalSlider::setMinimum(int min)
+{
+    m_logic->setMinimum(min);
+}
+
 int NewHorizontalSlider::maximum() const
 {
     return m_logic->maximum();
+}
+
+void NewHorizontalSlider::setMaximum(int max)
+{
+    m_logic->setMaximum(max);
 }
 
 int NewHorizontalSlider::value() const
@@ -58,8 +68,11 @@ void NewHorizontalSlider::setValue(int val)
 
 void NewHorizontalSlider::setSkinPath(QString skinPath)
 {
-    m_skinPath = std::move(skinPath);
     SkinPainter::forgetFiles();
+    if (skinPath == m_skinPath)
+        return;
+    m_skinPath = std::move(skinPath);
+    update();
 }
 
 QString NewHorizontalSlider::getSkinPath() const
@@ -72,22 +85,53 @@ void NewHorizontalSlider::setGrooveHeight(int height)
     m_grooveHeight = height;
 }
 
+int NewHorizontalSlider::grooveHeight() const
+{
+    return m_grooveHeight;
+}
+
 void NewHorizontalSlider::setHandleSize(QSize size)
 {
     m_logic->setHandleSize(size);
 }
 
+QSize NewHorizontalSlider::handleSize() const
+{
+    return m_logic->handleSize();
+}
+
 void NewHorizontalSlider::setValueColor(QColor color)
 {
+    if (color == m_valueColor)
+        return;
     m_valueColor = color;
+    update();
+}
+
+QColor NewHorizontalSlider::valueColor() const
+{
+    return m_valueColor;
+}
+
+void NewHorizontalSlider::setBidirectional(bool bidirectional)
+{
+    if (bidirectional == m_bidirectional)
+        return;
+    m_bidirectional = bidirectional;
+    update();
+}
+
+bool NewHorizontalSlider::isBidirectional() const
+{
+    return m_bidirectional;
 }
 
 void NewHorizontalSlider::setSliderEnabled(bool enabled)
 {
-    if (enabled != m_sliderEnabled) {
-        m_sliderEnabled = enabled;
-        AccessibleNotification::disabledChanged(this);
-    }
+    if (enabled == m_sliderEnabled)
+        return;
+    m_sliderEnabled = enabled;
+    AccessibleNotification::disabledChanged(this);
     update();
 }
 

@@ -23,6 +23,24 @@ class HorizontalSliderLogic;
 class ORVCOMMONLIB_EXPORT NewHorizontalSlider : public QWidget
 {
     Q_OBJECT
+    /// The value at the left end.
+    Q_PROPERTY(int minimum READ minimum WRITE setMinimum)
+    /// The value at the right end.
+    Q_PROPERTY(int maximum READ maximum WRITE setMaximum)
+    /// The value, which may lie outside the range.
+    Q_PROPERTY(int value READ value WRITE setValue NOTIFY valueChanged USER true)
+    /// The folder of the skin.
+    Q_PROPERTY(QString skinPath READ getSkinPath WRITE setSkinPath)
+    /// The height of the groove, which is not used.
+    Q_PROPERTY(int grooveHeight READ grooveHeight WRITE setGrooveHeight)
+    /// The size of the handle.
+    Q_PROPERTY(QSize handleSize READ handleSize WRITE setHandleSize)
+    /// The colour of the groove up to the value while the slider is enabled.
+    Q_PROPERTY(QColor valueColor READ valueColor WRITE setValueColor)
+    /// Whether the colour starts at the centre of the range.
+    Q_PROPERTY(bool bidirectional READ isBidirectional WRITE setBidirectional)
+    /// Whether the slider takes presses and wears its colours. Not QWidget::enabled.
+    Q_PROPERTY(bool sliderEnabled READ isSliderEnabled WRITE setSliderEnabled)
 
 public:
     /// Of the measures that a HorizontalSlider has: 206 x 14 with a handle of 14 x 14, coloured from the left end.
@@ -37,10 +55,14 @@ public:
 
     /// \copydoc HorizontalSlider::setRange
     void setRange(int min, int max);
-    /// \return the lower end of the range
+    /// \copydoc HorizontalSlider::minimum
     int minimum() const;
-    /// \return the upper end of the range
+    /// \copydoc HorizontalSlider::setMinimum
+    void setMinimum(int min);
+    /// \copydoc HorizontalSlider::maximum
     int maximum() const;
+    /// \copydoc HorizontalSlider::setMaximum
+    void setMaximum(int max);
 
     /// \copydoc HorizontalSlider::value
     int value() const;
@@ -56,12 +78,21 @@ public:
     /// Kept for clients of HorizontalSlider.
     /// \param height not used: the groove fills the slider
     void setGrooveHeight(int height);
-    /// Shows at the next paint.
+    /// \return what setGrooveHeight() has set, 10 at first
+    int grooveHeight() const;
     /// \param size the size of the handle
     void setHandleSize(QSize size);
-    /// Shows at the next paint.
+    /// \copydoc HorizontalSlider::handleSize
+    QSize handleSize() const;
     /// \param color the colour of the groove up to the value while the slider is enabled, "#4B66EB" at first
     void setValueColor(QColor color);
+    /// \return the colour of the groove up to the value while the slider is enabled
+    QColor valueColor() const;
+
+    /// \copydoc HorizontalSlider::setBidirectional
+    void setBidirectional(bool bidirectional);
+    /// \copydoc HorizontalSlider::isBidirectional
+    bool isBidirectional() const;
 
     /// This is not QWidget::setEnabled(). A drag in progress goes on following the pointer while the slider is
     /// disabled; its release is not seen, so that it ends with the first release after the slider is enabled

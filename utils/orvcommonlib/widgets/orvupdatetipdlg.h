@@ -22,6 +22,8 @@ class QVBoxLayout;
 class ORVCOMMONLIB_EXPORT OrvUpdateTipDlg : public BaseMoveDialogWithBackImage
 {
     Q_OBJECT
+    /// The text of the title label.
+    Q_PROPERTY(QString title READ title)
     Q_DISABLE_COPY(OrvUpdateTipDlg)
 
 public:

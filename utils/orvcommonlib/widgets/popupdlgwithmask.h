@@ -29,6 +29,8 @@ class QVBoxLayout;
 class ORVCOMMONLIB_EXPORT PopupDlgWithMask : public BaseMoveDialog
 {
     Q_OBJECT
+    /// The text of the title label.
+    Q_PROPERTY(QString title READ title)
     Q_DISABLE_COPY(PopupDlgWithMask)
 
 public:

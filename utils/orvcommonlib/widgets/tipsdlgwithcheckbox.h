@@ -24,6 +24,8 @@ class QVBoxLayout;
 class ORVCOMMONLIB_EXPORT TipsDlgWithCheckbox : public BaseMoveDialogWithBackImage
 {
     Q_OBJECT
+    /// The text of the title label.
+    Q_PROPERTY(QString title READ title)
     Q_DISABLE_COPY(TipsDlgWithCheckbox)
 
 public:
