@@ -1,5 +1,6 @@
 #include "orvcommonlib.h"
 
+#include "orvqtcompat.h"
 #include "picturecanvas.h"
 
 #include <QtCore/QCryptographicHash>
@@ -364,12 +365,10 @@ void moveToScreenCenter(QWidget *widget, int index)
 
 int getFontWidth(int pixelSize, const QString &text, QFont &font, int weight)
 {
-    constexpr int kLightest = 0;
-    constexpr int kHeaviest = 99;
     constexpr int kSpare = 2;
     font.setFamily(productFontFamily());
     font.setPixelSize(pixelSize);
-    font.setWeight(qBound(kLightest, weight, kHeaviest));
+    font.setWeight(QFont::Weight(qBound(orvqt::kLightestFont, weight, orvqt::kHeaviestFont)));
     return QFontMetrics(font).boundingRect(text).width() + kSpare;
 }
 
@@ -395,7 +394,7 @@ QString generateMd5(QString text)
     }
     const std::string bytes = text.toStdString();
     QCryptographicHash hash(QCryptographicHash::Md5);
-    hash.addData(bytes.c_str(), int(qstrlen(bytes.c_str())));
+    hash.addData(QByteArray(bytes.c_str())); // up to the first NUL
     return hexDigits(hash);
 }
 

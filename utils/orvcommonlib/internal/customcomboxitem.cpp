@@ -210,7 +210,7 @@ void CustomComboxItem::mouseReleaseEvent(QMouseEvent *event)
     click();
 }
 
-void CustomComboxItem::enterEvent(QEvent *event)
+void CustomComboxItem::enterEvent(orvqt::EnterEvent *event)
 {
     setHovered(true);
     QWidget::enterEvent(event);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lazilystyled.h"
+#include "orvqtcompat.h"
 #include "pressgesture.h"
 
 #include <QtCore/QPoint>
@@ -60,7 +61,7 @@ Q_SIGNALS:
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(orvqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -88,7 +88,7 @@ bool HorizontalSliderLogic::move(QMouseEvent *event)
     if (!tell(m_sliderMoving, true))
         return false;
     // Beyond the edges the drag rests until the pointer is back inside.
-    if (!m_moving || event->x() < 0 || event->x() > m_slider->width())
+    if (!m_moving || event->pos().x() < 0 || event->pos().x() > m_slider->width())
         return true;
     if (!updateState(event->pos()))
         return false;
@@ -103,7 +103,7 @@ bool HorizontalSliderLogic::release(QMouseEvent *event)
         return true;
     m_press.end();
     if (std::exchange(m_pressed, Nothing) == Groove)
-        return clickGroove(event->x());
+        return clickGroove(event->pos().x());
     if (!m_moving)
         return true;
     if (!updateState(event->pos()))
@@ -142,7 +142,7 @@ bool HorizontalSliderLogic::pressKey(const QKeyEvent *event)
     default:
         return false;
     }
-    setValue(int(qBound<qint64>(m_minimum, wanted, m_maximum)));
+    setValue(int(qBound(qint64(m_minimum), wanted, qint64(m_maximum))));
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "qhotkey.h"
 
 #include "hotkeycallgate.h"
+#include "orvqtcompat.h"
 #include "qhotkey_p.h"
 
 #include <QtCore/QAbstractEventDispatcher>
@@ -94,7 +95,7 @@ QKeySequence QHotkey::shortcut() const
 {
     if (m_keyCode == Qt::Key_unknown)
         return {};
-    return {static_cast<int>(m_keyCode | m_modifiers)};
+    return {static_cast<int>(m_keyCode) | static_cast<int>(m_modifiers)};
 }
 
 Qt::Key QHotkey::keyCode() const
@@ -132,7 +133,7 @@ bool QHotkey::setShortcut(const QKeySequence &shortcut, bool autoRegister)
                                  "Only the first shortcut will be used!";
     }
 
-    const uint combination = static_cast<uint>(shortcut[0]);
+    const uint combination = static_cast<uint>(orvqt::firstCombination(shortcut));
     const uint modifierMask = Qt::KeyboardModifierMask;
     return setShortcut(static_cast<Qt::Key>(combination & ~modifierMask),
                        Qt::KeyboardModifiers(QFlag(combination & modifierMask)), autoRegister);

@@ -1,5 +1,6 @@
 // Systems for which there is no backend: no key is known, no shortcut can be registered, and the log says so.
 
+#include "orvqtcompat.h"
 #include "qhotkey_p.h"
 
 #include <QtCore/QGlobalStatic>
@@ -9,7 +10,7 @@
 class QHotkeyPrivateNone : public QHotkeyPrivate
 {
 public:
-    bool nativeEventFilter(const QByteArray &, void *, long *) override { return false; }
+    bool nativeEventFilter(const QByteArray &, void *, orvqt::NativeResult *) override { return false; }
 
 protected:
     bool hasSystem() const override { return false; }

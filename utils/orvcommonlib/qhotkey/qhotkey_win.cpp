@@ -1,6 +1,7 @@
 // Global hotkeys through RegisterHotKey().
 
 #include "nativekeys.h"
+#include "orvqtcompat.h"
 #include "qhotkey_p.h"
 
 #include <QtCore/QGlobalStatic>
@@ -98,7 +99,7 @@ QByteArray systemText(DWORD error)
 class QHotkeyPrivateWin : public QHotkeyPrivate
 {
 public:
-    bool nativeEventFilter(const QByteArray &eventType, void *message, long *result) override;
+    bool nativeEventFilter(const QByteArray &eventType, void *message, orvqt::NativeResult *result) override;
 
 protected:
     quint32 nativeKeycode(Qt::Key keycode, bool &ok) override;
@@ -115,7 +116,8 @@ QHotkeyPrivate *QHotkeyPrivate::instance()
 }
 
 // The system posts WM_HOTKEY to the thread that has registered, and everybody else may see it too.
-bool QHotkeyPrivateWin::nativeEventFilter(const QByteArray & /*eventType*/, void *message, long * /*result*/)
+bool QHotkeyPrivateWin::nativeEventFilter(const QByteArray & /*eventType*/, void *message,
+                                          orvqt::NativeResult * /*result*/)
 {
     const MSG *const msg = static_cast<MSG *>(message);
     if (msg->message == WM_HOTKEY)

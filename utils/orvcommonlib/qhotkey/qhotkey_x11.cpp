@@ -1,7 +1,9 @@
 // Global hotkeys through passive key grabs on the root windows of the X server.
 
 #include "nativekeys.h"
+#include "orvqtcompat.h"
 #include "qhotkey_p.h"
+#include "x11application.h"
 #include "x11keyboardmap.h"
 
 #include <QtCore/QGlobalStatic>
@@ -9,7 +11,6 @@
 #include <QtCore/QPointer>
 #include <QtCore/QSet>
 #include <QtGui/QGuiApplication>
-#include <QtX11Extras/QX11Info>
 
 #include <algorithm>
 #include <cstdlib>
@@ -53,7 +54,7 @@ QVector<xcb_window_t> rootWindows(xcb_connection_t *connection)
 
 void ungrab(const Chords &chords)
 {
-    xcb_connection_t *connection = QX11Info::connection();
+    xcb_connection_t *connection = x11application::connection();
     if (!connection || chords.isEmpty())
         return;
     const QVector<xcb_window_t> roots = rootWindows(connection);
@@ -68,7 +69,7 @@ void ungrab(const Chords &chords)
 // Grabs all of them or none; what went wrong, or an empty text.
 QByteArray grab(const Chords &chords)
 {
-    xcb_connection_t *connection = QX11Info::connection();
+    xcb_connection_t *connection = x11application::connection();
     const QVector<xcb_window_t> roots = rootWindows(connection);
     QVector<xcb_void_cookie_t> requests;
     for (const Chord &chord : chords) {
@@ -100,14 +101,14 @@ QByteArray grab(const Chords &chords)
 class QHotkeyPrivateX11 : public QHotkeyPrivate
 {
 public:
-    bool nativeEventFilter(const QByteArray &eventType, void *message, long *result) override;
+    bool nativeEventFilter(const QByteArray &eventType, void *message, orvqt::NativeResult *result) override;
 
 protected:
     quint32 nativeKeycode(Qt::Key keycode, bool &ok) override;
     quint32 nativeModifiers(Qt::KeyboardModifiers modifiers, bool &ok) override;
     bool registerShortcut(QHotkey::NativeShortcut shortcut) override;
     bool unregisterShortcut(QHotkey::NativeShortcut shortcut) override;
-    bool hasSystem() const override { return QX11Info::isPlatformX11(); }
+    bool hasSystem() const override { return x11application::connection() != nullptr; }
     bool systemHolds(QHotkey::NativeShortcut shortcut) override;
 
 private:
@@ -202,7 +203,8 @@ void QHotkeyPrivateX11::releaseUnused()
     m_held = used;
 }
 
-bool QHotkeyPrivateX11::nativeEventFilter(const QByteArray &eventType, void *message, long * /*result*/)
+bool QHotkeyPrivateX11::nativeEventFilter(const QByteArray &eventType, void *message,
+                                          orvqt::NativeResult * /*result*/)
 {
     static const QByteArray xcbEvent = QByteArrayLiteral("xcb_generic_event_t");
     if (eventType != xcbEvent)

@@ -1,10 +1,10 @@
 #include "x11keyboardmap.h"
 
 #include "nativekeys.h"
+#include "x11application.h"
 
 #include <QtCore/QChar>
 #include <QtCore/QMetaEnum>
-#include <QtX11Extras/QX11Info>
 
 #include <xkbcommon/xkbcommon.h>
 
@@ -91,9 +91,9 @@ int modifierOf(XkbDescPtr keyboard, int keycode)
 X11KeyboardMap X11KeyboardMap::current()
 {
     X11KeyboardMap map;
-    Display *display = QX11Info::display();
+    Display *display = x11application::display();
     XkbStateRec state;
-    if (!display || xcb_connection_has_error(QX11Info::connection()) ||
+    if (!display || xcb_connection_has_error(x11application::connection()) ||
         !XkbQueryExtension(display, nullptr, &map.m_extensionEvent, nullptr, nullptr, nullptr) ||
         XkbGetState(display, XkbUseCoreKbd, &state) != Success)
         return map;

@@ -72,7 +72,7 @@ public:
             int end = at;
             while (end < text.size() && canBeInReference(text.at(end)))
                 ++end;
-            result += text.midRef(done, at - done);
+            result.append(text.constData() + done, at - done);
             done = end;
             QString part = text.mid(at, end - at);
             const int tooLong = replaceInPart(part, longest - result.size() - (text.size() - done));
@@ -80,7 +80,7 @@ public:
                 return tooLong;
             result += part;
         }
-        text = result + text.midRef(done);
+        text = result.append(text.constData() + done, text.size() - done);
         return -1;
     }
 
@@ -103,7 +103,8 @@ private:
                 const auto places = m_places.constFind(QStringView(text).mid(at, length));
                 if (places == m_places.constEnd())
                     continue;
-                const auto place = std::lower_bound(places->cbegin(), places->cend(), from);
+                const QVector<int>::const_iterator place =
+                    std::lower_bound(places->cbegin(), places->cend(), from);
                 if (place != places->cend())
                     next = qMin(next, *place);
             }

@@ -2,6 +2,7 @@
 
 #include "framelesshelper.h"
 #include "orvcommonlib.h"
+#include "orvqtcompat.h"
 #include "pressgesture.h"
 #include "stylesheetpainting.h"
 
@@ -156,7 +157,7 @@ void BaseMoveDialog::mousePressEvent(QMouseEvent *event)
     m_isMoving = true;
     m_movedSincePress = false;
     if (m_canMove && event->button() == Qt::LeftButton) {
-        m_dragOffset = event->globalPos() - frameGeometry().topLeft();
+        m_dragOffset = orvqt::globalPosition(event) - frameGeometry().topLeft();
         if (m_rectOfCanDrag)
             m_dragAllowedNow = m_rectOfCanDrag->contains(event->pos());
     }
@@ -176,7 +177,7 @@ void BaseMoveDialog::mouseMoveEvent(QMouseEvent *event)
     if (dragging && m_dragAllowedNow) {
         const QPointer<BaseMoveDialog> alive(this);
         m_reportingMove = true;
-        Q_EMIT sig_windowMoved(keptInRectOfCanMove(event->globalPos() - m_dragOffset));
+        Q_EMIT sig_windowMoved(keptInRectOfCanMove(orvqt::globalPosition(event) - m_dragOffset));
         if (!survived(alive, event))
             return;
         // A slot that has taken the press its end has also taken the report back.

@@ -1,5 +1,7 @@
 #include "customcombox.h"
 
+#include "orvqtcompat.h"
+
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtGui/QMouseEvent>
@@ -102,7 +104,7 @@ bool customcombox::eventFilter(QObject *watched, QEvent *event)
 void customcombox::pressArrow(QMouseEvent *event)
 {
     // The line edit gets the event afterwards with the moved position, as subclasses have come to know it.
-    event->setLocalPos(arrowCenter());
+    orvqt::setPosition(event, arrowCenter());
     mousePressEvent(event);
 }
 

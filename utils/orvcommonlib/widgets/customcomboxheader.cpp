@@ -104,7 +104,7 @@ void CustomComboxHeader::mouseReleaseEvent(QMouseEvent *event)
     QWidget::mouseReleaseEvent(event);
 }
 
-void CustomComboxHeader::enterEvent(QEvent *event)
+void CustomComboxHeader::enterEvent(orvqt::EnterEvent *event)
 {
     setCursor(Qt::PointingHandCursor);
     QWidget::enterEvent(event);

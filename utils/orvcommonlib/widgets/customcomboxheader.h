@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orvcommonlib_global.h"
+#include "orvqtcompat.h"
 
 #include <QtCore/QPoint>
 #include <QtCore/QString>
@@ -56,7 +57,7 @@ Q_SIGNALS:
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(orvqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

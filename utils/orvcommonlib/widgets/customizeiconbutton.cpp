@@ -128,7 +128,7 @@ void CustomizeIconButton::setEnabled(bool enabled)
     updateUI();
 }
 
-void CustomizeIconButton::enterEvent(QEvent *event)
+void CustomizeIconButton::enterEvent(orvqt::EnterEvent *event)
 {
     if (m_enabled) {
         m_hovered = true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orvcommonlib_global.h"
+#include "orvqtcompat.h"
 
 #include <QtCore/QPoint>
 #include <QtCore/QSize>
@@ -94,7 +95,7 @@ Q_SIGNALS:
     void clicked();
 
 protected:
-    void enterEvent(QEvent *event) override;
+    void enterEvent(orvqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

@@ -132,7 +132,7 @@ void CustomPictureBtn::resizeWithIconAndText()
     update();
 }
 
-void CustomPictureBtn::enterEvent(QEvent *event)
+void CustomPictureBtn::enterEvent(orvqt::EnterEvent *event)
 {
     m_hovered = true;
     update();

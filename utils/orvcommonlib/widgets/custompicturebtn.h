@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orvcommonlib_global.h"
+#include "orvqtcompat.h"
 
 #include <QtGui/QColor>
 #include <QtGui/QFont>
@@ -101,7 +102,7 @@ public:
     void resizeWithIconAndText();
 
 protected:
-    void enterEvent(QEvent *event) override;
+    void enterEvent(orvqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

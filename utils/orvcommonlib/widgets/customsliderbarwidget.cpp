@@ -151,7 +151,7 @@ void CustomSliderBarWidget::focusOutEvent(QFocusEvent *event)
 
 void CustomSliderBarWidget::choose(qint64 wanted)
 {
-    const int index = int(qBound<qint64>(0, wanted, m_count - 1));
+    const int index = int(qBound(qint64(0), qint64(wanted), qint64(m_count) - 1));
     if (index == m_currentIndex)
         return;
     setCurrenIndex(index);
@@ -209,7 +209,7 @@ void CustomSliderBarWidget::paintEvent(QPaintEvent *)
     painter.paintColored(
         QStringLiteral("background.svg"), area(), SkinPainter::pixelSize(area().size(), ratio),
         {0, std::trunc(double(fillX()) * ratio) + 1}, lookColor(QStringLiteral("stepsValue")));
-    const qint64 reached = qBound<qint64>(0, qint64(m_currentIndex) + 1, m_count);
+    const qint64 reached = qBound(qint64(0), qint64(m_currentIndex) + 1, qint64(m_count));
     paintMarks(&painter, QStringLiteral("item_active.svg"), 0, reached);
     paintMarks(&painter, QStringLiteral("item.svg"), reached, m_count);
     painter.paint(QStringLiteral("select.svg"), squareAt(fillX(), kKnobSide));

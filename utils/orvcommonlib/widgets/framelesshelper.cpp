@@ -1,5 +1,6 @@
 #include "framelesshelper.h"
 
+#include "orvqtcompat.h"
 #include "pressgesture.h"
 
 #include <QtCore/QHash>
@@ -280,8 +281,8 @@ void WatchedWidgetState::handlePress(const QMouseEvent *event)
     m_press.begin();
     m_titlePressed = event->pos().y() < qint64(EdgeHitTest::titleHeight);
     const QRect frame = m_widget->frameGeometry();
-    m_pressEdges.hitTest(event->globalPos(), frame, *m_helperState);
-    m_dragOffset = event->globalPos() - frame.topLeft();
+    m_pressEdges.hitTest(orvqt::globalPosition(event), frame, *m_helperState);
+    m_dragOffset = orvqt::globalPosition(event) - frame.topLeft();
 
     const bool banded =
         m_pressEdges.onAnyEdge ? m_helperState->rubberBandResize : m_helperState->rubberBandMove;
@@ -306,18 +307,18 @@ void WatchedWidgetState::handleMouseMove(const QMouseEvent *event)
 {
     if (m_press.isUnderWay()) {
         if (m_helperState->resizable && m_pressEdges.onAnyEdge)
-            resizeTo(event->globalPos());
+            resizeTo(orvqt::globalPosition(event));
         else if (m_helperState->movable && m_titlePressed)
-            moveTo(event->globalPos());
+            moveTo(orvqt::globalPosition(event));
     } else if (m_helperState->resizable) {
-        updateCursor(event->globalPos());
+        updateCursor(orvqt::globalPosition(event));
     }
 }
 
 void WatchedWidgetState::handleHoverMove(const QHoverEvent *event)
 {
     if (m_helperState->resizable)
-        updateCursor(m_widget->mapToGlobal(event->pos()));
+        updateCursor(m_widget->mapToGlobal(orvqt::position(event)));
 }
 
 void WatchedWidgetState::handleLeave()
