@@ -1,6 +1,7 @@
 #include "dialogbuttons.h"
 
 #include "looksheets.h"
+#include "plainkey.h"
 
 #include <QtWidgets/QPushButton>
 
@@ -31,4 +32,15 @@ QPushButton *DialogButtons::createActionButton(QWidget *dialog, const QString &t
     button->setAttribute(Qt::WA_LayoutUsesWidgetRect);
     button->setText(text);
     return button;
+}
+
+bool DialogButtons::clickByKey(const QKeyEvent *event, QPushButton *closeButton, QPushButton *confirmButton)
+{
+    const int key = plainKey(event);
+    if (key != Qt::Key_Escape && key != Qt::Key_Return)
+        return false;
+    QPushButton *button = key == Qt::Key_Escape ? closeButton : confirmButton;
+    if (button && button->isVisibleTo(button->window()) && !event->isAutoRepeat())
+        button->click();
+    return true;
 }

@@ -3,12 +3,18 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QWidget>
 
-/// The key that a control may answer: one that no modifier turns into a shortcut, in a control that a client has given
-/// a focus policy. The keypad's keys count as those that they stand for, its Enter as Qt::Key_Return. 0 if there is
-/// none; such keys belong to QWidget::keyPressEvent(), which passes them on.
-inline int plainKey(const QWidget *control, const QKeyEvent *event)
+/// The key, unless a modifier turns it into a shortcut: 0 then. The keypad's keys count as those that they stand for, its
+/// Enter as Qt::Key_Return.
+inline int plainKey(const QKeyEvent *event)
 {
-    if (control->focusPolicy() == Qt::NoFocus || (event->modifiers() & ~Qt::KeypadModifier))
+    if (event->modifiers() & ~Qt::KeypadModifier)
         return 0;
     return event->key() == Qt::Key_Enter ? int(Qt::Key_Return) : event->key();
+}
+
+/// The same for a control, which answers keys only if a client has given it a focus policy. Keys that mean nothing to it
+/// belong to QWidget::keyPressEvent(), which passes them on.
+inline int plainKey(const QWidget *control, const QKeyEvent *event)
+{
+    return control->focusPolicy() == Qt::NoFocus ? 0 : plainKey(event);
 }

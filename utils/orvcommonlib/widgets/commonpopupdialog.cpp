@@ -1,6 +1,7 @@
 #include "commonpopupdialog.h"
 
 #include "accessiblenotification.h"
+#include "dialogbuttons.h"
 #include "modalrun.h"
 
 #include <QtCore/QDebug>
@@ -58,12 +59,12 @@ void CommonPopupDialog::buildBody(bool transparentBody)
 
 void CommonPopupDialog::buildTitleRow(const QString &title, bool showCloseButton)
 {
-    auto *closeButton = new QPushButton(this);
-    closeButton->setFixedSize(kCloseButtonSize);
-    closeButton->setObjectName(QStringLiteral("PopupDialogCloseButton"));
-    closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
-    connect(closeButton, &QPushButton::clicked, this, &CommonPopupDialog::closeButtonClicked);
-    closeButton->setVisible(showCloseButton);
+    m_closeButton = new QPushButton(this);
+    m_closeButton->setFixedSize(kCloseButtonSize);
+    m_closeButton->setObjectName(QStringLiteral("PopupDialogCloseButton"));
+    m_closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
+    connect(m_closeButton, &QPushButton::clicked, this, &CommonPopupDialog::closeButtonClicked);
+    m_closeButton->setVisible(showCloseButton);
 
     m_titleLabel = new QLabel(title, m_bodyWidget);
     m_titleLabel->setObjectName(QStringLiteral("Font16LightLbl"));
@@ -79,7 +80,7 @@ void CommonPopupDialog::buildTitleRow(const QString &title, bool showCloseButton
     titleRow->addSpacing(kSpacingBeforeTitle);
     titleRow->addWidget(m_titleLabel);
     titleRow->addStretch();
-    titleRow->addWidget(closeButton);
+    titleRow->addWidget(m_closeButton);
     titleRow->addSpacing(kSpacingAfterCloseButton);
 
     m_verticalLayout->addSpacing(kSpacingAboveTitleRow);
@@ -126,6 +127,11 @@ void CommonPopupDialog::setTitle(QString title)
     AccessibleNotification::nameChanged(this);
 }
 
+void CommonPopupDialog::setKeyboardActions(bool enabled)
+{
+    m_keyboardActions = enabled;
+}
+
 void CommonPopupDialog::exitEventLoop()
 {
     ModalRun::end(m_eventLoop);
@@ -137,6 +143,12 @@ bool CommonPopupDialog::event(QEvent *event)
     if (event->type() == QEvent::HideToParent)
         ModalRun::dialogHidden(this, m_eventLoop);
     return handled;
+}
+
+void CommonPopupDialog::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_keyboardActions || !DialogButtons::clickByKey(event, m_closeButton, nullptr))
+        BaseMoveDialog::keyPressEvent(event);
 }
 
 void CommonPopupDialog::resizeEvent(QResizeEvent *event)

@@ -8,6 +8,7 @@
 
 class QEventLoop;
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 /// A frameless popup with a one-line title bar (title, close button, rule) above a body that the client
@@ -64,6 +65,14 @@ public:
     /// The window title stays "CommonPopupDialog".
     /// \param title the text of the title bar
     void setTitle(QString title);
+    /// Lets Escape act as the close button, with the same actions and signals in the same order. Nothing happens while
+    /// that button is hidden. A key that the focused content uses itself does not come here, one with a modifier means
+    /// nothing, and one that is held down acts once.
+    /// \param enabled whether it does, false at first; Return and Enter do nothing either way, as there is no button
+    ///        to confirm with
+    void setKeyboardActions(bool enabled);
+    /// \return what setKeyboardActions() has set
+    bool keyboardActions() const { return m_keyboardActions; }
     /// Makes a running exec() return, without hiding the dialog. Nothing happens when none is running.
     void exitEventLoop();
 
@@ -75,6 +84,7 @@ Q_SIGNALS:
 protected:
     /// Hiding the native window ends a running exec(), too.
     bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     /// Keeps title, rule and body in step, and the dialog at its new size.
     void resizeEvent(QResizeEvent *event) override;
     /// Hiding ends a running exec().
@@ -98,4 +108,6 @@ private:
     QWidget *m_bodyWidget = nullptr;
     QWidget *m_titleLine = nullptr;
     QEventLoop *m_eventLoop = nullptr;
+    QPushButton *m_closeButton = nullptr;
+    bool m_keyboardActions = false;
 };

@@ -2,6 +2,7 @@
 
 #include "accessiblecontent.h"
 #include "accessiblenotification.h"
+#include "dialogbuttons.h"
 #include "looksheets.h"
 #include "styledlabel.h"
 
@@ -100,17 +101,17 @@ QWidget *OrvUpdateTipDlg::createTitleArea()
     titleColumn->addStretch();
     row->addLayout(titleColumn);
 
-    auto *closeButton = new QPushButton(area);
-    closeButton->setFixedSize(kCloseButtonSize);
-    closeButton->setCursor(Qt::PointingHandCursor);
-    closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
-    LookSheets::apply(closeButton, kCloseButtonStyle);
-    connect(closeButton, &QPushButton::clicked, this,
+    m_closeButton = new QPushButton(area);
+    m_closeButton->setFixedSize(kCloseButtonSize);
+    m_closeButton->setCursor(Qt::PointingHandCursor);
+    m_closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));
+    LookSheets::apply(m_closeButton, kCloseButtonStyle);
+    connect(m_closeButton, &QPushButton::clicked, this,
             [this] { tellAndClose(&OrvUpdateTipDlg::sig_closeMsgBox); });
     auto *closeColumn = new QVBoxLayout;
     closeColumn->setContentsMargins(0, kCloseButtonTop, 0, 0);
     closeColumn->setSpacing(0);
-    closeColumn->addWidget(closeButton);
+    closeColumn->addWidget(m_closeButton);
     closeColumn->addStretch();
     row->addLayout(closeColumn);
     return area;
@@ -194,4 +195,15 @@ void OrvUpdateTipDlg::setNewVersionLink(QString link)
 {
     if (m_linkLabel)
         m_linkLabel->setText(link);
+}
+
+void OrvUpdateTipDlg::setKeyboardActions(bool enabled)
+{
+    m_keyboardActions = enabled;
+}
+
+void OrvUpdateTipDlg::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_keyboardActions || !DialogButtons::clickByKey(event, m_closeButton, m_confirmButton))
+        BaseMoveDialogWithBackImage::keyPressEvent(event);
 }

@@ -52,6 +52,14 @@ public:
     ///        that.
     void setNewVersionLink(QString link);
 
+    /// Lets Escape act as the close button, and Return and Enter as the blue button, with the same actions and signals in
+    /// the same order. Nothing happens while that button is hidden. Keys that the focused content uses itself do not come
+    /// here, those with a modifier mean nothing, and one that is held down acts once.
+    /// \param enabled whether they do, false at first
+    void setKeyboardActions(bool enabled);
+    /// \return what setKeyboardActions() has set
+    bool keyboardActions() const { return m_keyboardActions; }
+
 Q_SIGNALS:
     /// The blue button was pressed. Emitted once per press, before the dialog is closed.
     void sig_confirmBtnClicked();
@@ -59,6 +67,9 @@ Q_SIGNALS:
     void sig_cancelBtnClicked();
     /// The close button was pressed. Emitted once per press, before the dialog is closed.
     void sig_closeMsgBox();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     QWidget *createTitleArea();
@@ -73,4 +84,6 @@ private:
     QPushButton *m_confirmButton = nullptr;
     QVBoxLayout *m_mainLayout = nullptr;
     bool m_compactButtons = false;
+    QPushButton *m_closeButton = nullptr;
+    bool m_keyboardActions = false;
 };

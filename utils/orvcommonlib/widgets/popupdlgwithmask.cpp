@@ -242,6 +242,11 @@ void PopupDlgWithMask::setConfirmBtnText(QString text)
         m_confirmButton->setText(text);
 }
 
+void PopupDlgWithMask::setKeyboardActions(bool enabled)
+{
+    m_keyboardActions = enabled;
+}
+
 void PopupDlgWithMask::setVisible(bool visible)
 {
     const QPointer<PopupDlgWithMask> alive(this);
@@ -268,6 +273,12 @@ bool PopupDlgWithMask::event(QEvent *event)
     if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
         followVisibility(event->type() == QEvent::ShowToParent);
     return handled;
+}
+
+void PopupDlgWithMask::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_keyboardActions || !DialogButtons::clickByKey(event, m_closeButton, m_confirmButton))
+        BaseMoveDialog::keyPressEvent(event);
 }
 
 void PopupDlgWithMask::exitEventLoop()

@@ -107,6 +107,14 @@ public:
     /// \param text the text of the confirm button
     void setConfirmBtnText(QString text);
 
+    /// Lets Escape act as the close button, and Return and Enter as the confirm button, with the same actions and signals in
+    /// the same order. Nothing happens while that button is hidden. Keys that the focused content uses itself do not come
+    /// here, those with a modifier mean nothing, and one that is held down acts once.
+    /// \param enabled whether they do, false at first
+    void setKeyboardActions(bool enabled);
+    /// \return what setKeyboardActions() has set
+    bool keyboardActions() const { return m_keyboardActions; }
+
 Q_SIGNALS:
     /// The close button or the confirm button was pressed; emitted once per press, after the dialog has
     /// been closed and the result stored, before exec() returns.
@@ -115,6 +123,7 @@ Q_SIGNALS:
 protected:
     /// Hiding or showing the native window has the same effect as setVisible().
     bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     /// Hiding releases the mask, ends a running exec() and stops the page timer; showing starts the page
     /// timer anew.
     void setVisible(bool visible) override;
@@ -163,4 +172,5 @@ private:
     QStackedWidget *m_pageStack = nullptr;
     QTimer *m_pageTimer = nullptr;
     int m_pageCount = 0;
+    bool m_keyboardActions = false;
 };

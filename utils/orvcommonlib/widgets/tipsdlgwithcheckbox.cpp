@@ -294,6 +294,11 @@ void TipsDlgWithCheckbox::setContent(QString content)
     AccessibleNotification::descriptionChanged(this);
 }
 
+void TipsDlgWithCheckbox::setKeyboardActions(bool enabled)
+{
+    m_keyboardActions = enabled;
+}
+
 void TipsDlgWithCheckbox::setVisible(bool visible)
 {
     const QPointer<TipsDlgWithCheckbox> alive(this);
@@ -308,6 +313,12 @@ bool TipsDlgWithCheckbox::event(QEvent *event)
     if (event->type() == QEvent::HideToParent)
         ModalRun::dialogHidden(this, m_eventLoop);
     return handled;
+}
+
+void TipsDlgWithCheckbox::keyPressEvent(QKeyEvent *event)
+{
+    if (!m_keyboardActions || !DialogButtons::clickByKey(event, m_closeButton, m_confirmButton))
+        BaseMoveDialogWithBackImage::keyPressEvent(event);
 }
 
 void TipsDlgWithCheckbox::exitEventLoop()

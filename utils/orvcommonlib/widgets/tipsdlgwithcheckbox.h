@@ -60,6 +60,14 @@ public:
     /// \param content the paragraph; a dialog with three of them ignores it
     void setContent(QString content);
 
+    /// Lets Escape act as the close button, and Return and Enter as the other button, with the same actions and signals in
+    /// the same order. Nothing happens while that button is hidden. Keys that the focused content uses itself do not come
+    /// here, those with a modifier mean nothing, and one that is held down acts once.
+    /// \param enabled whether they do, false at first
+    void setKeyboardActions(bool enabled);
+    /// \return what setKeyboardActions() has set
+    bool keyboardActions() const { return m_keyboardActions; }
+
 Q_SIGNALS:
     /// The close button was pressed; emitted after the dialog has been closed.
     void closeMsgBox();
@@ -73,6 +81,7 @@ Q_SIGNALS:
 protected:
     /// Hiding the native window ends a running exec(), too.
     bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     /// Hiding ends a running exec().
     void setVisible(bool visible) override;
 
@@ -101,4 +110,5 @@ private:
     QCheckBox *m_checkbox = nullptr;
     QLabel *m_contentLabel = nullptr;
     bool m_checkboxState = false;
+    bool m_keyboardActions = false;
 };
