@@ -10,7 +10,6 @@
 #include <QtCore/QEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QStackedWidget>
 
@@ -37,6 +36,8 @@ MainWindow::MainWindow(ReportLog *log, QWidget *parent)
     resize(kWidth, kHeight);
     buildContents();
     m_pageList->setFocus();
+    OrvMaskCtrl::setFollowsWindow(true);
+    OrvMaskCtrl::getInstance(this);
 
     connect(log, &ReportLog::arrived, m_panel, &ReportPanel::append);
     connect(m_pageList, &PageList::pageChosen, this, &MainWindow::openPage);
@@ -97,7 +98,6 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 {
     BaseMoveDialog::resizeEvent(event);
     setRectOfCanDrag(QRect(0, 0, width(), m_titleBar->height()));
-    fitMask();
 }
 
 void MainWindow::buildContents()
@@ -130,17 +130,4 @@ void MainWindow::toggleMaximised()
         showNormal();
     else
         showMaximized();
-}
-
-void MainWindow::fitMask()
-{
-    // The mask has the size that its window had when it was made. A window that changes its size fits it
-    // again.
-    OrvMaskCtrl *mask = OrvMaskCtrl::getInstance(this);
-    if (mask == nullptr)
-        return;
-    if (auto *label = qobject_cast<QLabel *>(mask->getMaskWidget())) {
-        label->setScaledContents(true);
-        label->resize(size());
-    }
 }

@@ -44,7 +44,6 @@ protected:
 private:
     void buildContents();
     void toggleMaximised();
-    void fitMask();
 
     TitleBar *m_titleBar;
     PageList *m_pageList;

@@ -100,6 +100,8 @@ constexpr Entry kTree[] = {
     {":/images/images/hslider2/groove_bidirection_disabled.svg", false},
     {":/images/images/hslider2/handle.svg", false},
     {":/images/images/hslider2/handle_disabled.svg", false},
+    {":/orvcommonlib/pictures/message_bg.png", false},
+    {":/orvcommonlib/pictures/message_bg_dark.png", false},
 };
 
 QStringList filesBelow(const QString &folder)
@@ -169,8 +171,11 @@ void tst_resources::treeHoldsNothingElse()
     for (const Entry &entry : kTree)
         listed << QString::fromLatin1(entry.path);
     listed.sort();
-    QCOMPARE(filesBelow(QStringLiteral(":/images")) + filesBelow(QStringLiteral(":/qssFromResource")),
-             listed);
+    QStringList found;
+    for (const char *folder : {":/images", ":/orvcommonlib/pictures", ":/qssFromResource"})
+        found << filesBelow(QString::fromLatin1(folder));
+    found.sort();
+    QCOMPARE(found, listed);
 }
 
 void tst_resources::doubledSlashFindsTheEntry()

@@ -56,7 +56,7 @@ BaseMoveDialog *openDialog(Settings &settings, QWidget *mainWindow)
     reportSignal(dialog, &BaseMoveDialog::sig_windowMovefinished, "sig_windowMovefinished");
     reportSignal(dialog, &BaseMoveDialog::sig_windowResizefinished, "sig_windowResizefinished");
     reportSignal(dialog, &BaseMoveDialog::sig_doubleclickCanDragRect, "sig_doubleclickCanDragRect");
-    placeOver(dialog, mainWindow);
+    dialog->moveOver(mainWindow);
     dialog->show();
     return dialog;
 }

@@ -77,7 +77,7 @@ QWidget *openDialog(const Settings &settings, QWidget *mainWindow)
     dialog->setWidgetResizable(true);
     reportSignal(dialog, &BaseMoveDialog::sig_windowMovefinished, "sig_windowMovefinished");
     reportSignal(dialog, &BaseMoveDialog::sig_windowResizefinished, "sig_windowResizefinished");
-    placeOver(dialog, mainWindow);
+    dialog->moveOver(mainWindow);
     dialog->QWidget::show();
     return dialog;
 }

@@ -1,6 +1,5 @@
 #include "commonpopupdialog.h"
 #include "pagebuilder.h"
-#include "samplewindow.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QCheckBox>
@@ -52,7 +51,7 @@ CommonPopupDialog *newDialog(Arguments &arguments, QWidget *mainWindow)
     arguments.dialog = dialog;
     fillBody(dialog);
     reportSignal(dialog, &CommonPopupDialog::sigClosed, "sigClosed");
-    placeOver(dialog, mainWindow);
+    dialog->moveOver(mainWindow);
     return dialog;
 }
 

@@ -133,6 +133,12 @@ void addRowButtons(PageBuilder &page, SampleCombo *combo)
     page.button("addItem(text)", [combo] { combo->addItem(QStringLiteral("Row %1").arg(combo->count())); });
     page.button("addItem(text, gray)",
                 [combo] { combo->addItem(QStringLiteral("Gray row %1").arg(combo->count()), true, false); });
+    page.button("insertItem(0)", [combo] {
+        combo->insertItem(0, QStringLiteral("Inserted row"));
+        report(QStringLiteral("currentIndex() is %1").arg(combo->currentIndex()));
+    });
+    page.button("removeItem(current)", [combo] { combo->removeItem(combo->currentIndex()); });
+    page.button("reset", [combo] { combo->reset(); });
     page.button("clear", [combo] {
         combo->clear();
         report(QStringLiteral("count() is %1, currentIndex() still %2")
@@ -164,11 +170,16 @@ void addSetters(PageBuilder &page)
         if (moves->isChecked())
             report(QStringLiteral("signalMouseMoveLeavePopup(%1, %2)").arg(pos.x()).arg(pos.y()));
     });
+    page.lineEdit("setItemText", combo->itemText(0), [combo](const QString &text) {
+        combo->setItemText(combo->currentIndex(), text);
+        report(QStringLiteral("findText() finds it at %1").arg(combo->findText(text)));
+    });
     page.lineEdit("setItemData", "", [combo](const QString &text) {
         combo->setItemData(combo->currentIndex(), text);
         report(QStringLiteral("itemData(%1): \"%2\"")
                    .arg(combo->currentIndex())
                    .arg(combo->itemData(combo->currentIndex()).toString()));
+        report(QStringLiteral("findData() finds it at %1").arg(combo->findData(text)));
     });
     page.wideLineEdit("setHeaderStyle", frameStyle(),
                       [combo](const QString &style) { combo->setHeaderStyle(style); });

@@ -76,7 +76,7 @@ QWidget *openRemote(Owners *owners, QWidget *mainWindow)
         mask->hideMasking(&owners->first);
         mask->hideMasking(&owners->second);
     });
-    placeOver(remote, mainWindow);
+    remote->moveOver(mainWindow);
     remote->show();
     return remote;
 }
@@ -100,8 +100,9 @@ void build(PageBuilder &page)
     });
 
     page.section("The mask's size",
-                 "The mask gets the size that its window has when it is made, and keeps it. This "
-                 "window fits it anew whenever it is resized, through <b>getMaskWidget()</b>.");
+                 "The mask gets the size that its window has when it is made, and keeps it unless it "
+                 "is told to follow its window, as it is here.");
+    page.checkBox("setFollowsWindow", OrvMaskCtrl::followsWindow(), &OrvMaskCtrl::setFollowsWindow);
 
     page.section("At the end",
                  "<b>deleteInstance()</b> is a step of shutting down: afterwards getInstance() is null for "

@@ -1,6 +1,5 @@
 #include "orvupdatetipdlg.h"
 #include "pagebuilder.h"
-#include "samplewindow.h"
 
 #include <QtWidgets/QPushButton>
 
@@ -39,7 +38,7 @@ OrvUpdateTipDlg *open(const Arguments &arguments, QWidget *mainWindow)
     reportSignal(dialog, &OrvUpdateTipDlg::sig_confirmBtnClicked, "sig_confirmBtnClicked");
     reportSignal(dialog, &OrvUpdateTipDlg::sig_cancelBtnClicked, "sig_cancelBtnClicked");
     reportSignal(dialog, &OrvUpdateTipDlg::sig_closeMsgBox, "sig_closeMsgBox");
-    placeOver(dialog, mainWindow);
+    dialog->moveOver(mainWindow);
     dialog->show();
     return dialog;
 }

@@ -1,6 +1,5 @@
 #include "popupdlgwithmask.h"
 #include "pagebuilder.h"
-#include "samplewindow.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
@@ -15,69 +14,59 @@ constexpr int kMaximumExtent = 1200;
 constexpr int kMaximumMargin = 80;
 constexpr int kMaximumPages = 6;
 constexpr int kForceDelayMs = 2000;
-constexpr int kBorder = 16;
-constexpr QSize kMessageSize(432, 232);
 constexpr QSize kPagesSize(332, 425);
 
-/// What both constructors take, as the controls have it, and the dialog that is open.
+/// What makes the dialog, as the controls have it, and the dialog that is open.
 struct Arguments
 {
-    QString background = QStringLiteral(":/surface/resources/surface/gallery/message_bg.png");
-    QSize size = kMessageSize;
-    QMargins margins{kBorder, kBorder, kBorder, kBorder};
-    QString title = QStringLiteral("Camera in use");
-    QString content = QStringLiteral("Another application is using the camera. Close it first.");
-    int pageCount = 3;
+    PopupMessage message;
+    int pageCount = 0;
     bool unequal = false;
-    QString note = QStringLiteral("Tip 1");
-    QString confirm = QStringLiteral("Got it");
-    bool useMask = true;
-    bool deleteOnClose = false;
-    bool dialogWindow = true;
-    bool modal = true;
     bool forced = false;
     QPointer<PopupDlgWithMask> dialog;
 };
 
 using SharedArguments = std::shared_ptr<Arguments>;
-using NewDialog = PopupDlgWithMask *(*)(const Arguments &arguments, QWidget *mainWindow);
 
-PopupDlgWithMask *newMessage(const Arguments &arguments, QWidget *mainWindow)
+QVector<PopupPage> pages(int count)
 {
-    return new PopupDlgWithMask(arguments.background, arguments.size, arguments.margins.left(),
-                                arguments.margins.top(), arguments.margins.right(),
-                                arguments.margins.bottom(), arguments.title, arguments.content,
-                                arguments.note, arguments.confirm, arguments.useMask, arguments.deleteOnClose,
-                                arguments.dialogWindow, arguments.modal, mainWindow);
-}
-
-PopupDlgWithMask *newPages(const Arguments &arguments, QWidget *mainWindow)
-{
-    const QString texts[][2] = {
-        {QStringLiteral("Choose a camera"), QStringLiteral("Every camera of the computer is in the list")},
-        {QStringLiteral("Make it yours"), QStringLiteral("Brightness, contrast and filters, live")},
-        {QStringLiteral("Go live"), QStringLiteral("One click, and the others can see you")},
+    const PopupPage pages[] = {
+        {QStringLiteral(":/surface/resources/surface/gallery/page1.png"), QStringLiteral("Choose a camera"),
+         QStringLiteral("Every camera of the computer is in the list")},
+        {QStringLiteral(":/surface/resources/surface/gallery/page2.png"), QStringLiteral("Make it yours"),
+         QStringLiteral("Brightness, contrast and filters, live")},
+        {QStringLiteral(":/surface/resources/surface/gallery/page3.png"), QStringLiteral("Go live"),
+         QStringLiteral("One click, and the others can see you")},
     };
-    constexpr int kTextCount = 3;
-    QVector<QString> images;
-    QVector<QString> titles;
-    QVector<QString> contents;
-    for (int page = 0; page < arguments.pageCount; ++page) {
-        images.append(
-            QStringLiteral(":/surface/resources/surface/gallery/page%1.png").arg(page % kTextCount + 1));
-        titles.append(texts[page % kTextCount][0]);
-        contents.append(texts[page % kTextCount][1]);
-    }
-    if (arguments.unequal)
-        titles.append(QStringLiteral("A title without a page"));
-    return new PopupDlgWithMask(arguments.background, arguments.size, arguments.margins.left(),
-                                arguments.margins.top(), arguments.margins.right(),
-                                arguments.margins.bottom(), arguments.title, images, titles, contents,
-                                arguments.note, arguments.confirm, arguments.useMask, arguments.deleteOnClose,
-                                arguments.dialogWindow, arguments.modal, mainWindow);
+    QVector<PopupPage> result;
+    for (int page = 0; page < count; ++page)
+        result.append(pages[page % 3]);
+    return result;
 }
 
-PopupDlgWithMask *prepared(const SharedArguments &arguments, NewDialog newDialog, QWidget *mainWindow)
+/// Only lists can be of unequal length.
+PopupDlgWithMask *newUnequalPages(const PopupMessage &message, QWidget *mainWindow)
+{
+    QVector<QString> images{QString()};
+    QVector<QString> titles{QStringLiteral("One title"), QStringLiteral("A title without a page")};
+    QVector<QString> contents{QStringLiteral("One text")};
+    return new PopupDlgWithMask(message.backgroundImage, message.size, message.border.left(),
+                                message.border.top(), message.border.right(), message.border.bottom(),
+                                message.title, images, titles, contents, message.noteText,
+                                message.confirmText, message.useMask, message.deleteOnClose,
+                                message.dialogWindow, message.modal, mainWindow);
+}
+
+PopupDlgWithMask *newDialog(const Arguments &arguments, QWidget *mainWindow)
+{
+    if (arguments.unequal)
+        return newUnequalPages(arguments.message, mainWindow);
+    PopupMessage message = arguments.message;
+    message.pages = pages(arguments.pageCount);
+    return new PopupDlgWithMask(message, mainWindow);
+}
+
+PopupDlgWithMask *prepared(const SharedArguments &arguments, QWidget *mainWindow)
 {
     if (arguments->dialog != nullptr)
         arguments->dialog->deleteLater();
@@ -85,7 +74,7 @@ PopupDlgWithMask *prepared(const SharedArguments &arguments, NewDialog newDialog
     arguments->dialog = dialog;
     dialog->setWindowTitle(QStringLiteral("message"));
     reportSignal(dialog, &PopupDlgWithMask::closeMsgBox, "closeMsgBox");
-    placeOver(dialog, mainWindow);
+    dialog->moveOver(mainWindow);
     if (arguments->forced)
         QTimer::singleShot(kForceDelayMs, dialog, &PopupDlgWithMask::forceToExit);
     return dialog;
@@ -97,26 +86,24 @@ void discard(const QPointer<PopupDlgWithMask> &dialog)
         dialog->deleteLater();
 }
 
-void addButtons(PageBuilder &page, const SharedArguments &arguments, NewDialog newDialog, const char *name)
+void addButtons(PageBuilder &page, const SharedArguments &arguments, const char *name)
 {
     QWidget *mainWindow = page.window();
-    QPushButton *exec = page.primaryButton("exec()", [arguments, newDialog, mainWindow] {
-        const QPointer<PopupDlgWithMask> dialog = prepared(arguments, newDialog, mainWindow);
+    QPushButton *exec = page.primaryButton("exec()", [arguments, mainWindow] {
+        const QPointer<PopupDlgWithMask> dialog = prepared(arguments, mainWindow);
         report(QStringLiteral("exec() returned %1").arg(dialog->exec()));
         discard(dialog);
     });
     exec->setObjectName(QStringLiteral("exec-%1").arg(QLatin1String(name)));
-    page.button("execWithPos(window's corner)", [arguments, newDialog, mainWindow] {
-        const QPointer<PopupDlgWithMask> dialog = prepared(arguments, newDialog, mainWindow);
+    page.button("execWithPos(window's corner)", [arguments, mainWindow] {
+        const QPointer<PopupDlgWithMask> dialog = prepared(arguments, mainWindow);
         QPoint pos = mainWindow->pos();
         report(QStringLiteral("execWithPos() returned %1").arg(dialog->execWithPos(pos)));
         discard(dialog);
     });
-    page.button("show(true)", [arguments, newDialog, mainWindow] {
-        prepared(arguments, newDialog, mainWindow)->show(true);
-    });
-    page.shot(QStringLiteral("dialog-%1").arg(QLatin1String(name)), [arguments, newDialog, mainWindow] {
-        PopupDlgWithMask *dialog = prepared(arguments, newDialog, mainWindow);
+    page.button("show(true)", [arguments, mainWindow] { prepared(arguments, mainWindow)->show(true); });
+    page.shot(QStringLiteral("dialog-%1").arg(QLatin1String(name)), [arguments, mainWindow] {
+        PopupDlgWithMask *dialog = prepared(arguments, mainWindow);
         dialog->show(true);
         return dialog;
     });
@@ -124,38 +111,43 @@ void addButtons(PageBuilder &page, const SharedArguments &arguments, NewDialog n
 
 void addFrameControls(PageBuilder &page, const SharedArguments &arguments)
 {
-    page.spinBox("Width", 0, kMaximumExtent, arguments->size.width(),
-                 [arguments](int width) { arguments->size.setWidth(width); });
-    page.spinBox("Height", 0, kMaximumExtent, arguments->size.height(),
-                 [arguments](int height) { arguments->size.setHeight(height); });
-    const auto margin = [&page, &arguments](const char *label, void (QMargins::*setter)(int)) {
-        page.spinBox(label, 0, kMaximumMargin, kBorder,
-                     [arguments, setter](int width) { (arguments->margins.*setter)(width); });
+    PopupMessage &message = arguments->message;
+    page.spinBox("Width", 0, kMaximumExtent, message.size.width(),
+                 [arguments](int width) { arguments->message.size.setWidth(width); });
+    page.spinBox("Height", 0, kMaximumExtent, message.size.height(),
+                 [arguments](int height) { arguments->message.size.setHeight(height); });
+    const auto margin = [&page, &arguments](const char *label, int initial, void (QMargins::*setter)(int)) {
+        page.spinBox(label, 0, kMaximumMargin, initial,
+                     [arguments, setter](int width) { (arguments->message.border.*setter)(width); });
     };
-    margin("Left margin", &QMargins::setLeft);
-    margin("Right margin", &QMargins::setRight);
-    margin("Top margin", &QMargins::setTop);
-    margin("Bottom margin", &QMargins::setBottom);
-    page.checkBox("Mask", arguments->useMask, [arguments](bool on) { arguments->useMask = on; });
-    page.checkBox("Modal", arguments->modal, [arguments](bool on) { arguments->modal = on; });
-    page.checkBox("Delete on close", arguments->deleteOnClose,
-                  [arguments](bool on) { arguments->deleteOnClose = on; });
-    page.checkBox("Dialog window", arguments->dialogWindow,
-                  [arguments](bool on) { arguments->dialogWindow = on; });
+    margin("Left margin", message.border.left(), &QMargins::setLeft);
+    margin("Right margin", message.border.right(), &QMargins::setRight);
+    margin("Top margin", message.border.top(), &QMargins::setTop);
+    margin("Bottom margin", message.border.bottom(), &QMargins::setBottom);
+    const auto flag = [&page, &arguments](const char *label, bool PopupMessage::*member) {
+        page.checkBox(label, arguments->message.*member,
+                      [arguments, member](bool on) { arguments->message.*member = on; });
+    };
+    flag("Mask", &PopupMessage::useMask);
+    flag("Modal", &PopupMessage::modal);
+    flag("Delete on close", &PopupMessage::deleteOnClose);
+    flag("Dialog window", &PopupMessage::dialogWindow);
 }
 
 void addTitleAndTexts(PageBuilder &page, const SharedArguments &arguments)
 {
-    page.wideLineEdit("Background", arguments->background,
-                      [arguments](const QString &file) { arguments->background = file; });
-    page.lineEdit("Title", arguments->title, [arguments](const QString &title) {
-        arguments->title = title;
+    PopupMessage &message = arguments->message;
+    page.wideLineEdit("Background", message.backgroundImage,
+                      [arguments](const QString &file) { arguments->message.backgroundImage = file; });
+    page.lineEdit("Title", message.title, [arguments](const QString &title) {
+        arguments->message.title = title;
         if (arguments->dialog != nullptr)
             arguments->dialog->setTitle(title);
     });
-    page.lineEdit("Note", arguments->note, [arguments](const QString &note) { arguments->note = note; });
-    page.lineEdit("Confirm", arguments->confirm, [arguments](const QString &text) {
-        arguments->confirm = text;
+    page.lineEdit("Note", message.noteText,
+                  [arguments](const QString &note) { arguments->message.noteText = note; });
+    page.lineEdit("Confirm", message.confirmText, [arguments](const QString &text) {
+        arguments->message.confirmText = text;
         if (arguments->dialog != nullptr)
             arguments->dialog->setConfirmBtnText(text);
     });
@@ -165,15 +157,27 @@ void addTitleAndTexts(PageBuilder &page, const SharedArguments &arguments)
 void addMessage(PageBuilder &page)
 {
     const auto arguments = std::make_shared<Arguments>();
+    PopupMessage &message = arguments->message;
+    message.title = QStringLiteral("Camera in use");
+    message.content = QStringLiteral("Another application is using the camera. Close it first.");
+    message.noteText = QStringLiteral("Tip 1");
+    message.confirmText = QStringLiteral("Got it");
     page.section(
         "A message",
         "It stays where it is when it is pulled. The confirm button gives <b>0</b>, the close button "
         "<b>2</b>, whatever else hides it <b>-1</b>. Where neither mask nor modality is in the "
-        "way, the open dialog follows the texts typed here.");
-    addButtons(page, arguments, newMessage, "popupdlgwithmask");
+        "way, the open dialog follows the texts typed here. Without a background of the client's it has the "
+        "library's card.");
+    addButtons(page, arguments, "popupdlgwithmask");
+    QWidget *mainWindow = page.window();
+    page.button("message()", [arguments, mainWindow] {
+        report(QStringLiteral("message() returned %1")
+                   .arg(PopupDlgWithMask::message(mainWindow, arguments->message.title,
+                                                  arguments->message.content)));
+    });
     addTitleAndTexts(page, arguments);
-    page.wideLineEdit("Content", arguments->content, [arguments](const QString &content) {
-        arguments->content = content;
+    page.wideLineEdit("Content", message.content, [arguments](const QString &content) {
+        arguments->message.content = content;
         if (arguments->dialog != nullptr)
             arguments->dialog->setContent(content);
     });
@@ -183,15 +187,17 @@ void addMessage(PageBuilder &page)
 void addPages(PageBuilder &page)
 {
     const auto arguments = std::make_shared<Arguments>();
-    arguments->background = QStringLiteral(":/surface/resources/surface/gallery/pages_bg.png");
-    arguments->size = kPagesSize;
-    arguments->title = QStringLiteral("What is new");
-    arguments->note = QStringLiteral("1.0");
+    PopupMessage &message = arguments->message;
+    message.size = kPagesSize;
+    message.title = QStringLiteral("What is new");
+    message.noteText = QStringLiteral("1.0");
+    message.confirmText = QStringLiteral("Got it");
+    arguments->pageCount = 3;
     page.section("Several pages",
                  "The second form turns its pages by itself, every three seconds while it is visible. "
                  "Vectors of unequal length give no page at all.");
-    addButtons(page, arguments, newPages, "popupdlgwithmask-pages");
-    page.spinBox("Pages", 0, kMaximumPages, arguments->pageCount,
+    addButtons(page, arguments, "popupdlgwithmask-pages");
+    page.spinBox("Pages", 1, kMaximumPages, arguments->pageCount,
                  [arguments](int count) { arguments->pageCount = count; });
     page.checkBox("A title too many", false, [arguments](bool on) { arguments->unequal = on; });
     addTitleAndTexts(page, arguments);
@@ -205,8 +211,8 @@ void build(PageBuilder &page)
     addPages(page);
 }
 
-const GalleryPage &page = GalleryPage::add(
-    GalleryFamily::Dialogs, "PopupDlgWithMask",
-    "A message, or a sequence of pages, on a picture of the client's, over the darkened main window.", build);
+const GalleryPage &page =
+    GalleryPage::add(GalleryFamily::Dialogs, "PopupDlgWithMask",
+                     "A message, or a sequence of pages, over the darkened main window.", build);
 
 } // namespace

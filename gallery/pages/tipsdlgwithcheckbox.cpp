@@ -1,6 +1,5 @@
 #include "tipsdlgwithcheckbox.h"
 #include "pagebuilder.h"
-#include "samplewindow.h"
 
 #include <QtCore/QPointer>
 #include <QtCore/QTimer>
@@ -58,7 +57,7 @@ TipsDlgWithCheckbox *prepared(const Arguments &arguments, NewDialog newDialog, Q
     reportSignal(dialog, &TipsDlgWithCheckbox::sig_BtnClicked, "sig_BtnClicked");
     reportSignal(dialog, &TipsDlgWithCheckbox::sig_checkboxStateChanged, "sig_checkboxStateChanged");
     dialog->setCheckboxState(arguments.ticked);
-    placeOver(dialog, mainWindow);
+    dialog->moveOver(mainWindow);
     if (arguments.forced)
         QTimer::singleShot(kForceDelayMs, dialog, &TipsDlgWithCheckbox::forceToExit);
     return dialog;

@@ -23,6 +23,10 @@ namespace {
 constexpr char kDialogStyle[] = "background-color:transparent;";
 constexpr char kBackgroundStyle[] =
     "QLabel\n{\n  border-image: url(%1); \n  background-color: transparent; \n}";
+/// The slices of the card, 16 of shadow and 8 of round corner, are twice as large as they are shown, for screens
+/// with twice as many pixels.
+constexpr char kCardStyle[] = "QLabel\n{\n  border-image: url(%1) 48 48 48 48 stretch stretch; \n"
+                              "  border-width: 24px; \n  background-color: transparent; \n}";
 constexpr char kTitleStyle[] =
     "QLabel \n{ \n background: transparent; font-size: 16px;\n font-weight: Medium; \n"
     " color: @messageTitle; \n}";
@@ -59,6 +63,11 @@ constexpr int kContentMaximumHeight = 40;
 constexpr QSize kNoteSize(50, 22);
 constexpr QSize kConfirmButtonSize(68, 24);
 
+QString cardImage()
+{
+    return QStringLiteral(":/orvcommonlib/pictures/message_bg.png");
+}
+
 } // namespace
 
 PopupDlgWithMask::PopupDlgWithMask(QString backgroundImage, QSize size, int marginLeft, int marginTop,
@@ -72,6 +81,44 @@ PopupDlgWithMask::PopupDlgWithMask(QString backgroundImage, QSize size, int marg
     initFrame(backgroundImage, size, QMargins(marginLeft, marginTop, marginRight, marginBottom),
               deleteOnClose, modal);
     initControls(title, content, confirmText, noteText);
+}
+
+PopupDlgWithMask::PopupDlgWithMask(const PopupMessage &message, QWidget *parent)
+    : BaseMoveDialog(parent, false, true, message.dialogWindow)
+    , m_useMask(message.useMask)
+    , m_maskParent(parent)
+{
+    initFrame(message.backgroundImage.isEmpty() ? cardImage() : message.backgroundImage, message.size,
+              message.border, message.deleteOnClose, message.modal);
+    const QString confirmText = message.confirmText.isEmpty() ? tr("OK") : message.confirmText;
+    if (message.pages.isEmpty()) {
+        initControls(message.title, message.content, confirmText, message.noteText);
+        return;
+    }
+    for (const PopupPage &page : message.pages) {
+        m_pageImages.append(page.image);
+        m_pageTitles.append(page.title);
+        m_pageContents.append(page.content);
+    }
+    initMultiPages(message.title, confirmText, message.noteText);
+    initPageTimer();
+}
+
+PopupDlgWithMask::ExecResult PopupDlgWithMask::message(QWidget *window, const QString &title,
+                                                       const QString &content, const QString &confirmText)
+{
+    PopupMessage message;
+    message.title = title;
+    message.content = content;
+    message.confirmText = confirmText;
+    QWidget *owner = window ? window->window() : nullptr;
+    const QPointer<PopupDlgWithMask> dialog(new PopupDlgWithMask(message, owner));
+    dialog->moveOver(owner);
+    const ExecResult result = dialog->exec();
+    if (!dialog)
+        return NoResult;
+    delete dialog;
+    return result;
 }
 
 PopupDlgWithMask::~PopupDlgWithMask()
@@ -96,7 +143,8 @@ void PopupDlgWithMask::initFrame(const QString &backgroundImage, QSize size, con
     auto *background = new QLabel(this);
     background->setFixedSize(this->size());
     background->setGeometry(0, 0, width(), height());
-    LookSheets::apply(background, kBackgroundStyle, {backgroundImage});
+    LookSheets::apply(background, backgroundImage == cardImage() ? kCardStyle : kBackgroundStyle,
+                      {backgroundImage});
 
     m_mainLayout = new QVBoxLayout(this);
     m_mainLayout->setContentsMargins(border + QMargins(kPadding, kPadding, kPadding, kPadding));

@@ -2,6 +2,7 @@
 
 #include "basemovedialog.h"
 #include "orvcommonlib_global.h"
+#include "popupmessage.h"
 
 #include <QtCore/QPoint>
 #include <QtCore/QPointer>
@@ -19,6 +20,13 @@ class QVBoxLayout;
 
 /// A message box on a background image: one message, or a sequence of pages, a short note and one confirm
 /// button. While it is visible it can darken the main window with the mask of OrvMaskCtrl.
+///
+/// One call is enough for a message over the middle of a window; whoever needs more than its defaults fills a
+/// PopupMessage:
+///
+///     if (PopupDlgWithMask::message(window, tr("Delete?"), tr("This cannot be undone.")) ==
+///         PopupDlgWithMask::Confirmed)
+///         remove();
 ///
 /// It is shown with show(bool), exec() or execWithPos(); QWidget::show() is hidden on purpose, as it would
 /// leave the mask out. However it is hidden, and when it is destroyed, it lets go of the mask, also where
@@ -42,7 +50,8 @@ public:
     };
 
     /// A message box with one wrapped text of at most two lines.
-    /// \param backgroundImage a file name or resource path; the image is stretched over the whole dialog. The
+    /// \param backgroundImage a file name or resource path; the image is stretched over the whole dialog, the
+    ///        library's own card (see PopupMessage::backgroundImage) slice by slice. The
     ///        path becomes part of a style sheet, where one with a quote, a comma, a parenthesis, a percent
     ///        sign or a backslash does not work: no image is shown then.
     /// \param size the fixed size of the dialog, including the transparent border of the image
@@ -74,7 +83,23 @@ public:
                      QVector<QString> &pageTitles, QVector<QString> &pageContents, QString noteText,
                      QString confirmText, bool useMask, bool deleteOnClose, bool dialogWindow, bool modal,
                      QWidget *parent);
+
+    /// A message box of either form: one with pages where the message has any.
+    /// \param message everything about it
+    /// \param parent the owner, and the window to darken where no mask exists yet
+    explicit PopupDlgWithMask(const PopupMessage &message, QWidget *parent = nullptr);
     ~PopupDlgWithMask() override;
+
+    /// Shows a message in the middle of a window, over the mask, and blocks until it is answered. It is made
+    /// with the defaults of PopupMessage.
+    /// \param window any widget of the window, which becomes its owner; null shows it in the middle of the
+    ///        screen
+    /// \param title the text above the message
+    /// \param content the message, of at most two lines
+    /// \param confirmText the text of the confirm button; empty for a translated "OK"
+    /// \return as exec(), and NoResult when the window has died meanwhile
+    static ExecResult message(QWidget *window, const QString &title, const QString &content,
+                              const QString &confirmText = QString());
 
     /// Shows the dialog, and the mask if it uses one, and blocks until it is hidden in any way, the
     /// application quits or the dialog is destroyed.
