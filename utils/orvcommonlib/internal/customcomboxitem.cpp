@@ -2,7 +2,7 @@
 
 #include "accessiblenotification.h"
 #include "clickdetection.h"
-#include "statesheet.h"
+#include "looksheets.h"
 #include "stylesheetpainting.h"
 
 #include <QtGui/QFontMetrics>
@@ -26,49 +26,18 @@ constexpr QSize kBadgeSize(56, 18);
 constexpr QSize kChineseBadgeSize(67, 18);
 
 // The two blanks in the second one are deliberate: clients compare and replace these texts.
-QString hoveredRowStyle()
-{
-    return QStringLiteral("QWidget#%1{border-radius:%2px; background-color:#F4F4F4; }");
-}
-
-QString plainRowStyle()
-{
-    return QStringLiteral("QWidget#%1{border-radius:%2px;  background-color:#FFFFFF; }");
-}
-
+constexpr char kHoveredRowStyle[] = "QWidget#%1{border-radius:%2px; background-color:@rowHover; }";
+constexpr char kPlainRowStyle[] = "QWidget#%1{border-radius:%2px;  background-color:@rowGround; }";
 // A gray text has 16 pixels whatever the row's font size: deliberate.
-QString grayTextStyle()
-{
-    return QStringLiteral(
-        "QLabel{ background:transparent; color: #B1B1B2; font-size:16px; font-weight:Medium; }");
-}
-
-QString checkedTextStyle()
-{
-    return QStringLiteral(
-        "QLabel{ background:transparent; color: #4B66EB; font-size:%1px; font-weight:Medium; }");
-}
-
-QString plainTextStyle()
-{
-    return QStringLiteral(
-        "QLabel{ background:transparent; color: #333333; font-size:%1px; font-weight:Normal; }");
-}
-
-QString checkMarkStyle()
-{
-    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/checked.png);}");
-}
-
-QString badgeStyle()
-{
-    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/novip.png);}");
-}
-
-QString chineseBadgeStyle()
-{
-    return QStringLiteral("QLabel{border-image:url(:/images/images/combox/novip_zh.png);}");
-}
+constexpr char kGrayTextStyle[] =
+    "QLabel{ background:transparent; color: @grayText; font-size:16px; font-weight:Medium; }";
+constexpr char kCheckedTextStyle[] =
+    "QLabel{ background:transparent; color: @chosenText; font-size:%1px; font-weight:Medium; }";
+constexpr char kPlainTextStyle[] =
+    "QLabel{ background:transparent; color: @rowText; font-size:%1px; font-weight:Normal; }";
+constexpr char kCheckMarkStyle[] = "QLabel{border-image:url(:/images/images/combox/checked.png);}";
+constexpr char kBadgeStyle[] = "QLabel{border-image:url(:/images/images/combox/novip.png);}";
+constexpr char kChineseBadgeStyle[] = "QLabel{border-image:url(:/images/images/combox/novip_zh.png);}";
 
 // The text of a row takes what room there is: what it would like to have need not be measured.
 class ElidedLabel : public LazilyStyled<QLabel>
@@ -253,10 +222,10 @@ void CustomComboxItem::initUI()
     layout->addItem(new QSpacerItem(6, 6, QSizePolicy::Fixed, QSizePolicy::Fixed));
 
     m_checkLabel = newImageLabel(QSize(m_iconSize, m_iconSize));
-    m_checkLabel->setStyleSheet(checkMarkStyle());
+    LookSheets::apply(m_checkLabel, kCheckMarkStyle);
     if (m_gray) {
         m_badgeLabel = newImageLabel(m_chinese ? kChineseBadgeSize : kBadgeSize);
-        m_badgeLabel->setStyleSheet(m_chinese ? chineseBadgeStyle() : badgeStyle());
+        LookSheets::apply(m_badgeLabel, m_chinese ? kChineseBadgeStyle : kBadgeStyle);
     }
     updateStyle();
 }
@@ -272,8 +241,8 @@ QLabel *CustomComboxItem::newImageLabel(QSize size)
 
 void CustomComboxItem::updateStyle()
 {
-    applyStateSheet(this, rowStyle());
-    applyStateSheet(m_textLabel, textStyle());
+    applyRowStyle();
+    applyTextStyle();
     updateLabels();
     elideText();
 }
@@ -299,15 +268,17 @@ void CustomComboxItem::elideText()
     m_textLabel->setText(QFontMetrics(font).elidedText(m_text, Qt::ElideRight, width));
 }
 
-QString CustomComboxItem::rowStyle() const
+void CustomComboxItem::applyRowStyle()
 {
-    const QString style = m_hovered ? hoveredRowStyle() : plainRowStyle();
-    return style.arg(objectName()).arg(m_small ? kSmallRadius : kRadius);
+    LookSheets::apply(this, m_hovered ? kHoveredRowStyle : kPlainRowStyle,
+                      {objectName(), QString::number(m_small ? kSmallRadius : kRadius)});
 }
 
-QString CustomComboxItem::textStyle() const
+void CustomComboxItem::applyTextStyle()
 {
     if (m_gray)
-        return grayTextStyle();
-    return (m_checked ? checkedTextStyle() : plainTextStyle()).arg(m_fontSize);
+        LookSheets::apply(m_textLabel, kGrayTextStyle);
+    else
+        LookSheets::apply(m_textLabel, m_checked ? kCheckedTextStyle : kPlainTextStyle,
+                          {QString::number(m_fontSize)});
 }

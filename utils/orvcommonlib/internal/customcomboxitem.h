@@ -74,8 +74,8 @@ private:
     void updateStyle();
     void updateLabels();
     void elideText();
-    QString rowStyle() const;
-    QString textStyle() const;
+    void applyRowStyle();
+    void applyTextStyle();
 
     QLabel *m_checkLabel = nullptr;
     QLabel *m_textLabel = nullptr;

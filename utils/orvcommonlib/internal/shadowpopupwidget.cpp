@@ -2,6 +2,7 @@
 
 #include "accessiblenotification.h"
 #include "customcomboxitem.h"
+#include "looksheets.h"
 
 #include <QtGui/QHideEvent>
 #include <QtGui/QShowEvent>
@@ -18,44 +19,27 @@ namespace {
 constexpr int kContentMargin = 4;
 constexpr int kNormalPadding = 16;
 
-QString scrollAreaStyle()
-{
-    return QStringLiteral("QScrollArea{background:#FFFFFF; border:none; border-radius:4px; }");
-}
-
-QString contentStyle()
-{
-    return QStringLiteral("QWidget{background: transparent; border:none; border-radius:4px; }");
-}
-
-QString smallScrollAreaStyle()
-{
-    return QStringLiteral("QScrollArea#%1{background:#FFFFFF; border:none; border-radius:%2px; }");
-}
-
-QString smallContentStyle()
-{
-    return QStringLiteral("QWidget#%1{background: transparent; border:none; border-radius:%2px; }");
-}
-
-QString scrollBarStyle()
-{
-    return QStringLiteral(
-        "QScrollBar:vertical{border: none;background: transparent;width: 6px;margin: 0px 0 0px 0;}"
-        "QScrollBar::handle:vertical{background: #797979;min-height: 30px;border-radius: 3px;border: none;}"
-        "QScrollBar::add-line:vertical{border: 0px solid;background: none;height: 0px;"
-        "subcontrol-position: bottom;subcontrol-origin: margin;}"
-        "QScrollBar::sub-line:vertical{border: 0px solid;background: none;height: 0px;"
-        "subcontrol-position: top;subcontrol-origin: margin;}"
-        "QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical{background: none;width: 0px;height: "
-        "0px;}");
-}
+constexpr char kScrollAreaStyle[] = "QScrollArea{background:@listGround; border:none; border-radius:4px; }";
+constexpr char kContentStyle[] = "QWidget{background: transparent; border:none; border-radius:4px; }";
+constexpr char kSmallScrollAreaStyle[] =
+    "QScrollArea#%1{background:@listGround; border:none; border-radius:%2px; }";
+constexpr char kSmallContentStyle[] =
+    "QWidget#%1{background: transparent; border:none; border-radius:%2px; }";
+constexpr char kScrollBarStyle[] =
+    "QScrollBar:vertical{border: none;background: transparent;width: 6px;margin: 0px 0 0px 0;}"
+    "QScrollBar::handle:vertical{background: @listHandle;min-height: 30px;border-radius: 3px;border: none;}"
+    "QScrollBar::add-line:vertical{border: 0px solid;background: none;height: 0px;"
+    "subcontrol-position: bottom;subcontrol-origin: margin;}"
+    "QScrollBar::sub-line:vertical{border: 0px solid;background: none;height: 0px;"
+    "subcontrol-position: top;subcontrol-origin: margin;}"
+    "QScrollBar::add-page:vertical, QScrollBar::sub-page:vertical{background: none;width: 0px;height: "
+    "0px;}";
 
 // The scroll area shows and hides what contains the bar; a bar that was hidden by itself stays so until it is
 // shown by itself.
 void hideUntilNeeded(QScrollBar *bar)
 {
-    bar->setStyleSheet(scrollBarStyle());
+    LookSheets::apply(bar, kScrollBarStyle);
     bar->hide();
     QObject::connect(bar, &QScrollBar::rangeChanged, bar, [bar](int minimum, int maximum) {
         if (minimum < maximum)
@@ -321,8 +305,8 @@ void ShadowPopupWidget::showRowsInViewSoon()
 void ShadowPopupWidget::initUI()
 {
     buildList(QMargins(m_left, m_top, m_right, m_bottom), kContentMargin);
-    m_scrollArea->setStyleSheet(scrollAreaStyle());
-    m_content->setStyleSheet(contentStyle());
+    LookSheets::apply(m_scrollArea, kScrollAreaStyle);
+    LookSheets::apply(m_content, kContentStyle);
 }
 
 void ShadowPopupWidget::initSmallUI()
@@ -330,9 +314,9 @@ void ShadowPopupWidget::initSmallUI()
     const int m = m_smallMargin;
     buildList(QMargins(m, m, m, m), m);
     m_scrollArea->setObjectName(QStringLiteral("ScrollArea"));
-    m_scrollArea->setStyleSheet(smallScrollAreaStyle().arg(m_scrollArea->objectName()).arg(m));
+    LookSheets::apply(m_scrollArea, kSmallScrollAreaStyle, {m_scrollArea->objectName(), QString::number(m)});
     m_content->setObjectName(QStringLiteral("ScrollContentWidget"));
-    m_content->setStyleSheet(smallContentStyle().arg(m_content->objectName()).arg(m));
+    LookSheets::apply(m_content, kSmallContentStyle, {m_content->objectName(), QString::number(m)});
 }
 
 void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargin)

@@ -2,6 +2,7 @@
 
 #include "focusmark.h"
 #include "horizontalsliderlogic.h"
+#include "looktable.h"
 
 #include <utility>
 
@@ -29,7 +30,6 @@ HorizontalSlider::HorizontalSlider(QWidget *parent, bool bidirectional, bool zer
     , m_zeroSize(zeroSize)
     , m_logic(std::make_unique<HorizontalSliderLogic>(
           this, fixedSize(zeroFlag, zeroSpacing, zeroSize.height()), kHandleSize))
-    , m_valueColor(0xAB, 0xAD, 0xBF)
 {
 }
 
@@ -109,15 +109,16 @@ QSize HorizontalSlider::handleSize() const
 
 void HorizontalSlider::setValueColor(QColor color)
 {
-    if (color == m_valueColor)
+    if (m_hasOwnColor && color == m_valueColor)
         return;
     m_valueColor = color;
+    m_hasOwnColor = true;
     update();
 }
 
 QColor HorizontalSlider::valueColor() const
 {
-    return m_valueColor;
+    return m_hasOwnColor ? m_valueColor : lookColor(QStringLiteral("plainValue"));
 }
 
 void HorizontalSlider::setBidirectional(bool bidirectional)
@@ -172,7 +173,7 @@ void HorizontalSlider::paintEvent(QPaintEvent *)
     const qreal ratio = devicePixelRatioF();
     painter.paintColored(QStringLiteral("groove.svg"), area,
                          SkinPainter::pixelSize(QSize(width(), m_grooveHeight), ratio),
-                         m_logic->valueColumns(m_bidirectional, ratio, 0), m_valueColor);
+                         m_logic->valueColumns(m_bidirectional, ratio, 0), valueColor());
     painter.paint(QStringLiteral("handle.svg"), m_logic->handleRect());
     if (m_zeroFlag)
         painter.paint(QStringLiteral("zero.svg"), zeroRect());

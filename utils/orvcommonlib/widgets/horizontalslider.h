@@ -103,7 +103,8 @@ public:
     void setHandleSize(QSize size);
     /// \return the size of the handle
     QSize handleSize() const;
-    /// \param color the colour of the groove up to the value, "#ABADBF" at first
+    /// \param color the colour of the groove up to the value, at first that of the look in force, "#ABADBF" in the
+    ///        light one, see OrvLook
     void setValueColor(QColor color);
     /// \return the colour of the groove up to the value
     QColor valueColor() const;
@@ -159,4 +160,5 @@ private:
     std::unique_ptr<HorizontalSliderLogic> m_logic; // range, value, handle and gestures
     int m_grooveHeight = 10;
     QColor m_valueColor;
+    bool m_hasOwnColor = false; // not the look's
 };

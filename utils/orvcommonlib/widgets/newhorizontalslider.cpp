@@ -3,6 +3,7 @@
 #include "accessiblenotification.h"
 #include "focusmark.h"
 #include "horizontalsliderlogic.h"
+#include "looktable.h"
 
 #include <utility>
 
@@ -24,8 +25,6 @@ NewHorizontalSlider::NewHorizontalSlider(QSize size, QSize handleSize, bool bidi
     , m_skinPath(QStringLiteral(":/images/images/hslider2/"))
     , m_size(size)
     , m_logic(std::make_unique<HorizontalSliderLogic>(this, size, handleSize))
-    , m_valueColor(0x4B, 0x66, 0xEB)
-    , m_disabledValueColor(0xCC, 0xCC, 0xCC)
 {
 }
 
@@ -102,15 +101,16 @@ QSize NewHorizontalSlider::handleSize() const
 
 void NewHorizontalSlider::setValueColor(QColor color)
 {
-    if (color == m_valueColor)
+    if (m_hasOwnColor && color == m_valueColor)
         return;
     m_valueColor = color;
+    m_hasOwnColor = true;
     update();
 }
 
 QColor NewHorizontalSlider::valueColor() const
 {
-    return m_valueColor;
+    return m_hasOwnColor ? m_valueColor : lookColor(QStringLiteral("accentValue"));
 }
 
 void NewHorizontalSlider::setBidirectional(bool bidirectional)
@@ -145,6 +145,11 @@ void NewHorizontalSlider::updateValue()
     m_logic->updateValue();
 }
 
+QColor NewHorizontalSlider::colorOfGroove() const
+{
+    return m_sliderEnabled ? valueColor() : lookColor(QStringLiteral("disabledValue"));
+}
+
 void NewHorizontalSlider::paintEvent(QPaintEvent *)
 {
     const QRectF area(QPointF(0, 0), QSizeF(m_size));
@@ -156,8 +161,7 @@ void NewHorizontalSlider::paintEvent(QPaintEvent *)
     // On the positive side the colour deliberately ends where the handle begins; on the negative side it does
     // not.
     painter.paintColored(groove + suffix, area, m_size,
-                         m_logic->valueColumns(m_bidirectional, 1, m_logic->half()),
-                         m_sliderEnabled ? m_valueColor : m_disabledValueColor);
+                         m_logic->valueColumns(m_bidirectional, 1, m_logic->half()), colorOfGroove());
     painter.paint(QStringLiteral("handle") + suffix, m_logic->handleRect());
 }
 

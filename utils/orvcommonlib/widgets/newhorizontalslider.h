@@ -84,7 +84,8 @@ public:
     void setHandleSize(QSize size);
     /// \copydoc HorizontalSlider::handleSize
     QSize handleSize() const;
-    /// \param color the colour of the groove up to the value while the slider is enabled, "#4B66EB" at first
+    /// \param color the colour of the groove up to the value while the slider is enabled, at first that of the
+    ///        look in force, "#4B66EB" in the light one, see OrvLook
     void setValueColor(QColor color);
     /// \return the colour of the groove up to the value while the slider is enabled
     QColor valueColor() const;
@@ -128,12 +129,14 @@ protected:
 private:
     Q_DISABLE_COPY(NewHorizontalSlider)
 
+    QColor colorOfGroove() const;
+
     bool m_bidirectional;
     QString m_skinPath;
     QSize m_size;
     std::unique_ptr<HorizontalSliderLogic> m_logic; // range, value, handle and gestures
     int m_grooveHeight = 10;
     QColor m_valueColor;
-    QColor m_disabledValueColor;
     bool m_sliderEnabled = true;
+    bool m_hasOwnColor = false; // not the look's
 };
