@@ -5,6 +5,7 @@
 #include "orvqtcompat.h"
 #include "pressgesture.h"
 #include "stylesheetpainting.h"
+#include "systemgesture.h"
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QScreen>
@@ -62,6 +63,8 @@ BaseMoveDialog::BaseMoveDialog(QWidget *parent, bool canMove, bool translucent, 
     : QWidget(parent)
     , m_canMove(canMove)
     , m_press(std::make_unique<PressGesture>(this, [this] { losePress(); }))
+    , m_systemGesture(std::make_unique<SystemGesture>(
+          this, [this] { followSystemMove(); }, [this] { endSystemGesture(); }))
 {
     Qt::WindowFlags flags = windowFlags() | Qt::FramelessWindowHint;
     if (asDialog)
@@ -109,6 +112,12 @@ void BaseMoveDialog::setWidgetResizable(bool resizable)
     m_resizable = resizable;
     if (m_framelessHelper)
         m_framelessHelper->setWidgetResizable(resizable);
+}
+
+void BaseMoveDialog::setSystemMoveResize(bool enabled)
+{
+    if (m_framelessHelper)
+        m_framelessHelper->setSystemMoveResize(enabled);
 }
 
 void BaseMoveDialog::setWidgetTitleHeight(int height)
@@ -168,42 +177,67 @@ void BaseMoveDialog::mousePressEvent(QMouseEvent *event)
             m_dragAllowedNow = false;
         }
     }
+    if (event->button() == Qt::LeftButton && m_framelessHelper && m_framelessHelper->takeHandedOver(this)) {
+        m_pressSize = size();
+        m_systemGesture->begin();
+    }
     QWidget::mousePressEvent(event);
 }
 
 void BaseMoveDialog::mouseMoveEvent(QMouseEvent *event)
 {
     const bool dragging = m_canMove && m_isMoving && event->buttons().testFlag(Qt::LeftButton);
-    if (dragging && m_dragAllowedNow) {
+    if (dragging && m_dragAllowedNow && !m_systemGesture->isUnderWay()) {
         const QPointer<BaseMoveDialog> alive(this);
-        m_reportingMove = true;
-        Q_EMIT sig_windowMoved(keptInRectOfCanMove(orvqt::globalPosition(event) - m_dragOffset));
+        reportMove(orvqt::globalPosition(event) - m_dragOffset);
         if (!survived(alive, event))
             return;
-        // A slot that has taken the press its end has also taken the report back.
-        if (std::exchange(m_reportingMove, false))
-            m_movedSincePress = true;
     }
     QWidget::mouseMoveEvent(event);
+}
+
+void BaseMoveDialog::reportMove(const QPoint &pos)
+{
+    const QPointer<BaseMoveDialog> alive(this);
+    m_reportingMove = true;
+    Q_EMIT sig_windowMoved(keptInRectOfCanMove(pos));
+    // A slot that has taken the press its end has also taken the report back.
+    if (alive && std::exchange(m_reportingMove, false))
+        m_movedSincePress = true;
+}
+
+void BaseMoveDialog::followSystemMove()
+{
+    if (m_canMove && m_isMoving && m_dragAllowedNow)
+        reportMove(frameGeometry().topLeft());
 }
 
 void BaseMoveDialog::mouseReleaseEvent(QMouseEvent *event)
 {
     const QPointer<BaseMoveDialog> alive(this);
+    endPress(event->button() == Qt::LeftButton && event->pos() != m_pressPosition);
+    if (survived(alive, event))
+        QWidget::mouseReleaseEvent(event);
+}
+
+void BaseMoveDialog::endSystemGesture()
+{
+    endPress(size() != m_pressSize);
+}
+
+void BaseMoveDialog::endPress(bool isElsewhere)
+{
+    const QPointer<BaseMoveDialog> alive(this);
     m_press->end();
+    m_systemGesture->end();
     if (m_canMove) {
         m_isMoving = false;
         m_dragAllowedNow = true;
     }
     if (std::exchange(m_movedSincePress, false))
         Q_EMIT sig_windowMovefinished();
-    if (!survived(alive, event))
-        return;
-    const bool resizing = std::exchange(m_resizing, false);
-    if (resizing && event->button() == Qt::LeftButton && event->pos() != m_pressPosition)
+    if (alive && std::exchange(m_resizing, false) && isElsewhere)
         Q_EMIT sig_windowResizefinished();
-    if (survived(alive, event))
-        QWidget::mouseReleaseEvent(event);
 }
 
 void BaseMoveDialog::mouseDoubleClickEvent(QMouseEvent *event)
@@ -222,6 +256,7 @@ void BaseMoveDialog::losePress()
         m_isMoving = false;
     m_dragAllowedNow = true;
     m_resizing = false;
+    m_systemGesture->end();
     const bool moveReported = m_movedSincePress || m_reportingMove;
     m_movedSincePress = m_reportingMove = false;
     if (moveReported)

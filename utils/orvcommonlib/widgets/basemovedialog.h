@@ -5,12 +5,14 @@
 #include <QtCore/QPoint>
 #include <QtCore/QPointer>
 #include <QtCore/QRect>
+#include <QtCore/QSize>
 #include <QtWidgets/QWidget>
 
 #include <memory>
 
 class FramelessHelper;
 class PressGesture;
+class SystemGesture;
 
 /// The base of every dialog of the library: a frameless top-level widget that the user can drag by its title
 /// strip and, where asked for, resize by its edges.
@@ -18,6 +20,11 @@ class PressGesture;
 /// Two layers run side by side. A FramelessHelper of the dialog's own moves and resizes the window; it sees
 /// each mouse event first. The dialog's handlers then only report, through the signals below. Style sheets
 /// paint the dialog as they would a widget of Qt's own.
+///
+/// Where setSystemMoveResize() lets the window manager do that, the signals tell what it has done: sig_windowMoved() each
+/// place that it has given the dialog (some window managers tell the last one only), and the finishing signals that the
+/// gesture is over. Not every platform tells that: where none does, it shows when the pointer is next seen over the
+/// dialog without the button, at the latest with the next press.
 ///
 /// A press ends with its release, or with whatever takes that release away: the dialog is hidden, closed or
 /// disabled, a modal window blocks it, or a popup opens. A move that has been reported is then reported as
@@ -74,6 +81,10 @@ public:
     /// \return whether the user may resize the dialog by its edges
     bool widgetResizable() const { return m_resizable; }
 
+    /// Lets the window manager move and resize the dialog, see FramelessHelper::setSystemMoveResize().
+    /// \param enabled whether it does, false at first
+    void setSystemMoveResize(bool enabled);
+
     /// \param height the height of the title strip, for every FramelessHelper of the process; 0 is ignored,
     ///               and with a negative one the whole widget is title strip
     void setWidgetTitleHeight(int height);
@@ -109,14 +120,16 @@ public:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 Q_SIGNALS:
-    /// The dialog is being dragged. Emitted for each move of the pointer with the left button held, unless
-    /// the press was outside the rectangle of setRectOfCanDrag() or on a resize border.
+    /// The dialog is being dragged. Emitted for each move of the pointer with the left button held, or for each place
+    /// that the window manager gives the dialog, unless the press was outside the rectangle of setRectOfCanDrag() or
+    /// on a resize border.
     /// \param oPos the new top-left corner, in screen coordinates
     void sig_windowMoved(QPoint oPos);
     /// The first release after at least one sig_windowMoved(), or the loss of that release.
     void sig_windowMovefinished();
     /// The left button was released after a press on a resize border, at another position within the dialog
-    /// than that of the press. Emitted after sig_windowMovefinished() where both are due.
+    /// than that of the press. Or the window manager has ended a resize that gave the dialog another size. Emitted
+    /// after sig_windowMovefinished() where both are due.
     void sig_windowResizefinished();
     /// A double click inside the rectangle of setRectOfCanDrag(); never emitted without such a rectangle.
     void sig_doubleclickCanDragRect();
@@ -128,6 +141,10 @@ protected:
 private:
     Q_DISABLE_COPY(BaseMoveDialog)
 
+    void reportMove(const QPoint &pos);
+    void endPress(bool isElsewhere);
+    void followSystemMove();
+    void endSystemGesture();
     void losePress();
     bool isOnResizeBorder(const QPoint &pos) const;
     QPoint keptInRectOfCanMove(const QPoint &pos) const;
@@ -145,4 +162,6 @@ private:
     QPoint m_pressPosition;
     bool m_reportingMove = false; // sig_windowMoved() is being emitted
     std::unique_ptr<PressGesture> m_press;
+    std::unique_ptr<SystemGesture> m_systemGesture;
+    QSize m_pressSize;
 };

@@ -7,10 +7,12 @@
 #include <QtCore/QPointer>
 #include <QtGui/QHoverEvent>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QWindow>
 #include <QtWidgets/QRubberBand>
 #include <QtWidgets/QWidget>
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -33,6 +35,8 @@ public:
     std::optional<Qt::CursorShape> cursorShape() const;
     /// The rectangle after the edges under the point have been pulled to `globalPos`; it may be invalid.
     QRect pulled(const QRect &start, const QPoint &globalPos) const;
+    /// The edges that pulled() moves.
+    Qt::Edges pulledEdges() const;
 
     bool onAnyEdge : 1;
     bool onLeft : 1;
@@ -70,6 +74,7 @@ struct FramelessHelperState
     bool dragTop = true;
     bool dragRight = true;
     bool dragBottom = true;
+    bool systemMoveResize = false;
 };
 
 namespace {
@@ -159,6 +164,23 @@ QRect EdgeHitTest::pulled(const QRect &start, const QPoint &globalPos) const
     return {topLeft, bottomRight};
 }
 
+Qt::Edges EdgeHitTest::pulledEdges() const
+{
+    if (onTopLeft)
+        return Qt::TopEdge | Qt::LeftEdge;
+    if (onBottomLeft)
+        return Qt::BottomEdge | Qt::LeftEdge;
+    if (onTopRight)
+        return Qt::TopEdge | Qt::RightEdge;
+    if (onBottomRight)
+        return Qt::BottomEdge | Qt::RightEdge;
+    if (onLeft)
+        return Qt::LeftEdge;
+    if (onRight)
+        return Qt::RightEdge;
+    return onTop ? Qt::TopEdge : Qt::BottomEdge;
+}
+
 /// Puts back the edge that was pulled so far that the rectangle became smaller than the minimum size.
 void keepMinimumSize(QRect *pulled, const QRect &start, const QSize &minimum)
 {
@@ -190,6 +212,8 @@ public:
 
     void handleEvent(QEvent *event);
     void updateRubberBand();
+    /// Whether the last left press went to the window manager; true once for each.
+    bool takeHandedOver() { return std::exchange(m_handedOver, false); }
     /// The widget is being destroyed: it will not be touched any more.
     void forgetWidget() { m_widget = nullptr; }
 
@@ -201,6 +225,9 @@ private:
     void handleMouseMove(const QMouseEvent *event);
     void handleHoverMove(const QHoverEvent *event);
     void handleLeave();
+    bool isResize() const { return m_helperState->resizable && m_pressEdges.onAnyEdge; }
+    bool isMove() const { return !isResize() && m_helperState->movable && m_titlePressed; }
+    bool handOver();
 
     void updateCursor(const QPoint &globalPos);
     void moveTo(const QPoint &globalPos);
@@ -216,6 +243,7 @@ private:
     PressGesture m_press; // of the left button
     bool m_cursorChanged = false;
     bool m_titlePressed = false;
+    bool m_handedOver = false;
     Qt::WindowFlags m_savedWindowFlags;
 };
 
@@ -278,18 +306,40 @@ void WatchedWidgetState::handlePress(const QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    m_press.begin();
     m_titlePressed = event->pos().y() < qint64(EdgeHitTest::titleHeight);
     const QRect frame = m_widget->frameGeometry();
     m_pressEdges.hitTest(orvqt::globalPosition(event), frame, *m_helperState);
     m_dragOffset = orvqt::globalPosition(event) - frame.topLeft();
+    m_handedOver = false;
+    if (m_helperState->systemMoveResize && handOver())
+        return;
 
+    m_press.begin();
     const bool banded =
         m_pressEdges.onAnyEdge ? m_helperState->rubberBandResize : m_helperState->rubberBandMove;
     if (banded && m_rubberBand) {
         m_rubberBand->setGeometry(frame);
         m_rubberBand->show();
     }
+}
+
+/// A platform that takes the gesture may run it within the call, and events of the client with it: the press is over
+/// before, and no member is touched afterwards. One that refuses does so at once.
+bool WatchedWidgetState::handOver()
+{
+    QWindow *window = m_widget->isWindow() ? m_widget->windowHandle() : nullptr;
+    if (!window || (!isResize() && !isMove()))
+        return false;
+    const QPointer<QRubberBand> band(m_rubberBand);
+    m_press.end();
+    m_handedOver = true;
+    if (isResize() ? window->startSystemResize(m_pressEdges.pulledEdges()) : window->startSystemMove()) {
+        if (band)
+            band->hide();
+        return true;
+    }
+    m_handedOver = false;
+    return false;
 }
 
 void WatchedWidgetState::handleRelease(const QMouseEvent *event)
@@ -306,9 +356,9 @@ void WatchedWidgetState::handleRelease(const QMouseEvent *event)
 void WatchedWidgetState::handleMouseMove(const QMouseEvent *event)
 {
     if (m_press.isUnderWay()) {
-        if (m_helperState->resizable && m_pressEdges.onAnyEdge)
+        if (isResize())
             resizeTo(orvqt::globalPosition(event));
-        else if (m_helperState->movable && m_titlePressed)
+        else if (isMove())
             moveTo(orvqt::globalPosition(event));
     } else if (m_helperState->resizable) {
         updateCursor(orvqt::globalPosition(event));
@@ -464,6 +514,22 @@ void FramelessHelper::updateRubberBands()
 {
     for (WatchedWidgetState *state : qAsConst(m_state->watchedWidgets))
         state->updateRubberBand();
+}
+
+void FramelessHelper::setSystemMoveResize(bool enabled)
+{
+    m_state->systemMoveResize = enabled;
+}
+
+bool FramelessHelper::systemMoveResize() const
+{
+    return m_state->systemMoveResize;
+}
+
+bool FramelessHelper::takeHandedOver(QWidget *w)
+{
+    WatchedWidgetState *state = m_state->watchedWidgets.value(w);
+    return state && state->takeHandedOver();
 }
 
 void FramelessHelper::setBorderWidth(unsigned int width)

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class BaseMoveDialog;
 class QWidget;
 struct FramelessHelperState;
 
@@ -21,7 +22,9 @@ struct FramelessHelperState;
 /// hidden, closed or disabled, a modal window blocks it, or a popup opens. The widget then stays where it is;
 /// a rubber band is hidden and leaves nothing behind.
 ///
-/// Movability, resizability, rubber bands and the edges that can be dragged are set for each helper. Border
+/// Where a client asks for it, the window manager does the moving and resizing instead: setSystemMoveResize().
+///
+/// Movability, resizability, rubber bands, the window manager's part and the edges that can be dragged are set for each helper. Border
 /// width, title height and the two settings of the bottom-right area are deliberately shared by all helpers
 /// of the process: a setter of any instance changes them for all, also for widgets that are already watched.
 ///
@@ -72,6 +75,17 @@ public:
     /// \return what setRubberBandOnResize() has set. The misspelled name is the one that clients use.
     bool rubberBandOnResisze() const;
 
+    /// Lets the window manager move and resize the widgets of this helper, so that snapping, shaking and tiling work as
+    /// the desktop has them, also where an application may not place its windows.
+    ///
+    /// A left press that would start a drag of the helper is handed over: QWindow::startSystemMove() or
+    /// startSystemResize(). With that the helper's own press is over, and no rubber band is shown. Where the platform
+    /// or the window manager refuses, and for widgets that are not windows, the helper goes on by itself.
+    /// \param enabled whether it does, false at first; counts from the next press on
+    void setSystemMoveResize(bool enabled);
+    /// \return what setSystemMoveResize() has set
+    bool systemMoveResize() const;
+
     /// Process-wide: the thickness of the band along each edge that counts as that edge.
     /// \param width 5 at first; 0 is ignored. Edges are compared signed: above the largest int it stands for
     ///              a negative width, which leaves no band.
@@ -112,7 +126,9 @@ protected:
 
 private:
     Q_DISABLE_COPY(FramelessHelper)
+    friend class BaseMoveDialog;
 
+    bool takeHandedOver(QWidget *w);
     void forget(QWidget *destroyed);
     void updateRubberBands();
 
