@@ -9,7 +9,9 @@
 #include <qhotkey.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QResource>
 #include <QtCore/QTimer>
+#include <QtGui/QImageReader>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QPushButton>
 
@@ -119,6 +121,20 @@ static void checkControls()
     CHECK(comboBox->currentIndex() == 1);
 }
 
+// Linked, or in a file of resources.
+static void checkPictures()
+{
+    const QStringList expected = totalcommon::clientPictures();
+    CHECK(!expected.isEmpty());
+#ifdef CLIENT_PICTURES
+    CHECK(totalcommon::missingClientPictures() == expected);
+    CHECK(QResource::registerResource(QStringLiteral(CLIENT_PICTURES)));
+#endif
+    CHECK(totalcommon::missingClientPictures().isEmpty());
+    CHECK(QImageReader(QStringLiteral(":/surface/resources/surface/common/close.png")).size() ==
+          QSize(20, 20));
+}
+
 static void checkHotkeys()
 {
     const QHotkey hotkey;
@@ -140,6 +156,7 @@ int main(int argc, char **argv)
     checkDerivedDialog();
     checkMaskedMessage();
     checkControls();
+    checkPictures();
     checkHotkeys();
     return failures == 0 ? 0 : 1;
 }

@@ -5,6 +5,7 @@
 #include <QtCore/QPoint>
 #include <QtCore/QSize>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QVector>
 #include <QtGui/QImage>
 #include <QtGui/QPixmap>
@@ -176,5 +177,19 @@ ORVCOMMONLIB_EXPORT quint64 getDirSize(const QString &path);
 ///
 /// \param path of the file
 ORVCOMMONLIB_EXPORT void desktopShowInFolder(const QString &path);
+
+/// The pictures that the library's classes look for among the client's resources. What a class shows without one,
+/// its header says. The library has drawings of its own of all of them: to link (the CMake target
+/// orvcommonlib::client_pictures) or to register (the file orvcommonlib_client_pictures.rcc). Where a client has a
+/// picture of its own at one of the paths, it leaves the library's drawings out: of two at one path Qt takes either.
+///
+/// \return the resource paths, sorted
+ORVCOMMONLIB_EXPORT QStringList clientPictures();
+
+/// Those of clientPictures() that nothing provides at the moment: for a check at the start of a client, or in its
+/// tests.
+///
+/// \return the resource paths, sorted; empty when there is a picture at every path
+ORVCOMMONLIB_EXPORT QStringList missingClientPictures();
 
 } // namespace totalcommon
