@@ -1,5 +1,6 @@
 #include "orvcommonlib.h"
 
+#include "orvcommonlib_version.h"
 #include "orvqtcompat.h"
 #include "picturecanvas.h"
 
@@ -429,6 +430,11 @@ void desktopShowInFolder(const QString &path)
     const QStringList arguments{QStringLiteral("/select,"), QDir::toNativeSeparators(path)};
     if (!QProcess::startDetached(QStringLiteral("explorer.exe"), arguments))
         QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).dir().absolutePath()));
+}
+
+QString version()
+{
+    return QStringLiteral(ORVCOMMONLIB_VERSION_STRING);
 }
 
 } // namespace totalcommon

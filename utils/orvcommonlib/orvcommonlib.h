@@ -163,6 +163,12 @@ ORVCOMMONLIB_EXPORT QString generateMd5(QString text);
 /// \return 32 lower-case hexadecimal digits
 ORVCOMMONLIB_EXPORT QString FileMD5(QString path, QString extraText);
 
+/// The version of the library that runs, which may be newer than the headers that a client was compiled with: those
+/// say theirs in orvcommonlib_version.h. May be called from any thread.
+///
+/// \return three numbers with dots between them, as QVersionNumber::fromString() reads them
+ORVCOMMONLIB_EXPORT QString version();
+
 /// The bytes in all files under a folder, hidden ones excepted. Links count as what they lead to, each of
 /// them, but for a link to a folder that is just being counted (the one that holds the link or one above),
 /// which adds nothing: of two sibling folders with 100 and 1000 bytes that link each other, their parent holds
