@@ -35,7 +35,8 @@ private Q_SLOTS:
 
 void VersionTest::isOneEverywhere()
 {
-    const QVersionNumber version(ORVCOMMONLIB_VERSION_MAJOR, ORVCOMMONLIB_VERSION_MINOR, ORVCOMMONLIB_VERSION_PATCH);
+    const QVersionNumber version(ORVCOMMONLIB_VERSION_MAJOR, ORVCOMMONLIB_VERSION_MINOR,
+                                 ORVCOMMONLIB_VERSION_PATCH);
     QCOMPARE(QStringLiteral(ORVCOMMONLIB_VERSION_STRING), version.toString());
     QCOMPARE(totalcommon::version(), version.toString());
     QCOMPARE(QStringLiteral(ORV_PROJECT_VERSION), version.toString());

@@ -44,6 +44,9 @@ namespace TestMain {
 /// Runs the test functions of an object and returns the status for the process to end with.
 int run(QObject *test, int argc, char **argv);
 
+/// Whether the windows of this run are those of Windows, which gives a window of no size one of its own choice.
+bool isOnWindows();
+
 /// Fails the test function that runs now, or the whole program if the calling thread is not the one that runs them.
 void failForWarning(const QString &text);
 

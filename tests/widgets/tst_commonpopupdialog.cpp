@@ -634,7 +634,8 @@ void tst_CommonPopupDialog::acceptsAbsurdSizes()
         return;
     InsideLoop::run([&] { closeButtonOf(dialog)->click(); });
     QCOMPARE(dialog.exec(), CommonPopupDialog::Closed);
-    QCOMPARE(dialog.size(), expected);
+    if (!expected.isEmpty() || !TestMain::isOnWindows())
+        QCOMPARE(dialog.size(), expected);
 }
 
 ORV_TEST_MAIN(tst_CommonPopupDialog)

@@ -545,7 +545,7 @@ void tst_PopupLoadingDlgWithMask::acceptsAbsurdSizes()
     QVERIFY(loading.dialog->isVisible());
     const QSize largest(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     // Qt takes negative margins for the style's own, which need room.
-    if (dialogSize.width() >= 0)
+    if (dialogSize.width() > 0 || (dialogSize.width() == 0 && !TestMain::isOnWindows()))
         QCOMPARE(loading.dialog->size(), dialogSize);
     QCOMPARE(loading.box()->size(), boxSize.expandedTo(QSize(0, 0)).boundedTo(largest));
     QCOMPARE(loading.movieLabel()->size(), QSize(50, 50));
