@@ -10,6 +10,34 @@ install(TARGETS orvcommonlib EXPORT orvcommonlibTargets
 install(FILES ${ORV_PUBLIC_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${ORV_PACKAGE})
 install(EXPORT orvcommonlibTargets NAMESPACE orvcommonlib:: DESTINATION ${ORV_PACKAGE_DIR})
 
+# What a program links of a static library. The .pc file names it too.
+set(ORV_STATIC_DEPENDENCIES "")
+set(ORV_PC_REQUIRES "")
+foreach(module IN ITEMS Core Gui Widgets)
+    list(APPEND ORV_PC_REQUIRES "${ORV_QT}${module} >= ${ORV_QT_MINIMUM}")
+endforeach()
+set(ORV_PC_CFLAGS "")
+set(ORV_PC_LIBS "-L\${libdir} -l${ORV_PACKAGE}")
+if(ORV_LIBRARY_TYPE STREQUAL STATIC)
+    string(APPEND ORV_STATIC_DEPENDENCIES "find_dependency(${ORV_QT} ${ORV_QT_MINIMUM} COMPONENTS Svg)\n")
+    list(APPEND ORV_PC_REQUIRES ${ORV_QT}Svg)
+    string(APPEND ORV_PC_CFLAGS " -DORVCOMMONLIB_STATIC")
+    string(PREPEND ORV_PC_LIBS "-Wl,-u,orvcommonlib_startup ")
+    if(WIN32)
+        string(APPEND ORV_PC_LIBS " -luser32")
+    elseif(ORV_X11_HOTKEYS)
+        if(ORV_QT_MAJOR EQUAL 5)
+            string(APPEND ORV_STATIC_DEPENDENCIES "find_dependency(Qt5X11Extras ${ORV_QT_MINIMUM})\n")
+            list(APPEND ORV_PC_REQUIRES Qt5X11Extras)
+        endif()
+        string(APPEND ORV_STATIC_DEPENDENCIES
+            "find_dependency(PkgConfig)\n"
+            "pkg_check_modules(ORV_XCB REQUIRED IMPORTED_TARGET x11 xcb xkbcommon)\n")
+        list(APPEND ORV_PC_REQUIRES x11 xcb xkbcommon)
+    endif()
+endif()
+list(JOIN ORV_PC_REQUIRES " " ORV_PC_REQUIRES)
+
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlibConfig.cmake.in
     ${PROJECT_BINARY_DIR}/orvcommonlibConfig.cmake INSTALL_DESTINATION ${ORV_PACKAGE_DIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/orvcommonlibVersion.cmake COMPATIBILITY SameMajorVersion)

@@ -13,8 +13,9 @@
 
 /// The version as one number, for the preprocessor: `#if ORVCOMMONLIB_VERSION >= ORVCOMMONLIB_VERSION_CHECK(1, 2, 0)`.
 #define ORVCOMMONLIB_VERSION_CHECK(major, minor, patch) (((major) << 16) | ((minor) << 8) | (patch))
-#define ORVCOMMONLIB_VERSION \
-    ORVCOMMONLIB_VERSION_CHECK(ORVCOMMONLIB_VERSION_MAJOR, ORVCOMMONLIB_VERSION_MINOR, ORVCOMMONLIB_VERSION_PATCH)
+#define ORVCOMMONLIB_VERSION                                                                                 \
+    ORVCOMMONLIB_VERSION_CHECK(ORVCOMMONLIB_VERSION_MAJOR, ORVCOMMONLIB_VERSION_MINOR,                       \
+                               ORVCOMMONLIB_VERSION_PATCH)
 
 /// Whether these headers are of version \a major.\a minor.\a patch or a later one, for `if constexpr` and
 /// `static_assert`.
@@ -30,7 +31,8 @@ constexpr bool orvcommonlibVersionAtLeast(int major, int minor = 0, int patch = 
 #endif
 
 /// Whether what version \a major.\a minor has deprecated is still declared: the condition that stands around it.
-#define ORV_DEPRECATED_SINCE(major, minor) (ORVCOMMONLIB_VERSION_CHECK(major, minor, 0) > ORV_DISABLE_DEPRECATED_BEFORE)
+#define ORV_DEPRECATED_SINCE(major, minor)                                                                   \
+    (ORVCOMMONLIB_VERSION_CHECK(major, minor, 0) > ORV_DISABLE_DEPRECATED_BEFORE)
 
 /// Marks a declaration as deprecated; \a text names what replaces it.
 #ifdef ORV_NO_DEPRECATED_WARNINGS
