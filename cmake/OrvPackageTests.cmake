@@ -16,10 +16,16 @@ else()
     set(consumer_platform offscreen)
 endif()
 
-# orv_add_consumer_test(<name> <folder under tests> [PROGRAM <name>] [OPTIONS <-DVAR=value>...])
-# Configures and builds a project against the package, then runs the program that it makes.
+# orv_add_consumer_test(<name> <folder under tests> [STATIC] [PROGRAM <name>] [OPTIONS <-DVAR=value>...])
+# Configures and builds a project against the package, or against that of the static library, then runs the program that
+# it makes.
 function(orv_add_consumer_test name folder)
-    cmake_parse_arguments(PARSE_ARGV 2 arg "" "PROGRAM" "OPTIONS")
+    cmake_parse_arguments(PARSE_ARGV 2 arg "STATIC" "PROGRAM" "OPTIONS")
+    set(fixture package)
+    if(arg_STATIC)
+        set(package ${static_package})
+        set(fixture static_package)
+    endif()
     set(build_folder ${PROJECT_BINARY_DIR}/consumers/${name})
     if(arg_PROGRAM)
         set(run --test-command ${CMAKE_CROSSCOMPILING_EMULATOR}
@@ -31,7 +37,7 @@ function(orv_add_consumer_test name folder)
         --build-options -DCMAKE_PREFIX_PATH=${package} ${consumer_options} ${arg_OPTIONS}
         ${run})
     set_tests_properties(${name} PROPERTIES
-        FIXTURES_REQUIRED package
+        FIXTURES_REQUIRED ${fixture}
         ENVIRONMENT "QT_QPA_PLATFORM=${consumer_platform};PKG_CONFIG_PATH=${package}/${CMAKE_INSTALL_LIBDIR}/pkgconfig"
         TIMEOUT 300)
 endfunction()
@@ -45,6 +51,24 @@ find_package(PkgConfig QUIET)
 if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
     orv_add_consumer_test(package_pkg_config consumer PROGRAM consumer
         OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCONSUMER_WITH_PKG_CONFIG=ON)
+endif()
+
+# The static library is a build of its own.
+if(NOT ORV_SANITIZERS AND NOT CMAKE_CROSSCOMPILING AND ORV_LIBRARY_TYPE STREQUAL SHARED)
+    set(static_package ${PROJECT_BINARY_DIR}/install-test-static)
+    add_test(NAME package_static_install COMMAND ${CMAKE_CTEST_COMMAND}
+        --build-and-test ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/consumers/static
+        --build-generator ${CMAKE_GENERATOR} --build-target install
+        --build-options -DBUILD_SHARED_LIBS=OFF -DORV_QT_MAJOR=${ORV_QT_MAJOR} -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE}
+            -DCMAKE_INSTALL_PREFIX=${static_package} -DORV_BUILD_TESTS=OFF -DORV_BUILD_GALLERY=OFF
+            -DORV_BUILD_BENCHMARKS=OFF ${consumer_options})
+    set_tests_properties(package_static_install PROPERTIES FIXTURES_SETUP static_package TIMEOUT 900)
+    orv_add_consumer_test(package_static_consumer consumer STATIC PROGRAM consumer
+        OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE})
+    if(PkgConfig_FOUND)
+        orv_add_consumer_test(package_static_pkg_config consumer STATIC PROGRAM consumer
+            OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCONSUMER_WITH_PKG_CONFIG=ON)
+    endif()
 endif()
 
 # Which of two packages a client finds: the version files of both, whichever this build is for.

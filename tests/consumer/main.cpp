@@ -4,6 +4,7 @@
 #include <framelesshelper.h>
 #include <horizontalslider.h>
 #include <orvcommonlib.h>
+#include <orvcommonlib_version.h>
 #include <orvresloader.h>
 #include <popupdlgwithmask.h>
 #include <qhotkey.h>
@@ -11,6 +12,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QResource>
 #include <QtCore/QTimer>
+#include <QtGui/QAccessible>
 #include <QtGui/QImageReader>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QPushButton>
@@ -60,6 +62,7 @@ static void checkHelpers()
 {
     CHECK(totalcommon::generateMd5(QStringLiteral("abc")) ==
           QLatin1String("900150983cd24fb0d6963f7d28e17f72"));
+    CHECK(totalcommon::version() == QLatin1String(ORVCOMMONLIB_VERSION_STRING));
     orvcommonlib first;
     const orvcommonlib second = first;
     first = second;
@@ -111,6 +114,8 @@ static void checkControls()
     slider.setRange(0, 10);
     slider.setValue(7);
     CHECK(slider.value() == 7);
+    const QAccessibleInterface *told = QAccessible::queryAccessibleInterface(&slider);
+    CHECK(told && told->role() == QAccessible::Slider);
 
     QWidget window;
     auto *comboBox = new CustomShadowCombox(&window);
