@@ -86,5 +86,9 @@ if(NOT ORV_SANITIZERS)
     mark_as_advanced(ORV_CLANG)
     if(ORV_CLANG AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT CMAKE_CROSSCOMPILING)
         orv_add_consumer_test(package_headers_clang consumer/headers OPTIONS -DCMAKE_CXX_COMPILER=${ORV_CLANG})
+        # What Microsoft's compiler takes, as far as clang can tell on another system, with the libraries of that one.
+        orv_add_consumer_test(package_headers_msvc consumer/headers OPTIONS -DCMAKE_CXX_COMPILER=${ORV_CLANG}
+            "-DCMAKE_CXX_FLAGS=-fms-compatibility -fms-compatibility-version=19.30 -fms-extensions \
+-fdelayed-template-parsing -U_MSC_VER -fgnuc-version=4.2.1 -D__STRICT_ANSI__")
     endif()
 endif()
