@@ -5,6 +5,7 @@
 static void initResources()
 {
     Q_INIT_RESOURCE(orvcommonlib);
+    Q_INIT_RESOURCE(namedsheets);
 }
 
 // The name that programs linked with the static library ask for, so that this file and what it refers to are taken from
