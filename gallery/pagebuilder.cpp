@@ -1,6 +1,7 @@
 #include "pagebuilder.h"
 #include "colorbutton.h"
 #include "flowlayout.h"
+#include "propertysheet.h"
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QCheckBox>
@@ -269,6 +270,11 @@ QPushButton *PageBuilder::button(const PageText &text, std::function<void()> cli
 QPushButton *PageBuilder::primaryButton(const PageText &text, std::function<void()> clicked)
 {
     return addButton(text, std::move(clicked), "primary");
+}
+
+void PageBuilder::properties(QWidget *widget)
+{
+    new PropertySheet(this, widget);
 }
 
 void PageBuilder::shot(const PageText &name, std::function<QWidget *()> show)

@@ -137,6 +137,9 @@ public:
     /// The button that does what the page is about: at most one in a card.
     QPushButton *primaryButton(const PageText &text, std::function<void()> clicked);
 
+    /// A card with an editor for each property of the widget, which stands elsewhere on the page.
+    void properties(QWidget *widget);
+
     /// Registers one more picture for --shots, NAME.png; dialogs are called "dialog-<class in lower case>",
     /// lists and tooltips "popup-<class>". `show` shows a window without blocking and returns it: it is
     /// grabbed over the page, at its place if it lies over the main window and centred otherwise, then closed

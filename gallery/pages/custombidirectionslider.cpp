@@ -88,7 +88,8 @@ void build(PageBuilder &page)
     page.include("custombidirectionslider.h");
 
     page.section("States", "A tick marks the centre of the range; the line runs from there to the handle.");
-    page.example(newSlider(page.widget(), Looks(), 35), "above the centre");
+    CustomBidirectionSlider *first = newSlider(page.widget(), Looks(), 35);
+    page.example(first, "above the centre");
     page.example(newSlider(page.widget(), Looks(), -35), "below the centre");
     page.example(newSlider(page.widget(), Looks(), 0), "at the centre");
 
@@ -97,6 +98,7 @@ void build(PageBuilder &page)
 
     page.section("Looks", "What the constructor takes: the slider is built anew with each change.");
     addLooks(&page);
+    page.properties(first);
 }
 
 const GalleryPage &page = GalleryPage::add(GalleryFamily::Sliders, "CustomBidirectionSlider",

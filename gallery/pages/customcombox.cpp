@@ -39,6 +39,7 @@ void build(PageBuilder &page)
     page.spinBox("setLineEditWidth", 40, 240, 180, [combo](int width) { combo->setLineEditWidth(width); });
     page.spinBox("Gap for subclasses", 0, 20, 4,
                  [combo](int spacing) { combo->setSpacingBetweenComboxAndPopupWidget(spacing); });
+    page.properties(combo);
 }
 
 const GalleryPage &page =

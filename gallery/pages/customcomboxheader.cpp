@@ -55,6 +55,7 @@ void build(PageBuilder &page)
         normal->setCustomTextStyle(style);
         small->setCustomTextStyle(style);
     });
+    page.properties(normal);
 }
 
 const GalleryPage &page =

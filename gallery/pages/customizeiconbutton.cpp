@@ -61,6 +61,7 @@ void build(PageBuilder &page)
                                    .arg(color.name()),
                                QString(), QString(), QString());
     });
+    page.properties(button);
 }
 
 const GalleryPage &page =

@@ -34,6 +34,7 @@ void build(PageBuilder &page)
     page.button("setKeySequence(Ctrl+Alt+G)",
                 [edit] { edit->setKeySequence(QKeySequence(Qt::CTRL + Qt::ALT + Qt::Key_G)); });
     page.button("setNoContextMenu(true)", [edit] { edit->setNoContextMenu(true); });
+    page.properties(edit);
 }
 
 const GalleryPage &page = GalleryPage::add(

@@ -81,6 +81,7 @@ void build(PageBuilder &page)
     });
     page.spinBox("setSpan", 0, 40, 8, [button](int span) { button->setSpan(span); });
     page.button("resizeWithIconAndText()", [button] { button->resizeWithIconAndText(); });
+    page.properties(button);
 }
 
 const GalleryPage &page =

@@ -36,6 +36,7 @@ void build(PageBuilder &page)
     side("Top", &Margins::top);
     side("Right", &Margins::right);
     side("Bottom", &Margins::bottom);
+    page.properties(edit);
 }
 
 const GalleryPage &page =

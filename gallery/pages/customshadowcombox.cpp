@@ -186,6 +186,7 @@ void addSetters(PageBuilder &page)
     page.wideLineEdit("setHeaderTextStyle", textStyle(),
                       [combo](const QString &style) { combo->setHeaderTextStyle(style); });
     addRowButtons(page, combo);
+    page.properties(combo);
 }
 
 void addBottom(PageBuilder &page)

@@ -41,6 +41,7 @@ void build(PageBuilder &page)
     page.checkBox("Go there", true, [followed](bool on) { *followed = on; });
     page.spinBox("Maximum", 1, 1000, following->maximum(),
                  [following](int maximum) { following->setMaximum(maximum); });
+    page.properties(following);
 }
 
 const GalleryPage &page =

@@ -36,6 +36,7 @@ void build(PageBuilder &page)
     QSpinBox *index = page.spinBox("Current step", -2, 25, bar->getCurrentIndex(),
                                    [bar](int step) { bar->setCurrenIndex(step); });
     QObject::connect(bar, &CustomSliderBarWidget::selectFinish, index, &QSpinBox::setValue);
+    page.properties(bar);
 }
 
 const GalleryPage &page = GalleryPage::add(GalleryFamily::Sliders, "CustomSliderBarWidget",

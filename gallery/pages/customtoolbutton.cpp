@@ -101,6 +101,7 @@ void build(PageBuilder &page)
         panel->raise();
         return panel;
     });
+    page.properties(click);
 }
 
 const GalleryPage &page = GalleryPage::add(

@@ -117,6 +117,7 @@ void build(PageBuilder &page)
     page.example(onDark(slider, page.widget()));
     addRange(&page, slider);
     addLooks(&page, slider);
+    page.properties(slider);
 }
 
 const GalleryPage &page = GalleryPage::add(

@@ -101,6 +101,7 @@ void build(PageBuilder &page)
     page.example(sliders.at(1), "from the centre");
     addRange(&page, sliders);
     addLooks(&page, sliders);
+    page.properties(sliders.at(0));
 }
 
 const GalleryPage &page = GalleryPage::add(
