@@ -27,6 +27,7 @@ constexpr int kExampleGap = 28;
 constexpr int kExampleRowGap = 20;
 constexpr int kCaptionGap = 8;
 constexpr int kLabelWidth = 136;
+constexpr int kLabelGap = 12; // behind a label that is wider than that
 constexpr int kColumnGap = 32;
 constexpr int kRowGap = 10;
 constexpr int kButtonGap = 8;
@@ -342,6 +343,7 @@ void PageBuilder::addLabelled(const PageText &label, QWidget *control, bool wide
     nameControls(control, label.string());
     QLabel *text = newLabel(label.string(), "label", m_card->parentWidget());
     text->setBuddy(control);
+    text->setContentsMargins(0, 0, kLabelGap, 0);
     layout->addWidget(text, row, column);
     layout->addWidget(control, row, column + 1, 1, (span - 1) * kCellsPerControl + 1);
 }

@@ -8,6 +8,7 @@
 #include <QtTest/qtestspontaneevent.h>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QVBoxLayout>
 
 #include <cmath>
 #include <limits>
@@ -75,6 +76,7 @@ class tst_custombidirectionslider : public QObject
 
 private Q_SLOTS:
     void startsAsDocumented();
+    void hasRoomForItsHandle();
     void paintsLikeThePlainRecipe_data();
     void paintsLikeThePlainRecipe();
     void centreHasTheTickAlone();
@@ -109,6 +111,24 @@ void tst_custombidirectionslider::startsAsDocumented()
     QCOMPARE(declarations(1),
              QStringLiteral("width: 24px|height: 24px|margin-top: -9px|margin-left: -4px|margin-bottom: -9px|"
                             "margin-right: -4px|border-image: url(:/resources/channels/slider_handle.png)"));
+}
+
+void tst_custombidirectionslider::hasRoomForItsHandle()
+{
+    const ExpectedWarnings warnings(kHandleImage);
+    QWidget window;
+    QVBoxLayout layout(&window);
+    CustomBidirectionSlider slider(6, 24, QColor(Qt::blue), &window);
+    layout.addWidget(&slider);
+    QSlider stock;
+    stock.setOrientation(Qt::Horizontal);
+    stock.setStyleSheet(slider.styleSheet());
+    QVERIFY(stock.sizeHint().height() < 24);
+    QCOMPARE(slider.sizeHint(), QSize(stock.sizeHint().width(), 24));
+    QCOMPARE(slider.minimumSizeHint(), QSize(stock.minimumSizeHint().width(), 24));
+    window.resize(200, 10);
+    window.show();
+    QCOMPARE(slider.height(), 24);
 }
 
 void tst_custombidirectionslider::paintsLikeThePlainRecipe_data()

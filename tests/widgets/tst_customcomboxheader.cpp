@@ -46,6 +46,9 @@ private Q_SLOTS:
     void showsTheArrow();
     void paintsTheArrow_data();
     void paintsTheArrow();
+    void elidesLongText_data();
+    void elidesLongText();
+    void asksForTheFullText();
     void takesCustomStyles();
     void paintsItsStyleSheet();
     void pointsWithAHand();
@@ -179,6 +182,68 @@ void tst_CustomComboxHeader::paintsTheArrow()
     }
     // The tip, in the middle, is where the arrow points.
     QVERIFY2(up ? weightAbove > 0 : weightAbove < 0, qPrintable(QString::number(weightAbove)));
+}
+
+void tst_CustomComboxHeader::elidesLongText_data()
+{
+    QTest::addColumn<bool>("small");
+    QTest::newRow("normal") << false;
+    QTest::newRow("small") << true;
+}
+
+void tst_CustomComboxHeader::elidesLongText()
+{
+    QFETCH(bool, small);
+    const QString longText = QStringLiteral("A device whose name is much longer than its header is wide");
+    const QString ellipsis(QChar(0x2026));
+    CustomComboxHeader header(small, nullptr);
+    header.setFixedSize(150, 48);
+    QLabel *label = Labels(&header).text;
+    header.setText(longText);
+    QCOMPARE(label->text(), longText); // nobody has laid it out yet
+    header.show();
+    QVERIFY(label->text().endsWith(ellipsis));
+    QVERIFY(label->text().size() < longText.size());
+    QVERIFY(label->sizeHint().width() > label->width());
+    QVERIFY(label->geometry().right() < Labels(&header).icon->x());
+    QCOMPARE(header.text(), longText);
+
+    const QString before = label->text();
+    header.setFixedWidth(220);
+    QTRY_VERIFY(label->text().size() > before.size());
+    header.setFixedWidth(900);
+    QTRY_COMPARE(label->text(), longText);
+    header.setFixedWidth(150);
+    QTRY_COMPARE(label->text(), before);
+    header.setCustomTextStyle(QStringLiteral("QLabel{font-size:24px;}"));
+    QTRY_VERIFY(label->text().size() < before.size());
+    QCOMPARE(header.text(), longText);
+
+    header.setText(QStringLiteral("Short"));
+    QCOMPARE(label->text(), QStringLiteral("Short"));
+    label->setText(QStringLiteral("of the client's")); // found by findChild()
+    QCOMPARE(header.text(), QStringLiteral("of the client's"));
+    const QString rich = QStringLiteral("<b>Rich</b> text that is too long for the little room that it has");
+    header.setText(rich);
+    header.setFixedWidth(140);
+    QTRY_COMPARE(header.width(), 140);
+    QCOMPARE(label->text(), rich);
+}
+
+void tst_CustomComboxHeader::asksForTheFullText()
+{
+    CustomComboxHeader header(true, nullptr);
+    QLabel *label = Labels(&header).text;
+    header.setText(QStringLiteral("A text of some length"));
+    const QSize hint = header.sizeHint();
+    const QSize minimum = header.minimumSizeHint();
+    header.resize(60, 28);
+    header.show();
+    header.setFixedSize(60, 28);
+    QTRY_VERIFY(label->text().size() < header.text().size());
+    QVERIFY(qAbs(header.layout()->sizeHint().width() - hint.width()) <= 1);
+    QVERIFY(qAbs(header.layout()->minimumSize().width() - minimum.width()) <= 1);
+    QCOMPARE(header.layout()->sizeHint().height(), hint.height());
 }
 
 void tst_CustomComboxHeader::takesCustomStyles()

@@ -1,5 +1,6 @@
 #include "dialogbuttons.h"
 
+#include "closebutton.h"
 #include "looksheets.h"
 #include "plainkey.h"
 
@@ -7,27 +8,27 @@
 
 namespace {
 
-QPushButton *createPointedButton(QWidget *dialog, const char *sheet)
+void pointWithoutFocus(QPushButton *button, const char *sheet)
 {
-    auto *button = new QPushButton(dialog);
     button->setFocusPolicy(Qt::NoFocus);
     button->setCursor(Qt::PointingHandCursor);
     LookSheets::apply(button, sheet);
-    return button;
 }
 
 } // namespace
 
 QPushButton *DialogButtons::createCloseButton(QWidget *dialog, QSize size, const char *sheet)
 {
-    QPushButton *button = createPointedButton(dialog, sheet);
+    auto *button = new CloseButton(dialog);
+    pointWithoutFocus(button, sheet);
     button->setFixedSize(size);
     return button;
 }
 
 QPushButton *DialogButtons::createActionButton(QWidget *dialog, const QString &text, const char *sheet)
 {
-    QPushButton *button = createPointedButton(dialog, sheet);
+    auto *button = new QPushButton(dialog);
+    pointWithoutFocus(button, sheet);
     button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     button->setAttribute(Qt::WA_LayoutUsesWidgetRect);
     button->setText(text);

@@ -1,6 +1,7 @@
 #include "commonpopupdialog.h"
 
 #include "accessiblenotification.h"
+#include "closebutton.h"
 #include "dialogbuttons.h"
 #include "modalrun.h"
 
@@ -59,7 +60,7 @@ void CommonPopupDialog::buildBody(bool transparentBody)
 
 void CommonPopupDialog::buildTitleRow(const QString &title, bool showCloseButton)
 {
-    m_closeButton = new QPushButton(this);
+    m_closeButton = new CloseButton(this);
     m_closeButton->setFixedSize(kCloseButtonSize);
     m_closeButton->setObjectName(QStringLiteral("PopupDialogCloseButton"));
     m_closeButton->setAccessibleName(BaseMoveDialog::tr("Close"));

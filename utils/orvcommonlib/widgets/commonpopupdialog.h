@@ -16,7 +16,8 @@ class QVBoxLayout;
 ///
 /// The class sets no colours, fonts or images: the application's style sheet finds the parts by their
 /// object names "CommonPopupDialog" (body), "PopupDialogCloseButton", "Font16LightLbl" (title) and
-/// "TitleBottomHLine" (rule). It is shown with show(), or with exec(), which blocks in an event loop of its
+/// "TitleBottomHLine" (rule). Without such a sheet the close button looks as the platform's style draws one, and
+/// is transparent over a transparent body. It is shown with show(), or with exec(), which blocks in an event loop of its
 /// own while the rest of the application goes on. The dialog never deletes itself; its parent or the client
 /// owns it. GUI thread only. Sizes are in device-independent pixels.
 class ORVCOMMONLIB_EXPORT CommonPopupDialog : public BaseMoveDialog

@@ -20,6 +20,7 @@ const char kStyleSheet[] =
 constexpr int kDefaultLineWidth = 6;
 constexpr int kDefaultHandleWidth = 24;
 constexpr QRgb kDefaultLineColor = 0xFF4B66EB;
+constexpr int kHandleHeight = 24; // in the style sheet
 constexpr int kTickHeight = 4;
 constexpr int kWidestPen = 32767; // Qt warns about wider ones
 
@@ -94,6 +95,17 @@ void CustomBidirectionSlider::setLineColor(const QColor &color)
 void CustomBidirectionSlider::enableWheel(bool enable)
 {
     m_wheelEnabled = enable;
+}
+
+// Of the handle, which its negative margins let overlap the groove, Qt's hint knows nothing.
+QSize CustomBidirectionSlider::sizeHint() const
+{
+    return QSlider::sizeHint().expandedTo(QSize(0, kHandleHeight));
+}
+
+QSize CustomBidirectionSlider::minimumSizeHint() const
+{
+    return QSlider::minimumSizeHint().expandedTo(QSize(0, kHandleHeight));
 }
 
 int CustomBidirectionSlider::middle() const

@@ -56,6 +56,11 @@ public:
     /// \param enabled whether the wheel changes the value
     void setWheelEnabled(bool enabled) { enableWheel(enabled); }
 
+    /// \return that of a QSlider, with room for the whole handle
+    QSize sizeHint() const override;
+    /// \return that of a QSlider, with room for the whole handle
+    QSize minimumSizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;

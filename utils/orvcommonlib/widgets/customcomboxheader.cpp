@@ -2,6 +2,7 @@
 
 #include "accessiblenotification.h"
 #include "clickdetection.h"
+#include "headertext.h"
 #include "looksheets.h"
 #include "pressgesture.h"
 #include "stylesheetpainting.h"
@@ -48,15 +49,15 @@ CustomComboxHeader::~CustomComboxHeader() = default;
 
 QString CustomComboxHeader::text() const
 {
-    return m_textLabel ? m_textLabel->text() : QString();
+    return m_textLabel ? m_textLabel->fullText() : QString();
 }
 
 void CustomComboxHeader::setText(QString text)
 {
     if (!m_textLabel)
         return;
-    const bool isAnother = text != m_textLabel->text();
-    m_textLabel->setText(text);
+    const bool isAnother = text != m_textLabel->fullText();
+    m_textLabel->setFullText(text);
     if (isAnother)
         AccessibleNotification::nameChanged(this);
 }
@@ -143,7 +144,7 @@ void CustomComboxHeader::buildRow(QHBoxLayout *layout, const char *textStyle, QS
 {
     setObjectName(QStringLiteral("CustomComboxHeader"));
 
-    m_textLabel = new QLabel(this);
+    m_textLabel = new HeaderText(this);
     m_textLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     LookSheets::apply(m_textLabel, textStyle);
     layout->addWidget(m_textLabel);

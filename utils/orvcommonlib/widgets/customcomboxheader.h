@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class HeaderText;
 class PressGesture;
 class QHBoxLayout;
 class QLabel;
@@ -70,7 +71,7 @@ private:
     const char *downArrowStyle() const;
 
     QLabel *m_iconLabel = nullptr;
-    QLabel *m_textLabel = nullptr;
+    HeaderText *m_textLabel = nullptr;
     bool m_smallStyle = false;
     QPoint m_pressPos;
     QPoint m_releasePos;

@@ -17,8 +17,8 @@ class QVBoxLayout;
 /// application-modal and shown with show(), which does not block. The dialog deletes itself when it is
 /// closed: do not touch it afterwards. All three labels deliberately start with the translated text "Update
 /// Tips", until their setters are called. The images ":/resources/common_icons/close.png" and
-/// "close_hover.png" belong to the application, as the background image does. GUI thread only. Sizes are in
-/// device-independent pixels.
+/// "close_hover.png" belong to the application, as the background image does; without them the close button
+/// looks as the platform's style draws one. GUI thread only. Sizes are in device-independent pixels.
 class ORVCOMMONLIB_EXPORT OrvUpdateTipDlg : public BaseMoveDialogWithBackImage
 {
     Q_OBJECT
