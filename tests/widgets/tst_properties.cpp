@@ -324,6 +324,8 @@ private Q_SLOTS:
     void notifiesOfChangesAlone();
     void repaintsOnce_data();
     void repaintsOnce();
+    void writingWhatWasReadChangesNothing_data();
+    void writingWhatWasReadChangesNothing();
 
     void directionIsAMemberToo();
     void directionByName_data();
@@ -474,6 +476,38 @@ void tst_properties::repaintsOnce()
         settle();
         QCOMPARE(equal.all, 0);
     }
+}
+
+void tst_properties::writingWhatWasReadChangesNothing_data()
+{
+    declaresThese_data();
+}
+
+void tst_properties::writingWhatWasReadChangesNothing()
+{
+    QFETCH(const int, index);
+    QWidget window;
+    window.resize(500, 400);
+    const std::unique_ptr<QObject> object(classes().at(index).make(&window));
+    auto *const widget = qobject_cast<QWidget *>(object.get());
+    const auto looks = [widget] {
+        QStringList sheets;
+        for (const QWidget *one : QWidgetList{widget} + widget->findChildren<QWidget *>())
+            sheets << one->styleSheet();
+        return std::make_pair(widget->grab().toImage(), sheets);
+    };
+    if (!widget) // a helper, which has no properties
+        return;
+    looks(); // the first painting lays out
+    const auto before = looks();
+    const Signals emitted(widget);
+    const QMetaObject *meta = widget->metaObject();
+    for (int at = meta->propertyOffset(); at < meta->propertyCount(); ++at) {
+        const QMetaProperty property = meta->property(at);
+        QCOMPARE(property.write(widget, property.read(widget)), property.isWritable());
+    }
+    QCOMPARE(emitted.count(), 0);
+    QCOMPARE(looks(), before);
 }
 
 // Named by the class, as form code and Designer do, and by the enumeration of the first interface alike.
