@@ -98,11 +98,11 @@ QString colored(const QString &sheet)
         int end = at + 1;
         while (end < sheet.size() && isInName(sheet.at(end)))
             ++end;
-        text += sheet.midRef(done, at - done);
+        text.append(sheet.constData() + done, at - done);
         text += LookTable::instance().text(sheet.mid(at + 1, end - at - 1));
         done = end;
     }
-    return text + sheet.midRef(done);
+    return text.append(sheet.constData() + done, sheet.size() - done);
 }
 
 // All at once: nothing is looked for in what an argument has brought.
@@ -111,11 +111,11 @@ QString withArguments(const QString &sheet, const QStringList &arguments)
     QString text;
     int done = 0;
     for (int at = sheet.indexOf(u'%'); at >= 0; at = sheet.indexOf(u'%', done)) {
-        text += sheet.midRef(done, at - done);
+        text.append(sheet.constData() + done, at - done);
         text += arguments.value(sheet.at(at + 1).digitValue() - 1);
         done = at + 2;
     }
-    return text + sheet.midRef(done);
+    return text.append(sheet.constData() + done, sheet.size() - done);
 }
 
 void followOne(QWidget *widget)
