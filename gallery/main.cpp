@@ -1,6 +1,6 @@
 #include "gallerypage.h"
+#include "gallerystyle.h"
 #include "mainwindow.h"
-#include "orvresloader.h"
 #include "placeteller.h"
 #include "reportlog.h"
 #include "shots.h"
@@ -87,7 +87,7 @@ void setUpScaling()
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
-void setUpLooks(QApplication &application)
+void setUpLooks()
 {
     QFont font = QApplication::font();
     font.setFamilies({QStringLiteral("Microsoft YaHei"), QStringLiteral("Segoe UI"),
@@ -96,9 +96,7 @@ void setUpLooks(QApplication &application)
     font.setPixelSize(kFontSize);
     QApplication::setFont(font);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/surface/resources/surface/gallery/logo.svg")));
-    OrvResourceLoader loader;
-    loader.loadThemeFile(QStringLiteral(":/gallery/theme.ini"));
-    application.setStyleSheet(loader.loadQssFile(QStringLiteral(":/gallery/gallery.qss")));
+    setUpGalleryStyle();
 }
 
 int listPages()
@@ -138,7 +136,7 @@ int main(int argc, char **argv)
     log.setVerbose(parser.isSet(verboseOption()));
     if (parser.isSet(shotsOption()))
         log.setFrozenTime(QTime(12, 0));
-    setUpLooks(application);
+    setUpLooks();
     MainWindow window(&log);
     if (parser.isSet(shotsOption()))
         return writeShots(&window, parser.value(shotsOption())) ? 0 : 1;

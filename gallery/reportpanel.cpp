@@ -1,4 +1,5 @@
 #include "reportpanel.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 #include <QtGui/QClipboard>
@@ -33,18 +34,18 @@ QColor levelColor(ReportLevel level)
 {
     switch (level) {
     case ReportLevel::Result:
-        return {0x00, 0x92, 0x65};
+        return galleryColor("good");
     case ReportLevel::Signal:
-        return {0x42, 0x57, 0xFF};
+        return galleryColor("primary");
     case ReportLevel::Warning:
-        return {0xC2, 0x70, 0x00};
+        return galleryColor("warn");
     case ReportLevel::Critical:
-        return {0xD6, 0x33, 0x3A};
+        return galleryColor("bad");
     case ReportLevel::Debug:
     case ReportLevel::Info:
         break;
     }
-    return {0x78, 0x79, 0x7B};
+    return galleryColor("muted");
 }
 
 QString timeText(const ReportLine &line)
@@ -69,13 +70,13 @@ public:
         const ReportLine &line = model->lineAt(index.row());
         QRect rect = option.rect;
         if (option.state.testFlag(QStyle::State_Selected))
-            painter->fillRect(rect, QColor(0xEE, 0xF0, 0xFF));
+            painter->fillRect(rect, galleryColor("tint"));
         rect.adjust(kLeftPadding, 0, -kRightPadding, 0);
 
         QFont font = option.font;
         font.setPixelSize(kSmallTextSize);
         painter->setFont(font);
-        painter->setPen(QColor(0x9A, 0x9B, 0x9E));
+        painter->setPen(galleryColor("faint"));
         painter->drawText(rect, Qt::AlignVCenter, timeText(line));
         rect.setLeft(rect.left() + kTimeWidth);
         painter->setPen(levelColor(line.level));
@@ -84,7 +85,7 @@ public:
 
         font.setPixelSize(kTextSize);
         painter->setFont(font);
-        painter->setPen(QColor(0x33, 0x33, 0x33));
+        painter->setPen(galleryColor("text"));
         const QString text = QString(line.text).replace(QLatin1Char('\n'), QLatin1Char(' '));
         painter->drawText(rect, Qt::AlignVCenter | Qt::TextSingleLine,
                           painter->fontMetrics().elidedText(text, Qt::ElideRight, rect.width()));

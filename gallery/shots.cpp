@@ -1,6 +1,7 @@
 #include "shots.h"
 #include "gallerypage.h"
 #include "mainwindow.h"
+#include "orvlook.h"
 #include "pageview.h"
 
 #include <QtCore/QDir>
@@ -12,6 +13,8 @@
 #include <cstdio>
 
 namespace {
+
+const QString kPageInBothLooks = QStringLiteral("page-customshadowcombox.png");
 
 void settle()
 {
@@ -74,24 +77,45 @@ bool writeShot(MainWindow *window, const PageShot &shot, const QDir &folder)
     return written;
 }
 
-} // namespace
-
-bool writeShots(MainWindow *window, const QString &folder)
+bool writeLook(MainWindow *window, const QDir &folder)
 {
-    const QDir dir(folder);
-    bool everythingWritten = dir.mkpath(QStringLiteral("."));
-    // A page may be taller than any screen, where a window system would not let it be.
-    window->setAttribute(Qt::WA_DontShowOnScreen);
-    window->show();
-    settle();
+    bool everythingWritten = folder.mkpath(QStringLiteral("."));
     const QVector<const GalleryPage *> pages = GalleryPage::all();
     for (const GalleryPage *page : pages) {
         window->clearReports();
         PageView *view = window->openPage(page);
         const QString name = QStringLiteral("page-") + page->name();
-        everythingWritten = write(grabPage(window, view), dir, name) && everythingWritten;
+        everythingWritten = write(grabPage(window, view), folder, name) && everythingWritten;
         for (const PageShot &shot : view->shots())
-            everythingWritten = writeShot(window, shot, dir) && everythingWritten;
+            everythingWritten = writeShot(window, shot, folder) && everythingWritten;
     }
     return everythingWritten;
+}
+
+// The same page in both looks, the left half of one and the right half of the other.
+bool writeBothLooks(const QDir &light, const QDir &dark)
+{
+    QPixmap picture(light.filePath(kPageInBothLooks));
+    const QPixmap darkPicture(dark.filePath(kPageInBothLooks));
+    const int half = picture.width() / 2;
+    QPainter painter(&picture);
+    painter.drawPixmap(half, 0, darkPicture, half, 0, half, picture.height());
+    painter.end();
+    return write(picture, light, QStringLiteral("light-and-dark"));
+}
+
+} // namespace
+
+bool writeShots(MainWindow *window, const QString &folder)
+{
+    const QDir light(folder);
+    const QDir dark(light.filePath(QStringLiteral("dark")));
+    // A page may be taller than any screen, where a window system would not let it be.
+    window->setAttribute(Qt::WA_DontShowOnScreen);
+    window->show();
+    settle();
+    OrvLook::setDark(false);
+    const bool lightWritten = writeLook(window, light);
+    OrvLook::setDark(true);
+    return writeLook(window, dark) && lightWritten && writeBothLooks(light, dark);
 }

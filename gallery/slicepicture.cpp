@@ -1,4 +1,5 @@
 #include "slicepicture.h"
+#include "gallerystyle.h"
 
 #include <QtGui/QPainter>
 
@@ -11,7 +12,6 @@ constexpr int kSquare = 8;
 
 const QRgb kLightSquare = qRgb(0xF7, 0xF8, 0xFA);
 const QRgb kDarkSquare = qRgb(0xE3, 0xE6, 0xEC);
-const QRgb kLineColor = qRgb(0x42, 0x57, 0xFF);
 
 } // namespace
 
@@ -39,7 +39,7 @@ void SlicePicture::paintEvent(QPaintEvent *)
     QPainter painter(this);
     fillTransparencyPattern(painter, rect());
     painter.drawPixmap(rect(), m_picture);
-    painter.setPen(QPen(QColor(kLineColor), 1, Qt::DashLine));
+    painter.setPen(QPen(galleryColor("primary"), 1, Qt::DashLine));
     for (const int x : {m_borders.left() * m_factor, width() - m_borders.right() * m_factor})
         painter.drawLine(x, 0, x, height());
     for (const int y : {m_borders.top() * m_factor, height() - m_borders.bottom() * m_factor})

@@ -1,9 +1,12 @@
 #include "titlebar.h"
+#include "gallerystyle.h"
+#include "orvlook.h"
 #include "pagebuilder.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QIcon>
 #include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 
@@ -18,12 +21,16 @@ constexpr qreal kButtonRadius = 6;
 constexpr qreal kGlyphSize = 10;
 constexpr qreal kGlyphWidth = 1.2;
 constexpr qreal kRestoreOffset = 2.5;
+constexpr qreal kMoonShift = 3.5; // of the disc that the moon lacks
 
-const QRgb kGlyphColor = qRgb(0x33, 0x33, 0x33);
-const QRgb kHoverColor = qRgb(0xEB, 0xEC, 0xED);
-const QRgb kPressedColor = qRgb(0xDC, 0xDD, 0xE0);
-const QRgb kCloseHoverColor = qRgb(0xE5, 0x48, 0x4D);
-const QRgb kClosePressedColor = qRgb(0xCC, 0x3A, 0x40);
+QPainterPath moon(const QRectF &box)
+{
+    QPainterPath disc;
+    disc.addEllipse(box);
+    QPainterPath missing;
+    missing.addEllipse(box.translated(kMoonShift, -kMoonShift));
+    return disc.subtracted(missing);
+}
 
 } // namespace
 
@@ -54,12 +61,12 @@ void TitleButton::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const bool close = m_glyph == Close;
-    QColor glyphColor(kGlyphColor);
+    QColor glyphColor = galleryColor("text");
     if (underMouse()) {
-        const QRgb hover = close ? kCloseHoverColor : kHoverColor;
-        const QRgb pressed = close ? kClosePressedColor : kPressedColor;
+        const QColor hover = galleryColor(close ? "closeHover" : "hairline");
+        const QColor pressed = galleryColor(close ? "closePressed" : "dent");
         painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(isDown() ? pressed : hover));
+        painter.setBrush(isDown() ? pressed : hover);
         painter.drawRoundedRect(rect(), kButtonRadius, kButtonRadius);
         if (close)
             glyphColor = Qt::white;
@@ -85,6 +92,11 @@ void TitleButton::drawGlyph(QPainter &painter) const
         painter.drawPolyline(
             QPolygonF({QPointF(box.left() + kRestoreOffset, box.top()), QPointF(box.right(), box.top()),
                        QPointF(box.right(), box.bottom() - kRestoreOffset)}));
+        break;
+    case Dark:
+        if (isChecked())
+            painter.setBrush(painter.pen().color());
+        painter.drawPath(moon(box));
         break;
     case Close:
         painter.drawLine(box.topLeft(), box.bottomRight());
@@ -119,6 +131,9 @@ TitleBar::TitleBar(QWidget *parent)
     setGalleryRole(name, "titleName");
     auto *what = new QLabel(QStringLiteral("gallery"), this);
     setGalleryRole(what, "titleWhat");
+    auto *dark = new TitleButton(TitleButton::Dark, QStringLiteral("Dark look"), this);
+    dark->setCheckable(true);
+    followLook(dark, [dark] { dark->setChecked(OrvLook::isDark()); });
     auto *minimise = new TitleButton(TitleButton::Minimise, QStringLiteral("Minimise"), this);
     auto *close = new TitleButton(TitleButton::Close, QStringLiteral("Close"), this);
 
@@ -130,10 +145,12 @@ TitleBar::TitleBar(QWidget *parent)
     layout->addWidget(name);
     layout->addWidget(what);
     layout->addStretch();
+    layout->addWidget(dark);
     layout->addWidget(minimise);
     layout->addWidget(m_maximise);
     layout->addWidget(close);
 
+    connect(dark, &TitleButton::clicked, dark, &OrvLook::setDark);
     connect(minimise, &TitleButton::clicked, this, &TitleBar::minimiseClicked);
     connect(m_maximise, &TitleButton::clicked, this, &TitleBar::maximiseClicked);
     connect(close, &TitleButton::clicked, this, &TitleBar::closeClicked);

@@ -3,13 +3,13 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QWidget>
 
-/// One of the three buttons of a title bar; its glyph is drawn, so that it is sharp at every ratio.
+/// One of the buttons of a title bar; its glyph is drawn, so that it is sharp at every ratio.
 class TitleButton : public QAbstractButton
 {
     Q_OBJECT
 
 public:
-    enum Glyph { Minimise, Maximise, Restore, Close };
+    enum Glyph { Dark, Minimise, Maximise, Restore, Close };
 
     TitleButton(Glyph glyph, const QString &toolTip, QWidget *parent = nullptr);
 
@@ -27,7 +27,7 @@ private:
     Glyph m_glyph;
 };
 
-/// The strip at the top of the main window: its name and the three buttons. A press beside the buttons goes
+/// The strip at the top of the main window: its name, the switch of the look and the three buttons. A press beside the buttons goes
 /// on to the window, which drags itself by it.
 class TitleBar : public QWidget
 {

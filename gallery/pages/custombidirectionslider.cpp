@@ -1,9 +1,11 @@
 #include "custombidirectionslider.h"
 #include "colorbutton.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QVBoxLayout>
 
@@ -42,10 +44,13 @@ void addWheel(PageBuilder *page)
         sliders << newSlider(contents, Looks(), 15 * (i - 2));
         layout->addWidget(sliders.constLast());
     }
-    QPalette palette = area->palette();
-    palette.setColor(QPalette::Window, Qt::white);
-    area->setPalette(palette);
+    followLook(area, [area] {
+        QPalette palette = area->palette();
+        palette.setColor(QPalette::Window, galleryColor("paper"));
+        area->setPalette(palette);
+    });
     area->setWidget(contents);
+    setGalleryRole(area->verticalScrollBar(), "scroll");
     area->setFixedSize(kSize.width() + 60, kAreaHeight);
     page->example(area, "turn the wheel over a slider");
     page->checkBox("enableWheel()", false, [sliders](bool enable) {

@@ -1,4 +1,5 @@
 #include "customcomboxheader.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 #include <QtWidgets/QCheckBox>
@@ -10,7 +11,8 @@ constexpr QSize kSmallSize(180, 28);
 
 QString frameStyle()
 {
-    return QStringLiteral("QWidget#%1{background:#FFFFFF;border:1px solid #DADCE0;border-radius:6px;}");
+    return gallerySheet(
+        QStringLiteral("QWidget#%1{background:@paper;border:1px solid @outline;border-radius:6px;}"));
 }
 
 CustomComboxHeader *newHeader(QWidget *parent, bool small)
@@ -34,7 +36,7 @@ void build(PageBuilder &page)
     CustomComboxHeader *small = newHeader(page.widget(), true);
     page.example(small, "small");
     CustomComboxHeader *framed = newHeader(page.widget(), false);
-    framed->setCustomStyle(frameStyle());
+    followLook(framed, [framed] { framed->setCustomStyle(frameStyle()); });
     framed->setIconState(true);
     page.example(framed, "with a frame of the client's, arrow up");
 

@@ -1,4 +1,5 @@
 #include "customizeiconbutton.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 namespace {
@@ -9,21 +10,28 @@ QString icon(const char *name, const char *state)
         .arg(QString::fromUtf8(name), QString::fromUtf8(state));
 }
 
+void wearSheets(CustomizeIconButton *button)
+{
+    const auto label = [](const char *color) {
+        return QStringLiteral("QLabel{background:transparent;font-size:14px;color:%1;}")
+            .arg(galleryColor(color).name());
+    };
+    button->setTextStyle(label("ink"), label("primary"), label("pressed"), label("off"));
+    const auto box = [](const char *border, const char *ground) {
+        return QStringLiteral("QWidget#iconButton{border:1px solid %1;border-radius:8px;background:%2;}")
+            .arg(galleryColor(border).name(), galleryColor(ground).name());
+    };
+    button->setOveralStyle(box("hairline", "paper"), box("glow", "ground"), box("glow", "hairline"),
+                           box("hairline", "ground"));
+}
+
 CustomizeIconButton *newButton(QWidget *parent, const char *name, const QString &text, bool isCenter)
 {
     auto *button = new CustomizeIconButton(QSize(20, 20), text, 6, parent, isCenter);
     button->setObjectName(QStringLiteral("iconButton"));
     button->setIconImage(icon(name, ""), icon(name, "_hover"), icon(name, "_pressed"),
                          icon(name, "_disabled"));
-    const QString label = QStringLiteral("QLabel{background:transparent;font-size:14px;color:%1;}");
-    button->setTextStyle(label.arg(QStringLiteral("#1F1F22")), label.arg(QStringLiteral("#4257FF")),
-                         label.arg(QStringLiteral("#3B4EE5")), label.arg(QStringLiteral("#B1B1B2")));
-    const QString box =
-        QStringLiteral("QWidget#iconButton{border:1px solid %1;border-radius:8px;background:%2;}");
-    button->setOveralStyle(box.arg(QStringLiteral("#EBECED"), QStringLiteral("#FFFFFF")),
-                           box.arg(QStringLiteral("#C9CFFF"), QStringLiteral("#F5F6F7")),
-                           box.arg(QStringLiteral("#C9CFFF"), QStringLiteral("#EBECED")),
-                           box.arg(QStringLiteral("#EBECED"), QStringLiteral("#F5F6F7")));
+    followLook(button, [button] { wearSheets(button); });
     button->setFixedSize(150, 40);
     reportSignal(button, &CustomizeIconButton::clicked, "clicked");
     return button;

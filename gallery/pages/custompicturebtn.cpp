@@ -1,4 +1,5 @@
 #include "custompicturebtn.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 #include <QtGui/QImage>
@@ -24,11 +25,13 @@ CustomPictureBtn *newButton(QWidget *parent, const char *name, const QString &te
     QFont font = button->QWidget::font();
     font.setPixelSize(14);
     button->setFont(font);
-    button->setFontColor(QColor(0x1F, 0x1F, 0x22), QColor(0x42, 0x57, 0xFF), QColor(0x3B, 0x4E, 0xE5),
-                         QColor(0xB1, 0xB1, 0xB2));
-    button->setStyleSheet(
-        QStringLiteral("QPushButton{border:1px solid #EBECED;border-radius:8px;background:#FFFFFF;}"
-                       "QPushButton:hover{background:#F5F6F7;}"));
+    followLook(button, [button] {
+        button->setFontColor(galleryColor("ink"), galleryColor("primary"), galleryColor("pressed"),
+                             galleryColor("off"));
+        button->setStyleSheet(gallerySheet(
+            QStringLiteral("QPushButton{border:1px solid @hairline;border-radius:8px;background:@paper;}"
+                           "QPushButton:hover{background:@ground;}")));
+    });
     button->setFixedSize(150, 56);
     reportSignal(button, &QPushButton::clicked, "clicked");
     reportSignal(button, &QPushButton::toggled, "toggled");

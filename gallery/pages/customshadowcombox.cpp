@@ -1,4 +1,5 @@
 #include "customshadowcombox.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 #include <QtCore/QTimer>
@@ -16,12 +17,14 @@ constexpr int kHideDelayMs = 2000;
 
 QString frameStyle()
 {
-    return QStringLiteral("QWidget#%1{background:#FFFFFF;border:1px solid #DADCE0;border-radius:8px;}");
+    return gallerySheet(
+        QStringLiteral("QWidget#%1{background:@paper;border:1px solid @outline;border-radius:8px;}"));
 }
 
 QString smallFrameStyle()
 {
-    return QStringLiteral("QWidget#%1{background:#FFFFFF;border:1px solid #DADCE0;border-radius:4px;}");
+    return gallerySheet(
+        QStringLiteral("QWidget#%1{background:@paper;border:1px solid @outline;border-radius:4px;}"));
 }
 
 QString textStyle()
@@ -45,7 +48,7 @@ public:
         : CustomShadowCombox(small, parent)
     {
         setFixedSize(small ? kSmallSize : kNormalSize);
-        setHeaderStyle(small ? smallFrameStyle() : frameStyle());
+        followLook(this, [this, small] { setHeaderStyle(small ? smallFrameStyle() : frameStyle()); });
         reportSignal(this, &CustomShadowCombox::currentIndexChanged, "currentIndexChanged");
         reportSignal(this, &CustomShadowCombox::currentGrayIndexChanged, "currentGrayIndexChanged");
         reportSignal(this, &CustomShadowCombox::signalPopWidHideWhenClickOtherPos,

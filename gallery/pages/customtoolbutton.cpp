@@ -1,4 +1,5 @@
 #include "customtoolbutton.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 #include <QtWidgets/QLabel>
@@ -32,9 +33,11 @@ QWidget *newPanel(QWidget *window, const QString &text)
     auto *panel = new QWidget(window);
     panel->setObjectName(QStringLiteral("settingPanel"));
     panel->setAttribute(Qt::WA_StyledBackground);
-    panel->setStyleSheet(
-        QStringLiteral("QWidget#settingPanel{background:#FFFFFF;border:1px solid #DADCE0;border-radius:8px;}"
-                       "QLabel{font-size:13px;color:#1F1F22;}"));
+    followLook(panel, [panel] {
+        panel->setStyleSheet(gallerySheet(QStringLiteral(
+            "QWidget#settingPanel{background:@paper;border:1px solid @outline;border-radius:8px;}"
+            "QLabel{font-size:13px;color:@ink;}")));
+    });
     panel->setFocusPolicy(Qt::StrongFocus);
     auto *layout = new QVBoxLayout(panel);
     layout->setContentsMargins(14, 10, 14, 12);

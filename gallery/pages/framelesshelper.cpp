@@ -1,4 +1,5 @@
 #include "framelesshelper.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 #include "samplewindow.h"
 
@@ -15,12 +16,6 @@ constexpr unsigned int kDefaultExtraPixels = 10;
 
 constexpr QSize kSampleSize(420, 260);
 constexpr QSize kSampleMinimumSize(260, 140);
-
-const QRgb kWindowColor = qRgb(0xFF, 0xFF, 0xFF);
-const QRgb kTitleColor = qRgb(0xEE, 0xF0, 0xFF);
-const QRgb kEdgeColor = qRgb(0xB9, 0xC2, 0xFF);
-const QRgb kCornerColor = qRgb(0x42, 0x57, 0xFF);
-const QRgb kTextColor = qRgb(0x66, 0x66, 0x66);
 
 /// A window in outline, with the areas in which a press means something, one pixel for one pixel.
 class AreaPicture : public QWidget
@@ -43,21 +38,21 @@ protected:
                                          ? static_cast<int>(m_helper->rightBottomAreaExtraPix())
                                          : 0);
         const QRect window = rect();
-        painter.fillRect(window, QColor(kWindowColor));
-        painter.fillRect(QRect(window.topLeft(), QSize(width(), title)), QColor(kTitleColor));
+        painter.fillRect(window, galleryColor("paper"));
+        painter.fillRect(QRect(window.topLeft(), QSize(width(), title)), galleryColor("tint"));
         fillEdges(painter, window, border);
         for (const QPoint &point : {window.topLeft(), window.topRight() - QPoint(border - 1, 0),
                                     window.bottomLeft() - QPoint(0, border - 1)})
-            painter.fillRect(QRect(point, QSize(border, border)), QColor(kCornerColor));
+            painter.fillRect(QRect(point, QSize(border, border)), galleryColor("primary"));
         painter.fillRect(QRect(window.bottomRight() - QPoint(corner - 1, corner - 1), QSize(corner, corner)),
-                         QColor(kCornerColor));
+                         galleryColor("primary"));
         drawTexts(painter, window, title);
     }
 
 private:
     static void fillEdges(QPainter &painter, const QRect &window, int border)
     {
-        const QColor color(kEdgeColor);
+        const QColor color = galleryColor("glow");
         painter.fillRect(QRect(window.left(), window.top(), window.width(), border), color);
         painter.fillRect(QRect(window.left(), window.bottom() - border + 1, window.width(), border), color);
         painter.fillRect(QRect(window.left(), window.top(), border, window.height()), color);
@@ -66,7 +61,7 @@ private:
 
     static void drawTexts(QPainter &painter, const QRect &window, int title)
     {
-        painter.setPen(QColor(kTextColor));
+        painter.setPen(galleryColor("soft"));
         painter.drawText(QRect(window.left(), window.top(), window.width(), title), Qt::AlignCenter,
                          QStringLiteral("a press here moves the window"));
         painter.drawText(window.adjusted(0, title, 0, 0), Qt::AlignCenter,

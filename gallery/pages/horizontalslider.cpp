@@ -1,5 +1,6 @@
 #include "horizontalslider.h"
 #include "colorbutton.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 #include <QtWidgets/QCheckBox>
@@ -14,13 +15,15 @@ namespace {
 
 constexpr int kMargin = 14;
 
-/// The groove is white, for dark surroundings.
+/// The light groove is white, for dark surroundings.
 QWidget *onDark(HorizontalSlider *slider, QWidget *parent)
 {
     auto *panel = new QWidget(parent);
-    QPalette palette = panel->palette();
-    palette.setColor(QPalette::Window, QColor(0x3A, 0x3C, 0x45));
-    panel->setPalette(palette);
+    followLook(panel, [panel] {
+        QPalette palette = panel->palette();
+        palette.setColor(QPalette::Window, galleryColor("backdrop"));
+        panel->setPalette(palette);
+    });
     panel->setAutoFillBackground(true);
     auto *layout = new QVBoxLayout(panel);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -1,4 +1,5 @@
 #include "orvupdatetipdlg.h"
+#include "gallerystyle.h"
 #include "pagebuilder.h"
 
 #include <QtWidgets/QPushButton>
@@ -23,7 +24,7 @@ struct Arguments
     QString title = QStringLiteral("A new version is here");
     QString content = QStringLiteral("Version 2.0 brings steadier pictures and a faster start.");
     QString link =
-        QStringLiteral("<a href=\"https://www.example.com/\" style=\"color:#4257FF\">What is new</a>");
+        QStringLiteral("<a href=\"https://www.example.com/\" style=\"color:@primary\">What is new</a>");
 };
 
 OrvUpdateTipDlg *open(const Arguments &arguments, QWidget *mainWindow)
@@ -34,7 +35,7 @@ OrvUpdateTipDlg *open(const Arguments &arguments, QWidget *mainWindow)
                                        arguments.cancel, arguments.compact, arguments.showCancel);
     dialog->setTitle(arguments.title);
     dialog->setContentTips(arguments.content);
-    dialog->setNewVersionLink(arguments.link);
+    dialog->setNewVersionLink(gallerySheet(arguments.link));
     reportSignal(dialog, &OrvUpdateTipDlg::sig_confirmBtnClicked, "sig_confirmBtnClicked");
     reportSignal(dialog, &OrvUpdateTipDlg::sig_cancelBtnClicked, "sig_cancelBtnClicked");
     reportSignal(dialog, &OrvUpdateTipDlg::sig_closeMsgBox, "sig_closeMsgBox");

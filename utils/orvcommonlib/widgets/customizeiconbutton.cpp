@@ -4,6 +4,7 @@
 #include "clickdetection.h"
 #include "focusmark.h"
 #include "lazilystyled.h"
+#include "looksheets.h"
 #include "plainkey.h"
 #include "pressgesture.h"
 #include "statesheet.h"
@@ -21,10 +22,7 @@ namespace {
 constexpr QSize kDefaultIconSize(24, 24);
 constexpr int kDefaultSpacing = 8;
 
-QString iconSheet(const QString &imagePath)
-{
-    return QStringLiteral("QLabel{background:transparent; border:none; image:url(%1);}").arg(imagePath);
-}
+constexpr char kIconStyle[] = "QLabel{background:transparent; border:none; image:url(%1);}";
 
 // An empty sheet leaves the look alone.
 void applySheet(QWidget *widget, const QString &sheet)
@@ -56,7 +54,8 @@ CustomizeIconButton::~CustomizeIconButton() = default;
 
 void CustomizeIconButton::setIconImage(QString normal, QString hover, QString pressed, QString disabled)
 {
-    m_iconSheets = {iconSheet(normal), iconSheet(hover), iconSheet(pressed), iconSheet(disabled)};
+    m_iconImages = {normal, hover, pressed, disabled};
+    m_hasIcons = true;
     updateUI();
 }
 
@@ -240,7 +239,8 @@ void CustomizeIconButton::updateUI()
 {
     const State now = state();
     applySheet(this, m_overallSheets[now]);
-    applySheet(m_iconLabel, m_iconSheets[now]);
+    if (m_hasIcons)
+        LookSheets::apply(m_iconLabel, kIconStyle, {m_iconImages[now]});
     applySheet(m_textLabel, m_textSheets[now]);
     update();
 }

@@ -108,7 +108,7 @@ private:
     Q_DISABLE_COPY(CustomizeIconButton)
 
     enum State { Normal, Hover, Pressed, Disabled, StateCount };
-    using Sheets = std::array<QString, StateCount>;
+    using Texts = std::array<QString, StateCount>;
 
     void initControls(bool isCenter);
     void addRoom();
@@ -121,12 +121,13 @@ private:
     QSize m_iconSize;
     QString m_text;
     int m_spacing = 0;
-    Sheets m_overallSheets;
-    Sheets m_iconSheets;
-    Sheets m_textSheets;
+    Texts m_overallSheets;
+    Texts m_iconImages;
+    Texts m_textSheets;
     bool m_hovered = false;
     std::unique_ptr<PressGesture> m_press;
     bool m_enabled = true;
+    bool m_hasIcons = false;
     QPoint m_pressPos;
     QBoxLayout *m_row = nullptr;
     QVector<QSpacerItem *> m_room; // on both sides of a centred button, empty otherwise
