@@ -9,6 +9,7 @@
 #include "newhorizontalslider.h"
 #include "orvlook.h"
 #include "popupdlgwithmask.h"
+#include "popuploadingdlgwithmask.h"
 #include "testmain.h"
 #include "tipsdlgwithcheckbox.h"
 
@@ -17,6 +18,7 @@
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
+#include <QtGui/QMovie>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
@@ -111,6 +113,8 @@ private Q_SLOTS:
 
     void darkPictureOfTheClient();
     void picturesWithoutDarkOnesStay();
+    void iconsOfTheClient();
+    void movie();
 };
 
 void tst_Looks::cleanup()
@@ -448,6 +452,37 @@ void tst_Looks::picturesWithoutDarkOnesStay()
     OrvLook::setDark(true);
     for (const char *path : {"url(:/n.png)", "url(:/c.png)", "url(:/h.png)", "url(:/d.png)"})
         QVERIFY(button.styleSheet().contains(QLatin1String(path)));
+}
+
+void tst_Looks::iconsOfTheClient()
+{
+    const QString icon = QStringLiteral(":/resources/common_icons/close.png");
+    CustomizeIconButton button(QSize(24, 24), QStringLiteral("text"), 8, nullptr, true);
+    auto *label = button.findChild<QLabel *>();
+    button.setIconImage(icon, icon, icon, icon);
+    const QString light = label->styleSheet();
+    OrvLook::setDark(true);
+    QVERIFY(label->styleSheet().contains(QLatin1String(":/resources/common_icons/close_dark.png")));
+    OrvLook::setDark(false);
+    QCOMPARE(label->styleSheet(), light);
+}
+
+void tst_Looks::movie()
+{
+    PopupLoadingDlgWithMask dialog(QSize(200, 160), QSize(96, 100), QStringLiteral("text"), nullptr);
+    dialog.setAttribute(Qt::WA_DeleteOnClose, false);
+    auto *label = dialog.findChild<QLabel *>();
+    const QPointer<QMovie> light = label->movie();
+    dialog.show();
+    QCOMPARE(light->state(), QMovie::Running);
+    OrvLook::setDark(true);
+    QVERIFY(!light);
+    QVERIFY(label->movie()->fileName().endsWith(QLatin1String("connecting_dark.gif")));
+    QCOMPARE(label->movie()->state(), QMovie::Running);
+    QMovie own(QStringLiteral(":/surface/resources/surface/live/connecting.gif"));
+    label->setMovie(&own);
+    OrvLook::setDark(false);
+    QCOMPARE(label->movie(), &own);
 }
 
 ORV_TEST_MAIN(tst_Looks)

@@ -136,10 +136,10 @@ Q_DECLARE_METATYPE(QMargins)
 // The resource macros work outside of namespaces only.
 static void provide(Animation animation)
 {
-    Q_CLEANUP_RESOURCE(gallery);
+    Q_CLEANUP_RESOURCE(clientpictures);
     Q_CLEANUP_RESOURCE(brokenmovie);
     if (animation == Animation::Good)
-        Q_INIT_RESOURCE(gallery);
+        Q_INIT_RESOURCE(clientpictures);
     else if (animation == Animation::Broken)
         Q_INIT_RESOURCE(brokenmovie);
 }

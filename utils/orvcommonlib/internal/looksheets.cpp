@@ -20,6 +20,7 @@ struct Wearer
     QStringList arguments;
     QString text; // what the sheet was when it was set
     bool paints = false;
+    void (*follow)(QWidget *) = nullptr;
 };
 
 // Widgets are not watched: their entries are cleared away when there are twice as many as there were widgets then.
@@ -125,6 +126,10 @@ void followOne(QWidget *widget)
         return;
     if (wearer->paints)
         widget->update();
+    if (wearer->follow) {
+        wearer->follow(widget); // last, as below
+        return;
+    }
     if (!wearer->sheet || widget->styleSheet() != wearer->text)
         return;
     const QString text = LookSheets::text(wearer->sheet, wearer->arguments);
@@ -163,6 +168,12 @@ void LookSheets::forget(QWidget *widget)
 void LookSheets::repaint(QWidget *widget)
 {
     wardrobe().entry(widget).paints = true;
+}
+
+void LookSheets::repaint(QWidget *widget, void (*follow)(QWidget *))
+{
+    repaint(widget);
+    wardrobe().entry(widget).follow = follow;
 }
 
 void LookSheets::follow()

@@ -26,6 +26,9 @@ void forget(QWidget *widget);
 /// Has `widget` painted anew in every look to come, as it paints with colours by itself.
 void repaint(QWidget *widget);
 
+/// The same for a widget that wears no sheet of its own, with something to do before.
+void repaint(QWidget *widget, void (*follow)(QWidget *));
+
 /// Gives every widget what it wears in the look in force.
 void follow();
 

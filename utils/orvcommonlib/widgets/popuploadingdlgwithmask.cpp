@@ -1,6 +1,7 @@
 #include "popuploadingdlgwithmask.h"
 
 #include "accessiblecontent.h"
+#include "lookpictures.h"
 #include "looksheets.h"
 #include "looktable.h"
 
@@ -11,12 +12,19 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
 
+#include <memory>
+
 namespace {
 
 constexpr char kBoxStyle[] = "background:@loadingGround;border-radius:10px;border:0px solid @loadingBorder;";
 constexpr char kCaptionStyle[] =
     "QLabel \n{ \n background: transparent;font-size: 12px;\n font-weight: Normal; \n color: @loadingText; \n"
     " text-align: center; \n}";
+
+QString moviePath()
+{
+    return LookPictures::path(QStringLiteral(":/surface/resources/surface/live/connecting.gif"));
+}
 
 constexpr QMargins kBoxMargins(23, 12, 23, 17);
 constexpr int kBoxSpacing = 4;
@@ -34,7 +42,8 @@ PopupLoadingDlgWithMask::PopupLoadingDlgWithMask(QSize dialogSize, QSize boxSize
     setFixedSize(dialogSize);
     setWindowFlags(windowFlags() | Qt::Tool);
     setAttribute(Qt::WA_DeleteOnClose);
-    LookSheets::repaint(this);
+    LookSheets::repaint(
+        this, [](QWidget *dialog) { static_cast<PopupLoadingDlgWithMask *>(dialog)->followLook(); });
 
     // Truncated: what is left of an odd difference goes to the right or bottom.
     const int horizontal = (dialogSize.width() - boxSize.width()) / 2;
@@ -65,10 +74,7 @@ void PopupLoadingDlgWithMask::initWidget(QWidget *box)
 
     m_movieLabel = new QLabel(box);
     m_movieLabel->setFixedSize(kMovieSize);
-    m_movie = new QMovie(QStringLiteral(":/surface/resources/surface/live/connecting.gif"), QByteArray());
-    m_movie->setScaledSize(m_movieLabel->size());
-    m_movie->setCacheMode(QMovie::CacheAll); // decoding costs more than all the painting of a frame
-    m_movieLabel->setMovie(m_movie);
+    setMovie(moviePath());
 
     auto *caption = new QLabel(box);
     caption->setFixedHeight(kCaptionHeight);
@@ -79,6 +85,25 @@ void PopupLoadingDlgWithMask::initWidget(QWidget *box)
     layout->addWidget(m_movieLabel);
     layout->addWidget(caption);
     layout->addStretch();
+}
+
+void PopupLoadingDlgWithMask::setMovie(const QString &path)
+{
+    m_movie = new QMovie(path, QByteArray());
+    m_movie->setScaledSize(m_movieLabel->size());
+    m_movie->setCacheMode(QMovie::CacheAll); // decoding costs more than all the painting of a frame
+    m_movieLabel->setMovie(m_movie);
+}
+
+void PopupLoadingDlgWithMask::followLook()
+{
+    const bool isOurs = m_movieLabel && m_movie && m_movieLabel->movie() == m_movie;
+    if (!isOurs || m_movie->fileName() == moviePath())
+        return;
+    const std::unique_ptr<QMovie> former(m_movie);
+    setMovie(moviePath());
+    if (former->state() == QMovie::Running)
+        m_movie->start();
 }
 
 void PopupLoadingDlgWithMask::paintEvent(QPaintEvent *event)

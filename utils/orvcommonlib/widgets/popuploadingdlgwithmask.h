@@ -28,7 +28,8 @@ public:
     /// \param text the caption, fixed for the life of the dialog
     /// \param parent the owner; may be null
     PopupLoadingDlgWithMask(QSize dialogSize, QSize boxSize, QString text, QWidget *parent);
-    /// Stops the animation. The movie itself is deliberately not deleted.
+    /// Stops the animation. The movie itself is deliberately not deleted; only a switch between a light and a dark look
+    /// replaces it, where the dark one has a movie of its own (see OrvLook).
     ~PopupLoadingDlgWithMask() override;
 
 protected:
@@ -39,6 +40,8 @@ protected:
 
 private:
     void initWidget(QWidget *box);
+    void setMovie(const QString &path);
+    void followLook();
 
     QLabel *m_movieLabel = nullptr;
     QPointer<QMovie> m_movie; // a client can reach it through the label
