@@ -35,6 +35,7 @@ function(orv_add_test name)
     if(arg_POISONED AND NOT ORV_SANITIZERS)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/poisonedmemory.cpp)
         target_compile_definitions(${name} PRIVATE ORV_POISONED_MEMORY)
+        list(APPEND arg_ENVIRONMENT MALLOC_PERTURB_=213) # has glibc overwrite what Qt's containers give back
     endif()
     if(arg_INTERNAL)
         target_compile_definitions(${name} PRIVATE ORVCOMMONLIB_LIBRARY)

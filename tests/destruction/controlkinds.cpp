@@ -82,7 +82,7 @@ QVector<Step> toolButtonLife()
             send(panelOf(button, name), QEvent(QEvent::Enter));
         }) << step<QObject>("panel", [=](QObject *button) {
             send(panelOf(button, name), QEvent(QEvent::Leave));
-        }) << step<QObject>("panel", [=](QObject *button) {
+        }) << step<QObject>("panel without focus", [=](QObject *button) {
             send(panelOf(button, name), QFocusEvent(QEvent::FocusOut));
         }) << step<QObject>("panel", [=](QObject *button) {
             panelOf(button, name)->show();

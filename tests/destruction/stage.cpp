@@ -34,6 +34,15 @@ constexpr QEvent::Type kEvents[] = {
     QEvent::Close,
     QEvent::Paint,
     QEvent::ContextMenu,
+    QEvent::FocusIn,
+    QEvent::FocusOut,
+    QEvent::WindowActivate,
+    QEvent::WindowDeactivate,
+    QEvent::ActivationChange,
+    QEvent::HoverEnter,
+    QEvent::HoverLeave,
+    QEvent::HoverMove,
+    QEvent::EnabledChange,
 };
 
 /// In these Qt goes on with the receiver: QWidget::setVisible(), and the painting of its window.

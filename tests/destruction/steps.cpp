@@ -61,6 +61,27 @@ QVector<Step> typing()
             key(Qt::Key_Space, Qt::NoModifier, QStringLiteral(" ")), keyRelease(Qt::Key_Space)};
 }
 
+QVector<Step> attention()
+{
+    const auto focus = [](const char *name, QEvent::Type type) {
+        return step<QWidget>(name, [=](QWidget *w) { send(w, QFocusEvent(type, Qt::TabFocusReason)); });
+    };
+    const auto hover = [](QEvent::Type type) {
+        return step<QWidget>("hover",
+                             [=](QWidget *w) { send(w, QHoverEvent(type, QPointF(9, 9), QPointF(8, 8))); });
+    };
+    return {
+        focus("focus", QEvent::FocusIn),
+        focus("no focus", QEvent::FocusOut),
+        plainEvent("activate", QEvent::WindowActivate),
+        plainEvent("deactivate", QEvent::WindowDeactivate),
+        plainEvent("activation", QEvent::ActivationChange),
+        hover(QEvent::HoverEnter),
+        hover(QEvent::HoverMove),
+        hover(QEvent::HoverLeave),
+    };
+}
+
 } // namespace
 
 Step press(QPoint pos, Qt::MouseButton button)
@@ -122,7 +143,7 @@ Step clickButton(int index)
 
 QVector<Step> life(const QVector<Step> &own)
 {
-    return showing() + pointing() + typing() + own + closing();
+    return showing() + attention() + pointing() + typing() + own + closing();
 }
 
 QVector<Step> closing()

@@ -24,8 +24,8 @@ const char *nameOf(Deed deed)
     return names[int(deed)];
 }
 
-/// What Qt cannot survive, whatever the class, with the reason. The name of a kind or of a step is null where it does
-/// not matter; a step with "!" before it stands for all others.
+/// What Qt cannot survive, whatever the class, with the reason, as stack traces and a memory checker have it. The name
+/// of a kind or of a step is null where it does not matter; a step with "!" before it stands for all others.
 struct Exception
 {
     const char *kind;
@@ -35,13 +35,24 @@ struct Exception
 };
 
 constexpr char kNativeHide[] = "QWidgetWindow goes on with the widget that its window hides";
-constexpr char kGoesOn[] = "Qt's own class goes on with itself after it";
-
-constexpr char kFocus[] = "QWidget::setFocus() goes on with the widget that it gives the focus";
+constexpr char kShow[] = "QWidget::show() goes on with the children of the widget";
+constexpr char kHide[] = "QWidget::hide() goes on with the widget, and with its children";
+constexpr char kDisable[] = "QWidget::setEnabled() goes on with the children of the widget";
+constexpr char kFocus[] = "QWidget::setFocus() and clearFocus() go on with the widget";
 constexpr char kPointer[] = "QApplication goes on with the widgets between which the pointer goes";
-
-constexpr char kHidesItsList[] =
-    "QWidget::setVisible() goes on with the combo box that hides, and its list with it";
+constexpr char kActivation[] =
+    "QApplication::setActiveWindow() goes on with the windows and widgets that it tells";
+constexpr char kHover[] =
+    "QApplication::notify() goes on with the widget that it tells of a move and of a hover";
+constexpr char kChecked[] = "QAbstractButton::setChecked() tells assistive technology of the button after it";
+constexpr char kRelease[] = "QToolButton::mouseReleaseEvent() looks at which part of the button was pressed";
+constexpr char kAction[] = "QAbstractSlider goes on to set the value";
+constexpr char kWheel[] = "QAbstractSlider::wheelEvent() compares the value with the one before";
+constexpr char kIndex[] = "QComboBox tells the same in another form, and assistive technology of it";
+constexpr char kEdit[] = "QComboBox sets the text of its line edit, which goes on with itself";
+constexpr char kCurrent[] = "the list's QItemSelectionModel goes on with itself";
+constexpr char kDocument[] = "QPlainTextEdit goes on with its document";
+constexpr char kDialog[] = "QDialog goes on with itself when it is done";
 
 const Exception kImpossible[] = {
     {nullptr, "destroyed(QObject*)", nullptr, "it is being destroyed already"},
@@ -49,63 +60,76 @@ const Exception kImpossible[] = {
     {nullptr, "Leave", "!leave", kPointer},
     {nullptr, "watched Enter", "!panel", kPointer},
     {nullptr, "watched Leave", "!panel", kPointer},
-    {"CustomShadowCombox", "watched HideToParent", "hide", kHidesItsList},
-    {"CustomShadowCombox", "watched HideToParent", "close", kHidesItsList},
+    {nullptr, "FocusIn", "!focus", kFocus},
+    {nullptr, "watched FocusIn", nullptr, kFocus},
+    {nullptr, "FocusOut", "!no focus", kFocus},
+    {nullptr, "watched FocusOut", "!panel without focus", kFocus},
+    {nullptr, "WindowActivate", "!activate", kActivation},
+    {nullptr, "watched WindowActivate", "!activate", kActivation},
+    {nullptr, "WindowDeactivate", "!deactivate", kActivation},
+    {nullptr, "watched WindowDeactivate", "!deactivate", kActivation},
+    {nullptr, "ActivationChange", "!activation", kActivation},
+    {nullptr, "watched ActivationChange", "!activation", kActivation},
+    {nullptr, "HoverMove", "!hover", kHover},
+    {nullptr, "watched HoverMove", "!hover", kHover},
+    {nullptr, "watched EnabledChange", nullptr, kDisable},
     {nullptr, "HideToParent", "exec() hidden natively", kNativeHide},
     {nullptr, "HideToParent", "execWithPos() hidden natively", kNativeHide},
     {nullptr, "watched Hide", "exec() hidden natively", kNativeHide},
     {nullptr, "watched Hide", "execWithPos() hidden natively", kNativeHide},
     {nullptr, "watched HideToParent", "exec() hidden natively", kNativeHide},
     {nullptr, "watched HideToParent", "execWithPos() hidden natively", kNativeHide},
-    {"CustomPictureBtn", "toggled(bool)", nullptr, kGoesOn},
-    {"CustomToolButton", "toggled(bool)", nullptr, kGoesOn},
-    {"CustomToolButton", "clicked(bool)", "release", kGoesOn},
-    {"CustomToolButton", "pressed()", "press", kGoesOn},
-    {"CustomToolButton", "pressed()", "double click", kGoesOn},
-    {"CustomToolButton", "released()", "release", kGoesOn},
-    {"CustomToolButton", "watched Hide", "release", kFocus},
+    {"CustomPictureBtn", "toggled(bool)", nullptr, kChecked},
+    {"CustomToolButton", "toggled(bool)", nullptr, kChecked},
+    {"CustomToolButton", "clicked(bool)", "release", kRelease},
+    {"CustomToolButton", "released()", "release", kRelease},
     {"CustomToolButton", "watched HideToParent", "release", kFocus},
     {"CustomToolButton", "watched Paint", nullptr,
      "a button paints at once what is under the pointer, and goes on with itself"},
-    {"CustomSlider", "actionTriggered(int)", nullptr, kGoesOn},
-    {"CustomSlider", "rangeChanged(int,int)", nullptr, kGoesOn},
-    {"CustomSlider", "sliderMoved(int)", nullptr, kGoesOn},
-    {"CustomSlider", "sliderPressed()", nullptr, kGoesOn},
-    {"CustomSlider", "sliderReleased()", nullptr, kGoesOn},
-    {"CustomSlider", "valueChanged(int)", nullptr, kGoesOn},
-    {"CustomBidirectionSlider", "actionTriggered(int)", nullptr, kGoesOn},
-    {"CustomBidirectionSlider", "rangeChanged(int,int)", nullptr, kGoesOn},
-    {"CustomBidirectionSlider", "sliderMoved(int)", nullptr, kGoesOn},
-    {"CustomBidirectionSlider", "sliderPressed()", nullptr, kGoesOn},
-    {"CustomBidirectionSlider", "sliderReleased()", nullptr, kGoesOn},
-    {"CustomBidirectionSlider", "valueChanged(int)", nullptr, kGoesOn},
-    {"customcombox", "activated(QString)", nullptr, kGoesOn},
-    {"customcombox", "activated(int)", nullptr, kGoesOn},
-    {"customcombox", "currentIndexChanged(QString)", nullptr, kGoesOn},
-    {"customcombox", "currentIndexChanged(int)", nullptr, kGoesOn},
-    {"customcombox", "currentTextChanged(QString)", nullptr, kGoesOn},
-    {"customcombox", "editTextChanged(QString)", nullptr, kGoesOn},
-    {"customcombox", "highlighted(QString)", nullptr, kGoesOn},
-    {"customcombox", "highlighted(int)", nullptr, kGoesOn},
-    {"customcombox", "textActivated(QString)", nullptr, kGoesOn},
-    {"customcombox", "textHighlighted(QString)", nullptr, kGoesOn},
-    {"customcombox", "watched HideToParent", "no line edit", kGoesOn},
-    {"customcombox", "watched ShowToParent", "show",
-     "QWidget::show() goes on with the children of the widget"},
-    {"CustomPlainTextEdit", "blockCountChanged(int)", nullptr, kGoesOn},
-    {"CustomPlainTextEdit", "copyAvailable(bool)", nullptr, kGoesOn},
-    {"CustomPlainTextEdit", "cursorPositionChanged()", nullptr, kGoesOn},
-    {"CustomPlainTextEdit", "modificationChanged(bool)", nullptr, kGoesOn},
-    {"CustomPlainTextEdit", "redoAvailable(bool)", nullptr, kGoesOn},
-    {"CustomPlainTextEdit", "selectionChanged()", nullptr, kGoesOn},
-    {"CustomPlainTextEdit", "textChanged()", nullptr, kGoesOn},
-    {"CustomPlainTextEdit", "undoAvailable(bool)", nullptr, kGoesOn},
-    {"CustomPlainTextEdit", "updateRequest(QRect,int)", nullptr, kGoesOn},
-    {"CustomKeySequenceEdit", "keySequenceChanged(QKeySequence)", "key", kGoesOn},
-    {"customWrapTextToolTip", "HideToParent", nullptr, kGoesOn},
-    {"customWrapTextToolTip", "ShowToParent", nullptr, kGoesOn},
-    {"customWrapTextToolTip", "accepted()", nullptr, kGoesOn},
-    {"customWrapTextToolTip", "rejected()", nullptr, kGoesOn},
+    {"CustomShadowCombox", "watched HideToParent", "hide", kHide},
+    {"CustomShadowCombox", "watched HideToParent", "close", kHide},
+    {"CustomSlider", "actionTriggered(int)", nullptr, kAction},
+    {"CustomSlider", "rangeChanged(int,int)", nullptr, kAction},
+    {"CustomSlider", "sliderMoved(int)", nullptr, kAction},
+    {"CustomSlider", "sliderReleased()", nullptr, "QSlider::mouseReleaseEvent() paints the handle"},
+    {"CustomSlider", "valueChanged(int)", "press", "QSlider::mousePressEvent() repeats its action"},
+    {"CustomSlider", "valueChanged(int)", "wheel", kWheel},
+    {"CustomBidirectionSlider", "actionTriggered(int)", nullptr, kAction},
+    {"CustomBidirectionSlider", "rangeChanged(int,int)", nullptr, kAction},
+    {"CustomBidirectionSlider", "sliderMoved(int)", nullptr, kAction},
+    {"CustomBidirectionSlider", "sliderReleased()", nullptr,
+     "QSlider::mouseReleaseEvent() paints the handle"},
+    {"CustomBidirectionSlider", "valueChanged(int)", "press",
+     "QSlider::mousePressEvent() repeats its action"},
+    {"CustomBidirectionSlider", "valueChanged(int)", "wheel", kWheel},
+    {"customcombox", "activated(QString)", "key in the list", "QApplication::notify() goes on with the list"},
+    {"customcombox", "activated(int)", nullptr, kIndex},
+    {"customcombox", "currentIndexChanged(QString)", nullptr, kIndex},
+    {"customcombox", "currentIndexChanged(int)", nullptr, kIndex},
+    {"customcombox", "currentTextChanged(QString)", nullptr, kEdit},
+    {"customcombox", "editTextChanged(QString)", nullptr, kEdit},
+    {"customcombox", "highlighted(QString)", nullptr, kCurrent},
+    {"customcombox", "highlighted(int)", nullptr, kCurrent},
+    {"customcombox", "textActivated(QString)", nullptr, kIndex},
+    {"customcombox", "textHighlighted(QString)", nullptr, kCurrent},
+    {"customcombox", "watched HideToParent", "no line edit", kHide},
+    {"customcombox", "watched ShowToParent", "show", kShow},
+    {"CustomPlainTextEdit", "blockCountChanged(int)", nullptr, kDocument},
+    {"CustomPlainTextEdit", "copyAvailable(bool)", nullptr, kDocument},
+    {"CustomPlainTextEdit", "cursorPositionChanged()", nullptr, kDocument},
+    {"CustomPlainTextEdit", "modificationChanged(bool)", nullptr, kDocument},
+    {"CustomPlainTextEdit", "redoAvailable(bool)", nullptr, kDocument},
+    {"CustomPlainTextEdit", "selectionChanged()", nullptr, kDocument},
+    {"CustomPlainTextEdit", "textChanged()", nullptr, kDocument},
+    {"CustomPlainTextEdit", "undoAvailable(bool)", nullptr, kDocument},
+    {"CustomPlainTextEdit", "updateRequest(QRect,int)", nullptr,
+     "QPlainTextEdit tells it in the middle of its events"},
+    {"CustomKeySequenceEdit", "keySequenceChanged(QKeySequence)", "key",
+     "QKeySequenceEdit::keyPressEvent() sets the placeholder of its line edit"},
+    {"customWrapTextToolTip", "HideToParent", nullptr, kDialog},
+    {"customWrapTextToolTip", "ShowToParent", nullptr, "QDialog::setVisible() shows its extension"},
+    {"customWrapTextToolTip", "accepted()", nullptr, kDialog},
+    {"customWrapTextToolTip", "rejected()", nullptr, kDialog},
 };
 
 /// What is never told in the lives of these objects, with the reason.

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void popupShowsAtThePoint();
     void hasNoMetaObjectOfItsOwn();
     void survivesAbsurdSizes();
+    void paintsNothingWithoutRoom();
 };
 
 void tst_customWrapTextToolTip::directionsHaveTheirNumbers()
@@ -273,6 +274,22 @@ void tst_customWrapTextToolTip::survivesAbsurdSizes()
     negative.show();
     QVERIFY(negative.isVisible());
     QCOMPARE(negative.width(), 0);
+}
+
+// Qt asks none of its widgets to paint nothing, but a subclass may.
+void tst_customWrapTextToolTip::paintsNothingWithoutRoom()
+{
+    class Open : public customWrapTextToolTip
+    {
+    public:
+        using customWrapTextToolTip::customWrapTextToolTip;
+        using customWrapTextToolTip::paintEvent;
+    };
+    Open flat(customWrapTextToolTip::DirectionLeft, 10, nullptr, 0);
+    flat.setFixedWidth(0);
+    QCOMPARE(flat.width(), 0);
+    QPaintEvent event(flat.rect());
+    flat.paintEvent(&event); // and no painter complains
 }
 
 ORV_TEST_MAIN(tst_customWrapTextToolTip)

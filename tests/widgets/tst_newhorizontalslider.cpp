@@ -67,6 +67,7 @@ private Q_SLOTS:
 
     void disabledLeavesTheMouseToItsBase();
     void disabledInTheMiddleOfADrag();
+    void pressAfterAnIgnoredReleaseGoesOnWithTheDrag();
     void setSliderEnabledPaints();
 
     void behaves_data();
@@ -375,6 +376,20 @@ void tst_newhorizontalslider::disabledInTheMiddleOfADrag()
     slider.setSliderEnabled(true);
     release(&slider, kMeasures.at(50));
     QCOMPARE(recorder.taken(), QStringLiteral("changed 50, moved 50, moving 0"));
+}
+
+void tst_newhorizontalslider::pressAfterAnIgnoredReleaseGoesOnWithTheDrag()
+{
+    Slider slider;
+    Checks::prepare(&slider, kMeasures);
+    Checks::Recorder<NewHorizontalSlider> recorder(&slider);
+    press(&slider, kMeasures.at(0));
+    slider.setSliderEnabled(false);
+    release(&slider, kMeasures.at(0));
+    slider.setSliderEnabled(true);
+    press(&slider, kMeasures.at(60)); // on the groove
+    move(&slider, kMeasures.at(70));
+    QCOMPARE(recorder.taken(), QStringLiteral("moving 1, changed 10, moved 10"));
 }
 
 void tst_newhorizontalslider::setSliderEnabledPaints()
