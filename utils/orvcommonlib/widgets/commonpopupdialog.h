@@ -61,7 +61,7 @@ public:
     ///        innermost one can then be ended through the dialog. The outer one ends when the dialog is
     ///        destroyed or the application quits.
     ExecResult exec();
-    /// The text of the title label.
+    /// \return the text of the title label
     QString title() const;
     /// The window title stays "CommonPopupDialog".
     /// \param title the text of the title bar

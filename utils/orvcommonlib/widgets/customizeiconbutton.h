@@ -39,7 +39,7 @@ class ORVCOMMONLIB_EXPORT CustomizeIconButton : public QWidget
     Q_PROPERTY(int spacing READ spacing WRITE setSpacing)
     /// Whether expanding room is put on both sides.
     Q_PROPERTY(bool centered READ isCentered WRITE setCentered)
-    /// The class's own flag. Not QWidget::enabled.
+    /// Whether the button takes pointer, clicks and keys, which is the class's own flag and not QWidget::enabled.
     Q_PROPERTY(bool buttonEnabled READ isButtonEnabled WRITE setButtonEnabled)
 
 public:
@@ -85,13 +85,15 @@ public:
     /// \return this class's own flag, true at first
     bool isButtonEnabled() const { return m_enabled; }
     /// As setEnabled() of this class, but without applying the sheets anew where the flag is as it was.
-    /// \param enabled whether the button takes pointer and clicks
+    /// \param enabled whether the button takes pointer, clicks and keys
     void setButtonEnabled(bool enabled);
     /// Sets this class's own flag: a button that is not enabled ignores pointer, clicks and keys and shows the
     /// disabled look. It hides QWidget::setEnabled(): the widget itself and `isEnabled()` stay as they are.
+    /// \param enabled whether the button takes pointer, clicks and keys
     void setEnabled(bool enabled);
 
 Q_SIGNALS:
+    /// The button was clicked, or pressed by a key or by assistive technology. A slot may destroy the button.
     void clicked();
 
 protected:

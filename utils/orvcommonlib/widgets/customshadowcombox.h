@@ -122,7 +122,7 @@ public:
     /// (or, when rows have been added meanwhile, shows the one that has come to that place).
     /// \param index the row; one out of range leaves the current index as it is
     void setCurrentIndex(int index);
-    /// The header's text: that of the current row, also after clear().
+    /// \return the header's text: that of the current row, also after clear()
     QString currentText() const;
 
     /// \param index the row

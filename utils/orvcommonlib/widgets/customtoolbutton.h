@@ -51,16 +51,16 @@ class ORVCOMMONLIB_EXPORT CustomToolButton : public QToolButton
                    setSettingWidgetDirection)
 
 public:
-#ifdef Q_MOC_RUN
-    // The meta-object has the directions as the button's own, which form code and Designer name them by.
-    enum SettingWidgetDirection{Bottom = 0, Left = 1, Top = 2, Right = 3};
-    Q_ENUM(SettingWidgetDirection)
-#else
+#ifndef Q_MOC_RUN
     using SettingWidgetDirection = ::SettingWidgetDirection;
     static constexpr SettingWidgetDirection Bottom = ::Bottom; ///< as ::Bottom, for generated form code
     static constexpr SettingWidgetDirection Left = ::Left;     ///< as ::Left, for generated form code
     static constexpr SettingWidgetDirection Top = ::Top;       ///< as ::Top, for generated form code
     static constexpr SettingWidgetDirection Right = ::Right;   ///< as ::Right, for generated form code
+#else
+    // The meta-object has the directions as the button's own, which form code and Designer name them by.
+    enum SettingWidgetDirection { Bottom = 0, Left = 1, Top = 2, Right = 3 };
+    Q_ENUM(SettingWidgetDirection)
 #endif
 
     /// A button that stays checked when a panel is hidden, and whose panels open under it.

@@ -42,7 +42,7 @@ public:
                     bool showCancelButton);
     ~OrvUpdateTipDlg() override;
 
-    /// The text of the title label.
+    /// \return the text of the title label
     QString title() const;
     /// \param title the text of the title row
     void setTitle(QString title);

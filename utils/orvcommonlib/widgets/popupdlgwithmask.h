@@ -123,7 +123,7 @@ public:
     /// as it is.
     void forceToExit();
 
-    /// The text of the title label.
+    /// \return the text of the title label
     QString title() const;
     /// \param title the text above the message or the pages
     void setTitle(QString title);

@@ -53,7 +53,7 @@ public:
     /// Ticks or unticks the checkbox; no signal is emitted.
     /// \param checked whether it is ticked
     void setCheckboxState(bool checked);
-    /// The text of the title label.
+    /// \return the text of the title label
     QString title() const;
     /// \param title the text above the paragraphs
     void setTitle(QString title);
