@@ -35,7 +35,7 @@ MainWindow::MainWindow(ReportLog *log, QWidget *parent)
     setMinimumSize(kMinimumSize);
     resize(kWidth, kHeight);
     buildContents();
-    m_pageList->setFocus();
+    m_pageList->focusList();
     OrvMaskCtrl::setFollowsWindow(true);
     OrvMaskCtrl::getInstance(this);
 
@@ -63,6 +63,7 @@ PageView *MainWindow::view(const GalleryPage *page)
         auto *view = new PageView(*page, this, m_stack);
         m_views.insert(page, view);
         m_stack->addWidget(view);
+        m_panel->becomeLastInTabOrder();
     }
     return m_views.value(page);
 }

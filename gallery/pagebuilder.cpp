@@ -1,6 +1,11 @@
 #include "pagebuilder.h"
 #include "colorbutton.h"
+#include "customizeiconbutton.h"
+#include "customshadowcombox.h"
+#include "customsliderbarwidget.h"
 #include "flowlayout.h"
+#include "horizontalslider.h"
+#include "newhorizontalslider.h"
 #include "propertysheet.h"
 
 #include <QtGui/QAccessible>
@@ -17,6 +22,7 @@
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QStyle>
+#include <QtWidgets/QTextEdit>
 #include <QtWidgets/QVBoxLayout>
 
 namespace {
@@ -83,6 +89,30 @@ void nameControls(QWidget *widget, const QString &name)
         if (isControl(interface->role()) || one->focusPolicy() != Qt::NoFocus)
             one->setAccessibleName(name);
     }
+}
+
+/// The library's painted controls take no focus by themselves. In a text Tab goes on, so that it leads everywhere.
+void openToKeyboard(QWidget *widget)
+{
+    QWidgetList widgets = widget->findChildren<QWidget *>();
+    widgets.prepend(widget);
+    for (QWidget *one : qAsConst(widgets)) {
+        if (qobject_cast<HorizontalSlider *>(one) || qobject_cast<NewHorizontalSlider *>(one) ||
+            qobject_cast<CustomSliderBarWidget *>(one) || qobject_cast<CustomShadowCombox *>(one) ||
+            qobject_cast<CustomizeIconButton *>(one))
+            one->setFocusPolicy(Qt::StrongFocus);
+        else if (auto *plainEdit = qobject_cast<QPlainTextEdit *>(one))
+            plainEdit->setTabChangesFocus(true);
+        else if (auto *edit = qobject_cast<QTextEdit *>(one))
+            edit->setTabChangesFocus(true);
+    }
+}
+
+/// What every widget of a page gets that a user can do something with.
+void prepare(QWidget *widget, const QString &name)
+{
+    openToKeyboard(widget);
+    nameControls(widget, name);
 }
 
 QLineEdit *newLineEdit(const QString &text, std::function<void(const QString &)> changed, QWidget *parent)
@@ -153,14 +183,14 @@ void PageBuilder::example(QWidget *widget, const PageText &caption)
         m_row = flow;
         m_block = Block::Examples;
     }
-    nameControls(widget, caption.string().isEmpty() ? m_title : caption.string());
+    prepare(widget, caption.string().isEmpty() ? m_title : caption.string());
     m_row->addWidget(captioned(widget, caption));
 }
 
 void PageBuilder::wideExample(QWidget *widget, const PageText &caption)
 {
     QVBoxLayout *layout = card();
-    nameControls(widget, caption.string().isEmpty() ? m_title : caption.string());
+    prepare(widget, caption.string().isEmpty() ? m_title : caption.string());
     layout->addWidget(widget);
     if (!caption.string().isEmpty())
         layout->addWidget(newParagraph(caption.string(), "caption", layout->parentWidget()));
@@ -223,7 +253,7 @@ QPlainTextEdit *PageBuilder::textEdit(const PageText &label, const PageText &tex
     QVBoxLayout *layout = card();
     layout->addWidget(newLabel(label.string(), "label", layout->parentWidget()));
     auto *edit = new QPlainTextEdit(text.string(), layout->parentWidget());
-    edit->setAccessibleName(label.string());
+    prepare(edit, label.string());
     setGalleryRole(edit, "control");
     setGalleryRole(edit->verticalScrollBar(), "scroll");
     setGalleryRole(edit->horizontalScrollBar(), "scroll");
@@ -340,7 +370,7 @@ void PageBuilder::addLabelled(const PageText &label, QWidget *control, bool wide
     m_controlCount += span;
     control->setMinimumHeight(kControlHeight);
     control->setAccessibleName(label.string());
-    nameControls(control, label.string());
+    prepare(control, label.string());
     QLabel *text = newLabel(label.string(), "label", m_card->parentWidget());
     text->setBuddy(control);
     text->setContentsMargins(0, 0, kLabelGap, 0);

@@ -87,7 +87,7 @@ struct PageShot
 /// callback is called when the user (or the page) changes it, not at the start: the value given is the one
 /// that the widget has already. The builder lives only during the call: callbacks capture the widgets they
 /// need, and window() where a dialog needs its parent. A control's label is its name to assistive technology, too, and an
-/// example without a name takes its caption's, or the card's title. The style sheet of the gallery reaches none of the
+/// example without a name takes its caption's, or the card's title; painted controls get a focus policy. The style sheet of the gallery reaches none of the
 /// library's widgets, but for the three object names that CommonPopupDialog leaves to its client's theme.
 class PageBuilder
 {

@@ -64,7 +64,6 @@ PageList::PageList(QWidget *parent)
     m_search->setFixedHeight(kSearchHeight);
     m_search->setAccessibleName(QStringLiteral("Find a page"));
     m_search->findChild<QToolButton *>()->setAccessibleName(QStringLiteral("Clear"));
-    setFocusProxy(m_list);
     m_list->setAccessibleName(QStringLiteral("Pages"));
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -88,6 +87,11 @@ PageList::PageList(QWidget *parent)
         m_search->selectAll();
     });
     connect(m_list, &QListWidget::currentItemChanged, this, &PageList::emitChosen);
+}
+
+void PageList::focusList()
+{
+    m_list->setFocus();
 }
 
 void PageList::setCurrentPage(const GalleryPage *page)

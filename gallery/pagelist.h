@@ -15,6 +15,8 @@ class PageList : public QWidget
 public:
     explicit PageList(QWidget *parent = nullptr);
 
+    /// Lets the keyboard choose among the pages.
+    void focusList();
     void setCurrentPage(const GalleryPage *page);
 
 Q_SIGNALS:

@@ -182,6 +182,12 @@ void ReportPanel::clear()
     m_count->clear();
 }
 
+void ReportPanel::becomeLastInTabOrder()
+{
+    setTabOrder(window()->previousInFocusChain(), m_clearButton);
+    setTabOrder(m_clearButton, m_view);
+}
+
 QWidget *ReportPanel::newHeader()
 {
     auto *header = new QWidget(this);
@@ -190,17 +196,17 @@ QWidget *ReportPanel::newHeader()
     setGalleryRole(title, "panelTitle");
     m_count = new QLabel(header);
     setGalleryRole(m_count, "caption");
-    auto *clearButton = new QPushButton(QStringLiteral("Clear"), header);
-    setGalleryRole(clearButton, "quiet");
-    clearButton->setCursor(Qt::PointingHandCursor);
-    connect(clearButton, &QPushButton::clicked, this, &ReportPanel::clear);
+    m_clearButton = new QPushButton(QStringLiteral("Clear"), header);
+    setGalleryRole(m_clearButton, "quiet");
+    m_clearButton->setCursor(Qt::PointingHandCursor);
+    connect(m_clearButton, &QPushButton::clicked, this, &ReportPanel::clear);
 
     auto *layout = new QHBoxLayout(header);
     layout->setContentsMargins(kLeftPadding, 0, kRightPadding, 0);
     layout->addWidget(title);
     layout->addWidget(m_count);
     layout->addStretch();
-    layout->addWidget(clearButton);
+    layout->addWidget(m_clearButton);
     return header;
 }
 

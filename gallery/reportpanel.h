@@ -7,6 +7,7 @@
 
 class QLabel;
 class QListView;
+class QPushButton;
 
 /// The panel's lines, oldest first. It keeps the last few thousand: a slider that is dragged says a lot.
 class ReportModel : public QAbstractListModel
@@ -37,6 +38,8 @@ public:
 
     void append(const QVector<ReportLine> &lines);
     void clear();
+    /// Puts the panel behind all others where Tab leads.
+    void becomeLastInTabOrder();
 
 private:
     QWidget *newHeader();
@@ -45,4 +48,5 @@ private:
     ReportModel *m_model;
     QListView *m_view;
     QLabel *m_count = nullptr;
+    QPushButton *m_clearButton = nullptr;
 };

@@ -39,7 +39,7 @@ TitleButton::TitleButton(Glyph glyph, const QString &toolTip, QWidget *parent)
     , m_glyph(glyph)
 {
     setFixedSize(kButtonSize);
-    setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the focus where it was
     setObjectName(toolTip.toLower());
     setToolTip(toolTip);
     setAccessibleName(toolTip);
@@ -70,6 +70,11 @@ void TitleButton::paintEvent(QPaintEvent *)
         painter.drawRoundedRect(rect(), kButtonRadius, kButtonRadius);
         if (close)
             glyphColor = Qt::white;
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(galleryColor("primary"), kGlyphWidth));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kButtonRadius, kButtonRadius);
     }
     painter.setPen(QPen(glyphColor, kGlyphWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);

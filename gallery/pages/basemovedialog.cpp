@@ -24,6 +24,7 @@ struct Settings
     bool resizable = true;
     bool keptInWindow = false;
     bool leftHalfOnly = false;
+    bool systemMoves = false;
     QPointer<BaseMoveDialog> dialog;
 };
 
@@ -49,6 +50,7 @@ BaseMoveDialog *openDialog(Settings &settings, QWidget *mainWindow)
         QStringLiteral("Drag me by my upper part, resize me by my edges, and see the signals below. My "
                        "round corners are those of a style sheet."));
     dialog->setWidgetResizable(settings.resizable);
+    dialog->setSystemMoveResize(settings.systemMoves);
     keepInWindow(dialog, mainWindow, settings.keptInWindow);
     if (settings.leftHalfOnly)
         dialog->setRectOfCanDrag(kDragRect);
@@ -86,6 +88,11 @@ void addSetters(PageBuilder &page, const std::shared_ptr<Settings> &settings)
         settings->resizable = on;
         if (settings->dialog != nullptr)
             settings->dialog->setWidgetResizable(on);
+    });
+    page.checkBox("By the desktop", false, [settings](bool on) {
+        settings->systemMoves = on;
+        if (settings->dialog != nullptr)
+            settings->dialog->setSystemMoveResize(on);
     });
     page.checkBox("Inside the gallery", false, [settings, mainWindow](bool on) {
         settings->keptInWindow = on;

@@ -26,6 +26,7 @@ struct Arguments
     bool transparentBody = false;
     bool modal = true;
     bool translucentBackground = true;
+    bool keys = true;
     QPointer<CommonPopupDialog> dialog;
 };
 
@@ -49,6 +50,7 @@ CommonPopupDialog *newDialog(Arguments &arguments, QWidget *mainWindow)
         mainWindow, arguments.title, arguments.size, arguments.showCloseButton, arguments.movable,
         arguments.transparentBody, arguments.modal, arguments.translucentBackground);
     arguments.dialog = dialog;
+    dialog->setKeyboardActions(arguments.keys);
     fillBody(dialog);
     reportSignal(dialog, &CommonPopupDialog::sigClosed, "sigClosed");
     dialog->moveOver(mainWindow);
@@ -85,6 +87,7 @@ void addArguments(PageBuilder &page, const std::shared_ptr<Arguments> &arguments
     page.checkBox("Transparent body", false, [arguments](bool on) { arguments->transparentBody = on; });
     page.checkBox("Translucent", true, [arguments](bool on) { arguments->translucentBackground = on; });
     page.checkBox("Modal", true, [arguments](bool on) { arguments->modal = on; });
+    page.checkBox("Keyboard actions", true, [arguments](bool on) { arguments->keys = on; });
 }
 
 void addSetters(PageBuilder &page, const std::shared_ptr<Arguments> &arguments)

@@ -125,6 +125,7 @@ void addOwnSettings(PageBuilder &page, FramelessHelper *helper)
                  "These are the helper's own, and hold for every window that it watches.");
     page.checkBox("Movable", true, [helper](bool on) { helper->setWidgetMovable(on); });
     page.checkBox("Resizable", true, [helper](bool on) { helper->setWidgetResizable(on); });
+    page.checkBox("By the desktop", false, [helper](bool on) { helper->setSystemMoveResize(on); });
     page.checkBox("Move a band", false, [helper](bool on) { helper->setRubberBandOnMove(on); });
     page.checkBox("Resize a band", false, [helper](bool on) { helper->setRubberBandOnResize(on); });
     QCheckBox *left = page.checkBox("Left edge", true);

@@ -21,6 +21,7 @@ struct Arguments
     QString cancel = QStringLiteral("Later");
     bool compact = true;
     bool showCancel = true;
+    bool keys = true;
     QString title = QStringLiteral("A new version is here");
     QString content = QStringLiteral("Version 2.0 brings steadier pictures and a faster start.");
     QString link =
@@ -33,6 +34,7 @@ OrvUpdateTipDlg *open(const Arguments &arguments, QWidget *mainWindow)
                                        arguments.borders.top(), arguments.borders.right(),
                                        arguments.borders.bottom(), mainWindow, arguments.confirm,
                                        arguments.cancel, arguments.compact, arguments.showCancel);
+    dialog->setKeyboardActions(arguments.keys);
     dialog->setTitle(arguments.title);
     dialog->setContentTips(arguments.content);
     dialog->setNewVersionLink(gallerySheet(arguments.link));
@@ -65,6 +67,7 @@ void addFrame(PageBuilder &page, const std::shared_ptr<Arguments> &arguments)
     page.checkBox("Compact buttons", arguments->compact, [arguments](bool on) { arguments->compact = on; });
     page.checkBox("Cancel button", arguments->showCancel,
                   [arguments](bool on) { arguments->showCancel = on; });
+    page.checkBox("Keyboard actions", arguments->keys, [arguments](bool on) { arguments->keys = on; });
     page.spinBox("Width", 0, kMaximumExtent, arguments->size.width(),
                  [arguments](int width) { arguments->size.setWidth(width); });
     page.spinBox("Height", 0, kMaximumExtent, arguments->size.height(),

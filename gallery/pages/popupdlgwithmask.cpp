@@ -23,6 +23,7 @@ struct Arguments
     int pageCount = 0;
     bool unequal = false;
     bool forced = false;
+    bool keys = true;
     QPointer<PopupDlgWithMask> dialog;
 };
 
@@ -72,6 +73,7 @@ PopupDlgWithMask *prepared(const SharedArguments &arguments, QWidget *mainWindow
         arguments->dialog->deleteLater();
     PopupDlgWithMask *dialog = newDialog(*arguments, mainWindow);
     arguments->dialog = dialog;
+    dialog->setKeyboardActions(arguments->keys);
     dialog->setWindowTitle(QStringLiteral("message"));
     reportSignal(dialog, &PopupDlgWithMask::closeMsgBox, "closeMsgBox");
     dialog->moveOver(mainWindow);
@@ -152,6 +154,7 @@ void addTitleAndTexts(PageBuilder &page, const SharedArguments &arguments)
             arguments->dialog->setConfirmBtnText(text);
     });
     page.checkBox("Forced after 2 s", arguments->forced, [arguments](bool on) { arguments->forced = on; });
+    page.checkBox("Keyboard actions", arguments->keys, [arguments](bool on) { arguments->keys = on; });
 }
 
 void addMessage(PageBuilder &page)

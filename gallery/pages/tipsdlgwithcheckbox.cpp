@@ -26,6 +26,7 @@ struct Arguments
     QString button = QStringLiteral("Got it");
     bool ticked = false;
     bool forced = false;
+    bool keys = true;
 };
 
 using SharedArguments = std::shared_ptr<Arguments>;
@@ -57,6 +58,7 @@ TipsDlgWithCheckbox *prepared(const Arguments &arguments, NewDialog newDialog, Q
     reportSignal(dialog, &TipsDlgWithCheckbox::sig_BtnClicked, "sig_BtnClicked");
     reportSignal(dialog, &TipsDlgWithCheckbox::sig_checkboxStateChanged, "sig_checkboxStateChanged");
     dialog->setCheckboxState(arguments.ticked);
+    dialog->setKeyboardActions(arguments.keys);
     dialog->moveOver(mainWindow);
     if (arguments.forced)
         QTimer::singleShot(kForceDelayMs, dialog, &TipsDlgWithCheckbox::forceToExit);
@@ -88,6 +90,7 @@ void addForm(PageBuilder &page, const SharedArguments &arguments, NewDialog newD
                   [arguments](const QString &text) { arguments->checkBox = text; });
     page.checkBox("Ticked", arguments->ticked, [arguments](bool on) { arguments->ticked = on; });
     page.checkBox("Forced after 2 s", arguments->forced, [arguments](bool on) { arguments->forced = on; });
+    page.checkBox("Keyboard actions", arguments->keys, [arguments](bool on) { arguments->keys = on; });
 }
 
 void build(PageBuilder &page)
