@@ -36,6 +36,8 @@ private Q_SLOTS:
     void everyKeyEndsTheEditing_data();
     void everyKeyEndsTheEditing();
     void signalsOfOneKeyPress();
+    void modifiersAloneKeepTheChord_data();
+    void modifiersAloneKeepTheChord();
     void backspaceClearsAndShowsThePlaceholder();
     void backspaceOnAnEmptyEditorStillEndsTheEditing();
     void cutsAtTheFirstComma();
@@ -120,6 +122,45 @@ void tst_CustomKeySequenceEdit::signalsOfOneKeyPress()
     press(edit, Qt::Key_A, Qt::AltModifier);
     QCOMPARE(order, (QStringList{QStringLiteral("changed "), QStringLiteral("changed Alt+A"),
                                  QStringLiteral("finished")}));
+}
+
+void tst_CustomKeySequenceEdit::modifiersAloneKeepTheChord_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Shift") << int(Qt::Key_Shift);
+    QTest::newRow("Control") << int(Qt::Key_Control);
+    QTest::newRow("Alt") << int(Qt::Key_Alt);
+    QTest::newRow("Meta") << int(Qt::Key_Meta);
+    QTest::newRow("unknown") << int(Qt::Key_unknown);
+}
+
+// Somebody who only looks at the field, and leaves it with Shift+Tab, must not lose what is bound there.
+void tst_CustomKeySequenceEdit::modifiersAloneKeepTheChord()
+{
+    QFETCH(int, key);
+    const QKeySequence bound(Qt::CTRL | Qt::Key_A);
+    CustomKeySequenceEdit edit(bound, nullptr, kPlaceholder);
+    QStringList order;
+    connect(&edit, &QKeySequenceEdit::keySequenceChanged, this, [&](const QKeySequence &sequence) {
+        order << QStringLiteral("changed ") + sequence.toString(QKeySequence::PortableText);
+    });
+    connect(&edit, &QKeySequenceEdit::editingFinished, this, [&] {
+        order << QStringLiteral("finished ") + edit.keySequence().toString(QKeySequence::PortableText);
+    });
+    press(edit, key);
+    QCOMPARE(edit.keySequence(), bound);
+    QCOMPARE(innerLineEdit(edit)->text(), bound.toString(QKeySequence::NativeText));
+    QCOMPARE(order, (QStringList{QStringLiteral("changed Ctrl+A"), QStringLiteral("finished Ctrl+A")}));
+
+    // What follows replaces it as ever.
+    press(edit, Qt::Key_F5, Qt::ShiftModifier);
+    QCOMPARE(edit.keySequence(), QKeySequence(Qt::SHIFT | Qt::Key_F5));
+
+    // An empty field stays empty, and shows its placeholder.
+    CustomKeySequenceEdit empty(nullptr, kPlaceholder);
+    press(empty, key);
+    QVERIFY(empty.keySequence().isEmpty());
+    QCOMPARE(innerLineEdit(empty)->placeholderText(), kPlaceholder);
 }
 
 void tst_CustomKeySequenceEdit::backspaceClearsAndShowsThePlaceholder()

@@ -11,6 +11,7 @@
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
 namespace {
@@ -29,7 +30,10 @@ class tst_TextWidgetsX11 : public QObject
 
 private Q_SLOTS:
     void typedChordsReplaceEachOther();
+    void passingThroughKeepsTheChord();
     void toolTipClosesWhenAnotherWindowIsClicked();
+    void poppedUpToolTipIsActiveAndCloses_data();
+    void poppedUpToolTipIsActiveAndCloses();
     void comboOpensFromItsTextAndStaysClosedAfterAnOutsideClick();
     void rightClickOnTheComboChangesNothing();
 };
@@ -53,6 +57,25 @@ void tst_TextWidgetsX11::typedChordsReplaceEachOther()
     QCOMPARE(edit.findChild<QLineEdit *>()->placeholderText(), QStringLiteral("Type a shortcut"));
 }
 
+void tst_TextWidgetsX11::passingThroughKeepsTheChord()
+{
+    QWidget window;
+    QLineEdit before(&window);
+    CustomKeySequenceEdit edit(QKeySequence(Qt::CTRL | Qt::Key_A), &window, QString());
+    edit.move(0, 40);
+    QSignalSpy changed(&edit, &QKeySequenceEdit::keySequenceChanged);
+    QVERIFY(XPointer::showAndWait(&window));
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    before.setFocus();
+    XPointer::key(QStringLiteral("Tab"));
+    QTRY_VERIFY(edit.hasFocus());
+    XPointer::key(QStringLiteral("shift+Tab"));
+    QTRY_VERIFY(before.hasFocus());
+    QCOMPARE(edit.keySequence(), QKeySequence(Qt::CTRL | Qt::Key_A));
+    for (const QVariantList &arguments : qAsConst(changed))
+        QCOMPARE(arguments.constFirst().value<QKeySequence>(), QKeySequence(Qt::CTRL | Qt::Key_A));
+}
+
 void tst_TextWidgetsX11::toolTipClosesWhenAnotherWindowIsClicked()
 {
     QWidget window;
@@ -66,6 +89,49 @@ void tst_TextWidgetsX11::toolTipClosesWhenAnotherWindowIsClicked()
     QVERIFY(QTest::qWaitForWindowActive(toolTip));
     XPointer::click(centerOf(&window));
     QTRY_VERIFY(!guard);
+}
+
+// In its application's active window, by a click of the user or by itself.
+void tst_TextWidgetsX11::poppedUpToolTipIsActiveAndCloses_data()
+{
+    QTest::addColumn<bool>("byClick");
+    QTest::newRow("by a click") << true;
+    QTest::newRow("by itself") << false;
+}
+
+void tst_TextWidgetsX11::poppedUpToolTipIsActiveAndCloses()
+{
+    QFETCH(bool, byClick);
+
+    QWidget window;
+    window.setGeometry(100, 100, 300, 200);
+    QPushButton button(QStringLiteral("What is this?"), &window);
+    button.setGeometry(20, 20, 160, 40);
+    connect(&button, &QPushButton::clicked, &window,
+            [] { customWrapTextToolTip::popup(QPoint(600, 400), QStringLiteral("A tip")); });
+    QVERIFY(XPointer::showAndWait(&window));
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const auto toolTips = [] {
+        QVector<QWidget *> found;
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (QWidget *one : windows) {
+            if (dynamic_cast<customWrapTextToolTip *>(one))
+                found << one;
+        }
+        return found;
+    };
+    for (int round = 0; round < 2; ++round) {
+        if (byClick)
+            XPointer::click(centerOf(&button));
+        else
+            button.click();
+        QTRY_COMPARE(toolTips().size(), 1);
+        QTRY_VERIFY(toolTips().constFirst()->isActiveWindow());
+        QCOMPARE(toolTips().constFirst()->pos(), QPoint(600, 400));
+        XPointer::click(window.mapToGlobal(QPoint(280, 180)));
+        QTRY_COMPARE(toolTips().size(), 0);
+        QTRY_VERIFY(window.isActiveWindow());
+    }
 }
 
 void tst_TextWidgetsX11::comboOpensFromItsTextAndStaysClosedAfterAnOutsideClick()

@@ -11,6 +11,20 @@ namespace {
 // The name that QKeySequenceEdit gives the line edit inside it.
 const QLatin1String kInnerLineEditName("qt_keysequenceedit_lineedit");
 
+bool isModifierAlone(int key)
+{
+    switch (key) {
+    case Qt::Key_Control:
+    case Qt::Key_Shift:
+    case Qt::Key_Meta:
+    case Qt::Key_Alt:
+    case Qt::Key_unknown:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 CustomKeySequenceEdit::CustomKeySequenceEdit(QWidget *parent, QString placeholder)
@@ -100,7 +114,9 @@ void CustomKeySequenceEdit::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Backspace) {
         clear();
     } else {
-        QKeySequenceEdit::keyPressEvent(event);
+        // The base would clear what is there for what it then records nothing of.
+        if (!isModifierAlone(event->key()))
+            QKeySequenceEdit::keyPressEvent(event);
         if (guard)
             keepFirstChord();
     }

@@ -14,6 +14,9 @@ class QLineEdit;
 /// Unlike its base it takes a single chord only: each key press replaces what was there and ends the editing
 /// at once. Backspace clears it and shows the placeholder again.
 ///
+/// A modifier that is pressed alone changes nothing, unlike in the base, so that Shift+Tab leads away from a chord
+/// without clearing it; the signals come as for every key, with the chord that is there.
+///
 /// Signals are those of QKeySequenceEdit. A key other than Backspace emits `keySequenceChanged()` with the
 /// chord, whether it is a new one or not (a chord typed over another one is preceded by the base's own
 /// `keySequenceChanged()` with an empty sequence); then every key emits `editingFinished()`.

@@ -88,6 +88,8 @@ void customWrapTextToolTip::popup(QPoint pos, const QString &text)
     toolTip->setText(text);
     toolTip->show();
     toolTip->move(pos);
+    // Not every window manager does that for a new tool window, and what was never active is never left.
+    toolTip->activateWindow();
 }
 
 bool customWrapTextToolTip::eventFilter(QObject *watched, QEvent *event)

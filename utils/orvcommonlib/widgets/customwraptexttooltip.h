@@ -41,7 +41,7 @@ public:
     /// \param text the text, which wraps
     void setText(const QString &text);
 
-    /// Shows a tooltip of the first form, which owns itself.
+    /// Shows and activates a tooltip of the first form, which owns itself.
     /// \param pos the global position of its top-left corner
     /// \param text the text
     static void popup(QPoint pos, const QString &text);
