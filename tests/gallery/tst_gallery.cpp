@@ -8,6 +8,8 @@
 #include <QtGui/QImage>
 #include <QtTest/QTest>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kTimeoutMs = 240000; // every page and dialog, under a sanitizer, on a busy machine
@@ -72,6 +74,18 @@ bool hasSeveralColours(const QImage &image)
     return false;
 }
 
+/// The median of what its pixels have.
+int lightness(const QImage &image)
+{
+    QVector<int> levels;
+    for (int y = 0; y < image.height(); y += 7) {
+        for (int x = 0; x < image.width(); x += 7)
+            levels << qGray(image.pixel(x, y));
+    }
+    std::sort(levels.begin(), levels.end());
+    return levels.value(levels.size() / 2);
+}
+
 } // namespace
 
 class tst_Gallery : public QObject
@@ -124,7 +138,11 @@ void tst_Gallery::shotsShowEachPage()
         QCOMPARE(picture.width(), qRound(kWindowWidth * ratio));
         QVERIFY2(picture.height() >= qRound(kWindowHeight * ratio), qPrintable(page));
         QVERIFY2(hasSeveralColours(picture), qPrintable(page));
+        const QImage dark(shots.filePath(QStringLiteral("dark/page-%1.png").arg(page)));
+        QCOMPARE(dark.width(), picture.width());
+        QVERIFY2(lightness(dark) < lightness(picture) / 2, qPrintable(page));
     }
+    QVERIFY(!QImage(shots.filePath(QStringLiteral("light-and-dark.png"))).isNull());
     const QStringList further =
         shots.entryList({QStringLiteral("dialog-*.png"), QStringLiteral("popup-*.png")});
     QVERIFY(further.contains(QStringLiteral("dialog-popupdlgwithmask.png")));

@@ -19,6 +19,7 @@ struct Wearer
     const char *sheet = nullptr;
     QStringList arguments;
     QString text; // what the sheet was when it was set
+    int look = 0; // and in which one
     bool paints = false;
     void (*follow)(QWidget *) = nullptr;
 };
@@ -78,6 +79,8 @@ Wardrobe &wardrobe()
     return wardrobe;
 }
 
+int looks = 1; // in force so far
+
 // The sheets with the colours of the look in force.
 QHash<const char *, QString> &coloredSheets()
 {
@@ -136,6 +139,7 @@ void followOne(QWidget *widget)
     if (text == wearer->text)
         return;
     wearer->text = text;
+    wearer->look = looks;
     widget->setStyleSheet(text); // last: the widget is told, and the client
 }
 
@@ -152,11 +156,15 @@ QString LookSheets::text(const char *sheet, const QStringList &arguments)
 
 void LookSheets::apply(QWidget *widget, const char *sheet, const QStringList &arguments)
 {
-    const QString sheetText = text(sheet, arguments);
     Wearer &wearer = wardrobe().entry(widget);
-    wearer.sheet = sheet;
-    wearer.arguments = arguments;
-    wearer.text = sheetText;
+    const bool isAnother = wearer.sheet != sheet || wearer.look != looks || wearer.arguments != arguments;
+    if (isAnother || LookTable::instance().isDark()) { // where pictures may have come or gone
+        wearer.sheet = sheet;
+        wearer.look = looks;
+        wearer.arguments = arguments;
+        wearer.text = text(sheet, arguments);
+    }
+    const QString sheetText = wearer.text;
     applyStateSheet(widget, sheetText);
 }
 
@@ -178,6 +186,7 @@ void LookSheets::repaint(QWidget *widget, void (*follow)(QWidget *))
 
 void LookSheets::follow()
 {
+    ++looks;
     coloredSheets().clear();
     const QVector<QPointer<QWidget>> widgets = wardrobe().widgets();
     for (const QPointer<QWidget> &widget : widgets) {
