@@ -96,7 +96,7 @@ void tst_clientpictures::sizes_data()
     row("close_hover.png", {20, 20}, true, true);
     row("warning.png", {13, 14}, true, false);
     row("dialog_bg.png", {80, 80}, false, true);
-    row("connecting.gif", {100, 100}, false, false);
+    row("connecting.gif", {100, 100}, false, true);
 }
 
 void tst_clientpictures::sizes()
