@@ -47,6 +47,7 @@ add_test(NAME package_install COMMAND ${CMAKE_COMMAND}
 set_tests_properties(package_install PROPERTIES FIXTURES_SETUP package)
 
 orv_add_consumer_test(package_consumer consumer PROGRAM consumer OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE})
+orv_add_consumer_test(package_example_messages ../examples/messages OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE})
 find_package(PkgConfig QUIET)
 if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
     orv_add_consumer_test(package_pkg_config consumer PROGRAM consumer
