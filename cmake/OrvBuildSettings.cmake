@@ -85,3 +85,18 @@ function(orv_program_defaults target)
         target_link_options(${target} PRIVATE ${ORV_FAST_LINKER})
     endif()
 endfunction()
+
+# orv_harden(<target>): what distributions build their packages with, for what is delivered.
+function(orv_harden target)
+    if(NOT ORV_HARDENING)
+        return()
+    endif()
+    if(WIN32)
+        # The checks of the other branch would need one more DLL of mingw-w64's there.
+        target_link_options(${target} PRIVATE LINKER:--dynamicbase,--nxcompat,--high-entropy-va)
+    else()
+        target_compile_options(${target} PRIVATE
+            -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -fcf-protection)
+        target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now,-z,noexecstack)
+    endif()
+endfunction()

@@ -64,6 +64,30 @@ file(RELATIVE_PATH ORV_PREFIX_TO_DATA ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FU
 configure_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlib.pc.in ${PROJECT_BINARY_DIR}/${ORV_PACKAGE}.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/${ORV_PACKAGE}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
+# For qmake, where a Qt installed to the same prefix looks for it; any other finds it by QMAKEFEATURES. A static library
+# brings along what it links itself.
+set(ORV_FEATURES_DIR ${CMAKE_INSTALL_LIBDIR}/qt${ORV_QT_MAJOR}/mkspecs/features)
+file(RELATIVE_PATH ORV_PRF_TO_PREFIX ${CMAKE_INSTALL_PREFIX}/${ORV_FEATURES_DIR} ${CMAKE_INSTALL_PREFIX})
+set(ORV_PRF_QT "core gui widgets")
+set(ORV_PRF_DEFINES "")
+set(ORV_PRF_STARTUP "")
+set(ORV_PRF_LIBS "")
+if(ORV_LIBRARY_TYPE STREQUAL STATIC)
+    string(APPEND ORV_PRF_QT " svg")
+    set(ORV_PRF_DEFINES "DEFINES *= ORVCOMMONLIB_STATIC")
+    set(ORV_PRF_STARTUP "-Wl,-u,orvcommonlib_startup")
+    if(WIN32)
+        set(ORV_PRF_LIBS "-luser32")
+    elseif(ORV_X11_HOTKEYS)
+        set(ORV_PRF_LIBS "-lX11 -lxcb -lxkbcommon")
+        if(ORV_QT_MAJOR EQUAL 5)
+            string(APPEND ORV_PRF_QT " x11extras")
+        endif()
+    endif()
+endif()
+configure_file(${PROJECT_SOURCE_DIR}/cmake/orvcommonlib.prf.in ${PROJECT_BINARY_DIR}/orvcommonlib.prf @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/orvcommonlib.prf DESTINATION ${ORV_FEATURES_DIR})
+
 # What cpack writes: the same, as one archive.
 set(CPACK_PACKAGE_VENDOR orvcommonlib)
 set(CPACK_STRIP_FILES ON)

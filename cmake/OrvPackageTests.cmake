@@ -54,6 +54,23 @@ if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
         OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCONSUMER_WITH_PKG_CONFIG=ON)
 endif()
 
+# orv_add_qmake_test(<name> <prefix> <fixture>): the same client as a project of qmake.
+function(orv_add_qmake_test name prefix fixture)
+    find_program(ORV_QMAKE_${ORV_QT_MAJOR} NAMES qmake-qt${ORV_QT_MAJOR} qmake${ORV_QT_MAJOR} qmake)
+    mark_as_advanced(ORV_QMAKE_${ORV_QT_MAJOR})
+    if(ORV_SANITIZERS OR CMAKE_CROSSCOMPILING OR NOT ORV_QMAKE_${ORV_QT_MAJOR})
+        return()
+    endif()
+    add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -DQMAKE=${ORV_QMAKE_${ORV_QT_MAJOR}}
+        -DFEATURES=${prefix}/${CMAKE_INSTALL_LIBDIR}/qt${ORV_QT_MAJOR}/mkspecs/features
+        -DLIBRARIES=${prefix}/${CMAKE_INSTALL_LIBDIR} -DBUILD=${PROJECT_BINARY_DIR}/consumers/${name}
+        -DPICTURES=${prefix}/${CMAKE_INSTALL_DATADIR}/${ORV_PACKAGE}/orvcommonlib_client_pictures.rcc
+        -P ${PROJECT_SOURCE_DIR}/tests/consumer/qmake.cmake)
+    set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED ${fixture} TIMEOUT 300
+        ENVIRONMENT "QT_QPA_PLATFORM=${consumer_platform}")
+endfunction()
+orv_add_qmake_test(package_qmake ${package} package)
+
 # The static library is a build of its own.
 if(NOT ORV_SANITIZERS AND NOT CMAKE_CROSSCOMPILING AND ORV_LIBRARY_TYPE STREQUAL SHARED)
     set(static_package ${PROJECT_BINARY_DIR}/install-test-static)
@@ -70,6 +87,7 @@ if(NOT ORV_SANITIZERS AND NOT CMAKE_CROSSCOMPILING AND ORV_LIBRARY_TYPE STREQUAL
         orv_add_consumer_test(package_static_pkg_config consumer STATIC PROGRAM consumer
             OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCONSUMER_WITH_PKG_CONFIG=ON)
     endif()
+    orv_add_qmake_test(package_static_qmake ${static_package} static_package)
 endif()
 
 # Which of two packages a client finds: the version files of both, whichever this build is for.
@@ -92,4 +110,13 @@ if(NOT ORV_SANITIZERS)
             "-DCMAKE_CXX_FLAGS=-fms-compatibility -fms-compatibility-version=19.30 -fms-extensions \
 -fdelayed-template-parsing -U_MSC_VER -fgnuc-version=4.2.1 -D__STRICT_ANSI__")
     endif()
+endif()
+
+# The protections of what is delivered, and that it does not tell where it was built.
+if(ORV_HARDENING)
+    find_package(Python3 REQUIRED COMPONENTS Interpreter)
+    add_test(NAME package_hardening COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tests/consumer/check_hardening.py
+        --readelf ${CMAKE_READELF} --objdump ${CMAKE_OBJDUMP} --build-folders ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}
+        --package ${package})
+    set_tests_properties(package_hardening PROPERTIES FIXTURES_REQUIRED package)
 endif()
