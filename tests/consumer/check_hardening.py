@@ -16,6 +16,8 @@ from pathlib import Path
 
 # The instruction that marks a target. The note about it is lost when the C library's own objects lack it.
 ENDBR64 = bytes([0xF3, 0x0F, 0x1E, 0xFA])
+# Where an ELF file says what it is, and what an object says that is still to be linked.
+E_TYPE, ET_REL = 16, 1
 
 
 def output_of(*command):
@@ -67,7 +69,7 @@ def main():
         for folder in options.build_folders:
             if folder.encode() in content:
                 faults.append((path, f"names {folder}"))
-        if content.startswith(b"\x7fELF"):
+        if content.startswith(b"\x7fELF") and content[E_TYPE] != ET_REL:
             binaries += 1
             faults += [(path, fault) for fault in faults_of_elf(options.readelf, path)]
         elif content.startswith(b"MZ"):

@@ -46,6 +46,8 @@ void fromAnotherThread(const std::function<void()> &call)
 } // namespace
 
 /// The table of named colours, and what switches it.
+Q_DECLARE_METATYPE(std::function<bool()>)
+
 class tst_OrvLook : public QObject
 {
     Q_OBJECT
@@ -341,8 +343,6 @@ void tst_OrvLook::instanceFromAnotherThread()
     QCOMPARE(other, OrvLook::instance());
     QCOMPARE(other->thread(), qApp->thread());
 }
-
-Q_DECLARE_METATYPE(std::function<bool()>)
 
 ORV_TEST_MAIN(tst_OrvLook)
 
