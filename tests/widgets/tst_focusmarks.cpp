@@ -104,6 +104,8 @@ private Q_SLOTS:
     void sharpWherever_data();
     void sharpWherever();
     void leavesNoTrace();
+    void drawnByTheControlsOwnStyle();
+    void outlinedByAStyleSheet();
 
 private:
     template<typename Control>
@@ -317,6 +319,28 @@ void tst_FocusMarks::leavesNoTrace()
     QVERIFY(differingPixels(slider->grab().toImage(), before) > 0);
     m_other->setFocus(Qt::TabFocusReason);
     QCOMPARE(differingPixels(slider->grab().toImage(), before), 0);
+}
+
+void tst_FocusMarks::drawnByTheControlsOwnStyle()
+{
+    MarkStyle own;
+    auto *slider = add<HorizontalSlider>();
+    slider->setStyle(&own);
+    slider->setFocus(Qt::TabFocusReason);
+    QVERIFY(!isMarked(slider));
+    QVERIFY(own.marked.contains(slider));
+    slider->setStyle(nullptr);
+}
+
+void tst_FocusMarks::outlinedByAStyleSheet()
+{
+    auto *slider = add<NewHorizontalSlider>();
+    slider->setSkinPath(QStringLiteral(":/none/"));
+    slider->setStyleSheet(QStringLiteral("NewHorizontalSlider:focus { outline: 2px solid #00FF00; }"));
+    slider->setFocus(Qt::TabFocusReason);
+    QVERIFY(!isMarked(slider));
+    const QImage picture = slider->grab().toImage();
+    QCOMPARE(picture.pixelColor(picture.width() / 2, 0), QColor(Qt::green));
 }
 
 ORV_TEST_MAIN(tst_FocusMarks)

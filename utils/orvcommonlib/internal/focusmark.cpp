@@ -70,10 +70,11 @@ void FocusMark::paintEvent(QPaintEvent *)
     painter.setWorldTransform(QTransform::fromTranslate(corner.x(), corner.y()).scale(unit, unit) *
                               toPixels.inverted());
 
+    const QWidget *control = parentWidget();
     QStyleOptionFocusRect option;
-    option.initFrom(parentWidget());
+    option.initFrom(control);
     option.state |= QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
-    option.backgroundColor = palette().color(backgroundRole());
+    option.backgroundColor = control->palette().color(control->backgroundRole());
     option.rect = QRect(0, 0, int(room.width() / unit), int(room.height() / unit));
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, parentWidget());
+    control->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, control);
 }

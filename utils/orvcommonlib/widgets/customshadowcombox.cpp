@@ -393,7 +393,7 @@ bool CustomShadowCombox::answerKey(const QKeyEvent *event)
 // A key that is held down opens the list once.
 void CustomShadowCombox::openByKey(const QKeyEvent *event)
 {
-    if (event->isAutoRepeat() || isPopupOpen())
+    if (event->isAutoRepeat() || isPopupOpen() || count() == 0)
         return;
     m_openingKey = event->key();
     slotHeaderClicked();
