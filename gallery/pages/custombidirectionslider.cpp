@@ -50,6 +50,7 @@ void addWheel(PageBuilder *page)
         area->setPalette(palette);
     });
     area->setWidget(contents);
+    area->setWidgetResizable(true);
     setGalleryRole(area->verticalScrollBar(), "scroll");
     area->setFixedSize(kSize.width() + 60, kAreaHeight);
     page->example(area, "turn the wheel over a slider");

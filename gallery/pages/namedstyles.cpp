@@ -1,4 +1,6 @@
 #include "flowlayout.h"
+#include "gallerystyle.h"
+#include "orvlook.h"
 #include "pagebuilder.h"
 
 #include <QtCore/QFile>
@@ -29,10 +31,17 @@ constexpr QSize kAreaSize(150, 46);
 constexpr int kFieldWidth = 160;
 constexpr int kButtonWidth = 150;
 
+/// The catalogue in the look in force, as a client has it that follows the library's looks.
 QString catalogue()
 {
-    QFile file(QStringLiteral(":/qssFromResource/resourceGeneratedStyle_BrixelCam.qss"));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    QFile file(QStringLiteral(":/orvcommonlib/sheets/resourceGeneratedStyle_BrixelCam.qss"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QString sheet = QString::fromUtf8(file.readAll());
+    const QStringList names = OrvLook::names();
+    for (const QString &name : names)
+        sheet.replace(QLatin1Char('@') + name, OrvLook::color(name).name());
+    return sheet;
 }
 
 /// The names of the catalogue by the widget type that their rules select, both in alphabetical order.
@@ -169,8 +178,7 @@ QWidget *newTile(const QString &type, const QString &name, QVector<QWidget *> &w
 
 void build(PageBuilder &page)
 {
-    const QString sheet = catalogue();
-    const QMap<QString, QStringList> names = namesByType(sheet);
+    const QMap<QString, QStringList> names = namesByType(catalogue());
     int count = 0;
     for (const QStringList &ofType : names)
         count += ofType.size();
@@ -185,16 +193,22 @@ void build(PageBuilder &page)
     QCheckBox *enabled = page.checkBox("Enabled", true);
 
     auto widgets = std::make_shared<QVector<QWidget *>>();
+    QVector<QWidget *> walls;
     for (auto type = names.cbegin(); type != names.cend(); ++type) {
         page.section(type.key());
         auto *wall = new QWidget(page.widget());
-        wall->setStyleSheet(sheet);
         auto *flow = new FlowLayout(kTileGap, kTileGap, wall);
         flow->setContentsMargins(0, 0, 0, 0);
         for (const QString &name : type.value())
             flow->addWidget(newTile(type.key(), name, *widgets, wall));
         page.wideExample(wall);
+        walls << wall;
     }
+    followLook(enabled, [walls] {
+        const QString sheet = catalogue();
+        for (QWidget *wall : walls)
+            wall->setStyleSheet(sheet);
+    });
     QObject::connect(enabled, &QCheckBox::toggled, enabled, [widgets](bool on) {
         for (QWidget *widget : qAsConst(*widgets))
             widget->setEnabled(on);

@@ -32,7 +32,7 @@ radius=8px
 
 const char *const kSheet = R"(#form { background: @paper; border: 1px solid @frame; border-radius: @radius; }
 #form QLabel { color: @ink; font-size: 15px; }
-#form QLineEdit { border: 1px solid @frame; border-radius: 4px; padding: 6px; }
+#form QLineEdit { background: white; color: @ink; border: 1px solid @frame; border-radius: 4px; padding: 6px; }
 #form QPushButton { background: @{accent}; color: white; border: none; }
 #form QPushButton { border-radius: @radius; padding: 8px 18px; }
 #form QProgressBar { border: none; background: white; max-height: 6px; }

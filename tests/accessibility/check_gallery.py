@@ -477,6 +477,13 @@ def named_styles(page):
     page.answers(r"QPushButton_NormalGreenBg was pressed")
 
 
+def orvlook(page):
+    page.press("check box", "setDark()", "Toggle")
+    page.answers(r"OrvLook::changed\(\)")
+    page.press("push button", "setTheme()")
+    page.answers(r"setTheme\(\) = (true|false)")
+
+
 def orvresourceloader(page):
     theme = page.find("text", "Theme")
     theme.get_editable_text_iface().set_text_contents("[theme]\nname=heard\n")
