@@ -273,6 +273,11 @@ void tst_CustomShadowComboxEditing::resets()
     m_combo->reset();
     QCOMPARE(m_combo->currentIndex(), -1);
     QCOMPARE(m_combo->headerText(), QString());
+    // So is one that was written ahead of its rows.
+    m_combo->setProperty("currentIndex", 1);
+    m_combo->reset();
+    m_combo->setProperty("items", QStringList({kA, kB}));
+    QCOMPARE(m_combo->currentIndex(), -1);
 }
 
 void tst_CustomShadowComboxEditing::noRowIsCurrentAfterClear()

@@ -134,6 +134,7 @@ void CustomShadowCombox::reset()
     if (!m_popup)
         return;
     const QRect before = m_popup->geometry();
+    m_indexForItems = -1;
     m_popup->reset();
     showText(QString());
     keepListAtHeader(before);
