@@ -118,6 +118,7 @@ private Q_SLOTS:
 
     void sliders_data();
     void sliders();
+    void slidersThatRunBackwards();
     void sliderBar_data();
     void sliderBar();
     void iconButton_data();
@@ -236,6 +237,19 @@ void tst_ControlKeys::sliders()
     check(&slider);
     NewHorizontalSlider newSlider;
     check(&newSlider);
+}
+
+// No value lies within such a range: the keys are anybody else's.
+void tst_ControlKeys::slidersThatRunBackwards()
+{
+    const Control slider{sliderAt(new HorizontalSlider(m_surroundings.get()), 10, 0, 5)};
+    slider.widget->setFocusPolicy(Qt::StrongFocus);
+    slider.told->clear();
+    for (const int key : {Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_End})
+        sendKey(slider.widget, key);
+    QCOMPARE(m_surroundings->keys, 4);
+    QCOMPARE(slider.shown(), QStringLiteral("5"));
+    QCOMPARE(slider.told->count(), 0);
 }
 
 void tst_ControlKeys::sliderBar_data()

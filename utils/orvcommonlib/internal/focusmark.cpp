@@ -63,7 +63,7 @@ void FocusMark::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const QTransform toPixels = painter.deviceTransform();
-    const double unit = std::floor(devicePixelRatioF());
+    const double unit = qMax(1.0, std::floor(devicePixelRatioF()));
     const QRectF pixels = toPixels.mapRect(QRectF(rect()));
     const QPointF corner(std::ceil(pixels.left()), std::ceil(pixels.top()));
     const QSizeF room(std::floor(pixels.right()) - corner.x(), std::floor(pixels.bottom()) - corner.y());

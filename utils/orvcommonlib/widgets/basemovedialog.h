@@ -21,10 +21,10 @@ class SystemGesture;
 /// each mouse event first. The dialog's handlers then only report, through the signals below. Style sheets
 /// paint the dialog as they would a widget of Qt's own.
 ///
-/// Where setSystemMoveResize() lets the window manager do that, the signals tell what it has done: sig_windowMoved() each
-/// place that it has given the dialog (some window managers tell the last one only), and the finishing signals that the
-/// gesture is over. Not every platform tells that: where none does, it shows when the pointer is next seen over the
-/// dialog without the button, at the latest with the next press.
+/// Where setSystemMoveResize() lets the window manager do that, the signals tell what it has done: sig_windowMoved()
+/// each place that it has given the dialog (some window managers tell the last one only), and the finishing signals
+/// that the gesture is over. Not every platform tells that: where none does, it shows when the pointer is next seen
+/// over the dialog without the button, at the latest with the next press.
 ///
 /// A press ends with its release, or with whatever takes that release away: the dialog is hidden, closed or
 /// disabled, a modal window blocks it, or a popup opens. A move that has been reported is then reported as

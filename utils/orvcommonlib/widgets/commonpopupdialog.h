@@ -14,12 +14,12 @@ class QVBoxLayout;
 /// A frameless popup with a one-line title bar (title, close button, rule) above a body that the client
 /// fills.
 ///
-/// The class sets no colours, fonts or images: the application's style sheet finds the parts by their
-/// object names "CommonPopupDialog" (body), "PopupDialogCloseButton", "Font16LightLbl" (title) and
-/// "TitleBottomHLine" (rule). Without such a sheet the close button looks as the platform's style draws one, and
-/// is transparent over a transparent body. It is shown with show(), or with exec(), which blocks in an event loop of its
-/// own while the rest of the application goes on. The dialog never deletes itself; its parent or the client
-/// owns it. GUI thread only. Sizes are in device-independent pixels.
+/// The class sets no colours, fonts or images: the application's style sheet finds the parts by their object names
+/// "CommonPopupDialog" (body), "PopupDialogCloseButton", "Font16LightLbl" (title) and "TitleBottomHLine" (rule).
+/// Without such a sheet the close button looks as the platform's style draws one, and is transparent over a
+/// transparent body. It is shown with show(), or with exec(), which blocks in an event loop of its own while the rest
+/// of the application goes on. The dialog never deletes itself; its parent or the client owns it. GUI thread only.
+/// Sizes are in device-independent pixels.
 class ORVCOMMONLIB_EXPORT CommonPopupDialog : public BaseMoveDialog
 {
     Q_OBJECT

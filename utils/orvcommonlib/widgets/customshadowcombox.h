@@ -22,9 +22,9 @@ class ShadowPopupWidget;
 /// a click on a row or the header, on any key, on a press elsewhere, with the combo box or its window, and
 /// when the list is deactivated while the pointer is outside combo box and list.
 ///
-/// Once it has a focus policy, which it has not at first, the closed combo box answers keys: Space, Return, Enter, F4 and
-/// Alt+Down open the list, Up, Down, Home and End choose the next row that is not gray, as a click on it. It then shows
-/// that it has the focus if that came from the keyboard.
+/// Once it has a focus policy, which it has not at first, the closed combo box answers keys: Space, Return, Enter, F4
+/// and Alt+Down open the list, Up, Down, Home and End choose the next row that is not gray, as a click on it. It then
+/// shows that it has the focus if that came from the keyboard.
 ///
 /// Signals:
 /// - a click on another row: the row becomes current, `currentIndexChanged()`, then the list hides;

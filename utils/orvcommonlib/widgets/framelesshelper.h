@@ -24,9 +24,10 @@ struct FramelessHelperState;
 ///
 /// Where a client asks for it, the window manager does the moving and resizing instead: setSystemMoveResize().
 ///
-/// Movability, resizability, rubber bands, the window manager's part and the edges that can be dragged are set for each helper. Border
-/// width, title height and the two settings of the bottom-right area are deliberately shared by all helpers
-/// of the process: a setter of any instance changes them for all, also for widgets that are already watched.
+/// Movability, resizability, rubber bands, the window manager's part and the edges that can be dragged are set for
+/// each helper. Border width, title height and the two settings of the bottom-right area are deliberately shared by
+/// all helpers of the process: a setter of any instance changes them for all, also for widgets that are already
+/// watched.
 ///
 /// All lengths are in device-independent pixels. To be used in the GUI thread only. Neither emits nor logs.
 class ORVCOMMONLIB_EXPORT FramelessHelper : public QObject

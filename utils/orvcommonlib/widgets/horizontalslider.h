@@ -25,10 +25,10 @@ class HorizontalSliderLogic;
 /// or a popup opens) ends without one: it changes no value any more, and the handle goes back to where the
 /// value is.
 ///
-/// Once it has a focus policy, which it has not at first, the slider answers keys: Left and Down, Right and Up go by one,
-/// PageDown and PageUp by a tenth of the range, at least by one, Home and End to its ends, all within the range. It then
-/// shows that it has the focus if that came from the keyboard. Right-to-left swaps nothing. With the right end below the
-/// left one there are no keys.
+/// Once it has a focus policy, which it has not at first, the slider answers keys: Left and Down, Right and Up go by
+/// one, PageDown and PageUp by a tenth of the range, at least by one, Home and End to its ends, all within the range.
+/// It then shows that it has the focus if that came from the keyboard. Right-to-left swaps nothing. With the right
+/// end below the left one there are no keys.
 ///
 /// The looks are SVG files in a folder, the skin: "groove.svg", "handle.svg" and "zero.svg". One that is
 /// missing or broken paints nothing.

@@ -52,9 +52,9 @@ public:
     ///        that.
     void setNewVersionLink(QString link);
 
-    /// Lets Escape act as the close button, and Return and Enter as the blue button, with the same actions and signals in
-    /// the same order. Nothing happens while that button is hidden. Keys that the focused content uses itself do not come
-    /// here, those with a modifier mean nothing, and one that is held down acts once.
+    /// Lets Escape act as the close button, and Return and Enter as the blue button, with the same actions and
+    /// signals in the same order. Nothing happens while that button is hidden. Keys that the focused content uses
+    /// itself do not come here, those with a modifier mean nothing, and one that is held down acts once.
     /// \param enabled whether they do, false at first
     void setKeyboardActions(bool enabled);
     /// \return what setKeyboardActions() has set
