@@ -2,6 +2,8 @@
 #include "testmain.h"
 #include "ui_controls.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtCore/QMetaProperty>
 #include <QtCore/QPluginLoader>
 #include <QtCore/QRegularExpression>
@@ -207,6 +209,9 @@ void tst_designer::initTestCase()
     auto *collection = qobject_cast<QDesignerCustomWidgetCollectionInterface *>(loader.instance());
     QVERIFY2(collection, qPrintable(loader.errorString()));
     m_controls = collection->customWidgets();
+    // Of Designer's plugins none but this one: others leave things to the process.
+    QCoreApplication::setLibraryPaths(
+        {QFileInfo(QStringLiteral(PLUGIN_FILE)).dir().filePath(QStringLiteral(".."))});
     m_designer = std::make_unique<Designer>();
 }
 

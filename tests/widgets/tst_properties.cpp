@@ -22,7 +22,9 @@
 
 #include <QtCore/QMetaEnum>
 #include <QtCore/QMetaProperty>
+#include <QtGui/QMovie>
 #include <QtTest/QSignalSpy>
+#include <QtWidgets/QLabel>
 
 namespace {
 
@@ -171,7 +173,12 @@ QObject *makeMasked(QWidget *parent)
 
 QObject *makeLoading(QWidget *parent)
 {
-    return new PopupLoadingDlgWithMask(QSize(300, 240), QSize(100, 100), QString(), parent);
+    auto *dialog = new PopupLoadingDlgWithMask(QSize(300, 240), QSize(100, 100), QString(), parent);
+    for (const QLabel *label : dialog->findChildren<QLabel *>()) {
+        if (label->movie())
+            label->movie()->setParent(dialog); // which the dialog leaves to the process
+    }
+    return dialog;
 }
 
 QObject *makeTips(QWidget *parent)
