@@ -66,6 +66,7 @@ private Q_SLOTS:
     void namedSheetsInAnyLook_data();
     void namedSheetsInAnyLook();
 
+    void guideTellsEveryColor();
     void themeOfTheClient_data();
     void themeOfTheClient();
     void missingNamesKeepLight();
@@ -188,6 +189,20 @@ void tst_OrvLook::namedSheetsInAnyLook()
     QCOMPARE(sheet.count(QLatin1Char('{')),
              light.loadQssFile(QLatin1String(":/orvcommonlib/sheets/") + name).count(QLatin1Char('{')));
     QVERIFY(log.texts().filter(QStringLiteral("not exist")).isEmpty());
+}
+
+void tst_OrvLook::guideTellsEveryColor()
+{
+    const QString guide = QString::fromUtf8(contents(QStringLiteral(ORV_GUIDE)));
+    const QMap<QString, QString> light = valuesOf(kLight);
+    const QMap<QString, QString> dark = valuesOf(kDark);
+    const QStringList names = light.keys();
+    for (const QString &name : names) {
+        const QString row =
+            QStringLiteral("| `%1` | `%2` | `%3` |").arg(name, light.value(name), dark.value(name));
+        QVERIFY2(guide.contains(row), qPrintable(row));
+    }
+    QCOMPARE(guide.count(QStringLiteral("\n| `")), light.size());
 }
 
 void tst_OrvLook::themeOfTheClient_data()
