@@ -76,6 +76,7 @@ private Q_SLOTS:
     void maskedMessageDarkensTheWindow();
     void maskedMessageStaysInPlace();
     void movesWhenOnScreen();
+    void standsOverItsWindow();
     void answersTheTip_data();
     void answersTheTip();
     void answersTheUpdate_data();
@@ -219,6 +220,26 @@ void tst_Dialogs_x11::movesWhenOnScreen()
             true);
     });
     QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::NoResult);
+}
+
+// The window manager leaves it where it was put, which is over the middle of the window with its frame.
+void tst_Dialogs_x11::standsOverItsWindow()
+{
+    QTRY_VERIFY(m_window.frameGeometry().height() > m_window.height());
+    const QRect frame = m_window.frameGeometry();
+    QRect geometry;
+    InsideLoop::run([&] {
+        const auto dialogs = m_window.findChildren<PopupDlgWithMask *>();
+        PopupDlgWithMask *dialog = dialogs.isEmpty() ? nullptr : dialogs.constFirst();
+        QVERIFY(dialog);
+        QVERIFY(QTest::qWaitForWindowExposed(dialog));
+        geometry = QRect(dialog->mapToGlobal(QPoint(0, 0)), dialog->size());
+        XPointer::click(centreOf(buttonWith(dialog, QStringLiteral("OK"))));
+    });
+    QCOMPARE(PopupDlgWithMask::message(&m_window, QStringLiteral("Title"), QStringLiteral("Text")),
+             PopupDlgWithMask::Confirmed);
+    const QPoint distance = geometry.center() - frame.center();
+    QVERIFY2(distance.manhattanLength() <= 2, qPrintable(QString::number(distance.manhattanLength())));
 }
 
 void tst_Dialogs_x11::answersTheTip_data()
