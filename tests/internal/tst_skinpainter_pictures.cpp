@@ -234,7 +234,7 @@ void tst_skinpainter_pictures::paintsUnusualDocuments()
 void tst_skinpainter_pictures::paintsShapesThatAnEdgeCutsOff()
 {
     QRandomGenerator random(3);
-    for (int round = 0; round < 400; ++round) {
+    for (int round = 0; round < 150; ++round) {
         m_skin->writeRaw("any.svg", document(randomShape(&random) + randomShape(&random)));
         SkinPainter::forgetFiles();
         const qreal ratio = kRatios[round % 5];

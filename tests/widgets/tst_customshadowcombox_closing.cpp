@@ -38,6 +38,7 @@ private Q_SLOTS:
     void deactivationOfAnotherWindowKeeps();
     void anyKeyCloses_data();
     void anyKeyCloses();
+    void heldKeyThatQtHasNoNameForCloses();
     void movesOutsideAreReported();
     void movesThatAreConsumedAreReported();
     void listClosesWithWhatItBelongsTo_data();
@@ -283,6 +284,16 @@ void tst_CustomShadowComboxClosing::anyKeyCloses()
     QCOMPARE(log.take(), kHiddenOnce);
     QTest::keyRelease(m_window.get(), Qt::Key(key));
     QCOMPARE(log.take(), QStringList());
+}
+
+void tst_CustomShadowComboxClosing::heldKeyThatQtHasNoNameForCloses()
+{
+    SignalLog log(m_combo);
+    open();
+    QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(m_combo->popup(), &event);
+    QVERIFY(!m_combo->isOpen());
+    QCOMPARE(log.take(), kHiddenOnce);
 }
 
 void tst_CustomShadowComboxClosing::movesOutsideAreReported()

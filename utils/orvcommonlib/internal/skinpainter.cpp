@@ -20,6 +20,7 @@ constexpr int kKeptImageBytes = 4 * 1024 * 1024;
 constexpr qint64 kLargestImagePixels = qint64(16) * 1024 * 1024;
 constexpr qreal kMostKeptPixels = 256 * 1024;
 constexpr qreal kLongestKeptSide = 10000;   // three of them are as much as Qt can paint on
+constexpr int kMostCutOff = 1;              // pixels of an image at an edge of what is painted
 constexpr qreal kFarthestVisible = 1 << 24; // no widget is larger
 
 struct Document
@@ -289,22 +290,26 @@ bool areAlike(const QImage &left, const QImage &right)
 
 // The shapes that the function draws at the place. Each that lies upon another is rounded once more: of many, in
 // thin outlines too, an image may differ by more than it should. No formula tells by how much, a trial does, which
-// allows less than is allowed later since it does not see every ground.
+// allows less than is allowed later since it does not see every ground; nor may a pixel cut off at the edges make a
+// difference, as rounding cuts it off where a pixel of the device is a part of one of the widget's.
 template<typename Draw>
 KeptImage drawnShapes(const Place &place, const QTransform &toPixels, Draw draw)
 {
     const QSize beyond = place.rect.toAlignedRect().size();
     KeptImage kept = drawn(place, toPixels, beyond, draw);
-    const QRect around = QRect(kept.offset, kept.image.size()).adjusted(-1, -1, 1, 1);
+    const QRect used(kept.offset, kept.image.size());
     kept.isFaithful = QRect(-beyond.width(), -beyond.height(), 3 * beyond.width(), 3 * beyond.height())
-                          .contains(around); // or it may be cut off
+                          .contains(used.adjusted(-1, -1, 1, 1)); // or it may be cut off
     for (const bool isWhite : {true, false}) {
         if (!kept.isFaithful)
             return {{}, {}, false};
-        const QImage before = ground(around.size(), isWhite);
-        kept.isFaithful = areAlike(
-            drawnOn(before, place.pixel + around.topLeft(), toPixels, draw),
-            drawnOn(before, {}, {}, [&](QPainter *painter) { painter->drawImage(1, 1, kept.image); }));
+        const int margin = isWhite ? 1 : -kMostCutOff;
+        const QRect tried = used.adjusted(-margin, -margin, margin, margin);
+        const QImage before = ground(tried.size().expandedTo(QSize(1, 1)), isWhite);
+        kept.isFaithful = areAlike(drawnOn(before, place.pixel + tried.topLeft(), toPixels, draw),
+                                   drawnOn(before, {}, {}, [&](QPainter *painter) {
+                                       painter->drawImage(margin, margin, kept.image);
+                                   }));
     }
     return kept;
 }
@@ -344,6 +349,7 @@ SkinPainter::SkinPainter(QPaintDevice *device, const QString &folder)
     const QRect clip = engine->systemClip().boundingRect();
     const QPaintDevice *pixels = engine->paintDevice();
     m_shown = clip.isEmpty() ? QRect(0, 0, pixels->width(), pixels->height()) : clip;
+    m_shown.adjust(-kMostCutOff, -kMostCutOff, kMostCutOff, kMostCutOff);
 }
 
 // In the device's coordinates.

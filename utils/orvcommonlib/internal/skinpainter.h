@@ -68,5 +68,5 @@ private:
     QString m_folder;
     QTransform m_toPixels;
     bool m_drawsImages; // the painter's coordinates are then the device's pixels
-    QRect m_shown;      // those to which Qt cuts shapes, in a way of its own, before it draws them
+    QRect m_shown; // where Qt does not cut shapes, which it does in a way of its own before it draws them
 };

@@ -586,7 +586,7 @@ void CustomShadowCombox::handleWhileOpen(const QObject *watched, const QEvent *e
 // where its list is not activated by the window manager.
 void CustomShadowCombox::closeByKey(const QObject *watched, const QKeyEvent *event)
 {
-    if (event->isAutoRepeat() && event->key() == m_openingKey)
+    if (event->isAutoRepeat() && m_openingKey != 0 && event->key() == m_openingKey)
         return;
     if (watched == this || watched == m_header || watched == static_cast<QObject *>(window()->windowHandle()))
         m_closingKey = event;
