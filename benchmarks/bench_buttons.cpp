@@ -3,6 +3,7 @@
 #include "customizeiconbutton.h"
 #include "custompicturebtn.h"
 #include "customtoolbutton.h"
+#include "hoverevent.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QHoverEvent>
@@ -38,9 +39,10 @@ QString flatStyle(const char *type)
 
 void sendHover(QWidget &widget, bool enter)
 {
-    QEvent crossing(enter ? QEvent::Enter : QEvent::Leave);
-    QCoreApplication::sendEvent(&widget, &crossing);
-    QHoverEvent hover(enter ? QEvent::HoverEnter : QEvent::HoverLeave, QPointF(1, 1), QPointF(-1, -1));
+    QEnterEvent entering(QPointF(1, 1), QPointF(1, 1), widget.mapToGlobal(QPoint(1, 1)));
+    QEvent leaving(QEvent::Leave);
+    QCoreApplication::sendEvent(&widget, enter ? &entering : &leaving);
+    HoverEvent hover(enter ? QEvent::HoverEnter : QEvent::HoverLeave, QPointF(1, 1), QPointF(-1, -1));
     widget.setAttribute(Qt::WA_UnderMouse, enter);
     QCoreApplication::sendEvent(&widget, &hover);
 }

@@ -1,5 +1,6 @@
 #include "bench.h"
 #include "customshadowcombox.h"
+#include "hoverevent.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QHoverEvent>
@@ -62,7 +63,7 @@ public:
         const QLayout *rows = findChild<QScrollArea *>()->widget()->layout();
         QEvent leave(QEvent::Leave);
         QCoreApplication::sendEvent(rows->itemAt(from)->widget(), &leave);
-        QEvent enter(QEvent::Enter);
+        QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), mapToGlobal(QPoint(1, 1)));
         QCoreApplication::sendEvent(rows->itemAt(to)->widget(), &enter);
     }
 };
@@ -91,7 +92,7 @@ public:
     {
         const QPointF last = center(from);
         const QPointF pos = center(to);
-        QHoverEvent move(QEvent::HoverMove, pos, last);
+        HoverEvent move(QEvent::HoverMove, pos, last);
         QCoreApplication::sendEvent(view()->viewport(), &move);
     }
 

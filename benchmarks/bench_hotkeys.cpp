@@ -1,10 +1,11 @@
 #include "bench.h"
 #include "hotkeysystem.h"
+#include "orvqtcompat.h"
 #include "qhotkey.h"
 
+#include <QAction> // of another module in each Qt
 #include <QtCore/QAbstractNativeEventFilter>
 #include <QtCore/QCoreApplication>
-#include <QtWidgets/QAction>
 
 #include <memory>
 #include <vector>
@@ -13,7 +14,7 @@ namespace {
 
 QKeySequence sequence()
 {
-    return {Qt::CTRL + Qt::SHIFT + Qt::Key_F10};
+    return {Qt::CTRL | Qt::SHIFT | Qt::Key_F10};
 }
 
 // What a program without the library would write: a filter that turns the system's message into a signal.
@@ -21,7 +22,7 @@ class StockFilter : public QAbstractNativeEventFilter
 {
 public:
     StockFilter() { qApp->installNativeEventFilter(this); }
-    bool nativeEventFilter(const QByteArray &, void *, long *) override
+    bool nativeEventFilter(const QByteArray &, void *, orvqt::NativeResult *) override
     {
         if (isPressed)
             pressed.hover();

@@ -1,5 +1,7 @@
 #include "hotkeysystem.h"
 
+#include "orvqtcompat.h"
+
 #include <QtCore/QAbstractEventDispatcher>
 
 #include <qt_windows.h>
@@ -21,7 +23,7 @@ void HotkeySystem::press(QHotkey::NativeShortcut shortcut)
     MSG message{};
     message.message = WM_HOTKEY;
     message.lParam = MAKELPARAM(shortcut.modifier, shortcut.key);
-    long result = 0;
+    orvqt::NativeResult result = 0;
     QAbstractEventDispatcher::instance()->filterNativeEvent(QByteArrayLiteral("windows_generic_MSG"),
                                                             &message, &result);
 }

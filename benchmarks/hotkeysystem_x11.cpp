@@ -1,7 +1,9 @@
 #include "hotkeysystem.h"
 
+#include "orvqtcompat.h"
+#include "x11application.h"
+
 #include <QtCore/QAbstractEventDispatcher>
-#include <QtX11Extras/QX11Info>
 
 #include <xcb/xcb.h>
 
@@ -13,7 +15,7 @@ constexpr int kLocks[] = {0, XCB_MOD_MASK_LOCK, XCB_MOD_MASK_2, XCB_MOD_MASK_LOC
 
 xcb_keycode_t keycode(xcb_keysym_t keysym)
 {
-    xcb_connection_t *connection = QX11Info::connection();
+    xcb_connection_t *connection = x11application::connection();
     const int first = xcb_get_setup(connection)->min_keycode;
     const int keys = xcb_get_setup(connection)->max_keycode - first + 1;
     xcb_get_keyboard_mapping_reply_t *reply = xcb_get_keyboard_mapping_reply(
@@ -37,7 +39,7 @@ void forEveryLock(Request request)
     for (int index = 0; index < 4; ++index)
         cookies[index] = request(kLocks[index]);
     for (const xcb_void_cookie_t cookie : cookies)
-        std::free(xcb_request_check(QX11Info::connection(), cookie));
+        std::free(xcb_request_check(x11application::connection(), cookie));
 }
 
 } // namespace
@@ -45,8 +47,8 @@ void forEveryLock(Request request)
 void HotkeySystem::registerAndRelease(QHotkey::NativeShortcut shortcut)
 {
     static const xcb_keycode_t key = keycode(shortcut.key);
-    xcb_connection_t *connection = QX11Info::connection();
-    const xcb_window_t root = QX11Info::appRootWindow();
+    xcb_connection_t *connection = x11application::connection();
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
     forEveryLock([&](int locks) {
         return xcb_grab_key_checked(connection, false, root, static_cast<uint16_t>(shortcut.modifier | locks),
                                     key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
@@ -64,7 +66,7 @@ void HotkeySystem::press(QHotkey::NativeShortcut shortcut)
     event.response_type = XCB_KEY_PRESS;
     event.detail = key;
     event.state = static_cast<uint16_t>(shortcut.modifier);
-    long result = 0;
+    orvqt::NativeResult result = 0;
     QAbstractEventDispatcher::instance()->filterNativeEvent(QByteArrayLiteral("xcb_generic_event_t"), &event,
                                                             &result);
 }

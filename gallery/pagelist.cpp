@@ -2,10 +2,10 @@
 #include "gallerypage.h"
 #include "pagebuilder.h"
 
+#include <QShortcut> // of another module in each Qt
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QScrollBar>
-#include <QtWidgets/QShortcut>
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
 

@@ -2,11 +2,11 @@
 #include "gallerystyle.h"
 #include "pagebuilder.h"
 
+#include <QAction> // of another module in each Qt
 #include <QtGui/QClipboard>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
-#include <QtWidgets/QAction>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListView>

@@ -220,7 +220,8 @@ void movePointerOver(QWidget *widget)
 {
     widget->ensurePolished();
     widget->setAttribute(Qt::WA_UnderMouse);
-    QMouseEvent move(QEvent::MouseMove, QRectF(widget->rect()).center(), Qt::NoButton, Qt::NoButton,
+    QMouseEvent move(QEvent::MouseMove, QRectF(widget->rect()).center(),
+                     widget->mapToGlobal(widget->rect().center()), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);
     QCoreApplication::sendEvent(widget, &move);
 }

@@ -1,6 +1,7 @@
 #include "orvcommonlib.h"
 
 #include "logcapture.h"
+#include "orvqtcompat.h"
 #include "seed.h"
 #include "testmain.h"
 
@@ -161,7 +162,7 @@ void tst_utilities::fontIsChangedInPlace()
     totalcommon::getFontWidth(17, QStringLiteral("text"), font, QFont::DemiBold);
     QCOMPARE(font.family(), QStringLiteral("Microsoft Yahei"));
     QCOMPARE(font.pixelSize(), 17);
-    QCOMPARE(font.weight(), int(QFont::DemiBold));
+    QCOMPARE(int(font.weight()), int(QFont::DemiBold));
     QVERIFY(font.italic());
 }
 
@@ -183,7 +184,7 @@ void tst_utilities::fontWidthIsTheMetricsWidthPlusTwo()
             QFont expected;
             expected.setFamily(QStringLiteral("Microsoft Yahei"));
             expected.setPixelSize(pixelSize);
-            expected.setWeight(weight);
+            expected.setWeight(QFont::Weight(weight));
             QFont font;
             QCOMPARE(totalcommon::getFontWidth(pixelSize, text, font, weight),
                      QFontMetrics(expected).boundingRect(text).width() + 2);
@@ -196,9 +197,9 @@ void tst_utilities::fontWidthOfAbsurdValues()
 {
     QFont font;
     totalcommon::getFontWidth(12, QStringLiteral("text"), font, -5);
-    QCOMPARE(font.weight(), 0);
-    totalcommon::getFontWidth(12, QStringLiteral("text"), font, 700);
-    QCOMPARE(font.weight(), 99);
+    QCOMPARE(int(font.weight()), orvqt::kLightestFont);
+    totalcommon::getFontWidth(12, QStringLiteral("text"), font, 7000);
+    QCOMPARE(int(font.weight()), orvqt::kHeaviestFont);
     // QFont refuses the size, tells so, and keeps the one before.
     for (const int pixelSize : {0, -3}) {
         const ExpectedWarnings refusal("QFont::setPixelSize: Pixel size <= 0");

@@ -14,7 +14,7 @@ void build(PageBuilder &page)
     auto *edit = new CustomKeySequenceEdit(page.widget(), QStringLiteral("Press a shortcut"));
     edit->setEditSize(QSize(220, 32));
     page.example(edit, "empty, with its placeholder");
-    auto *filled = new CustomKeySequenceEdit(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S), page.widget(),
+    auto *filled = new CustomKeySequenceEdit(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), page.widget(),
                                              QStringLiteral("Press a shortcut"));
     filled->setEditSize(QSize(220, 32));
     page.example(filled, "constructed with a sequence");
@@ -32,7 +32,7 @@ void build(PageBuilder &page)
                  [edit](int width) { edit->setEditSize(QSize(width, 32)); });
     page.button("clear()", [edit] { edit->clear(); });
     page.button("setKeySequence(Ctrl+Alt+G)",
-                [edit] { edit->setKeySequence(QKeySequence(Qt::CTRL + Qt::ALT + Qt::Key_G)); });
+                [edit] { edit->setKeySequence(QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_G)); });
     page.button("setNoContextMenu(true)", [edit] { edit->setNoContextMenu(true); });
     page.properties(edit);
 }

@@ -7,14 +7,15 @@
 #include "customsliderbarwidget.h"
 #include "customtoolbutton.h"
 #include "horizontalslider.h"
+#include "hoverevent.h"
 #include "kinds.h"
 #include "newhorizontalslider.h"
 #include "steps.h"
 #include "widgets/shadowcombotesting.h"
 
+#include <QAction> // of another module in each Qt
 #include <QtGui/QCursor>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QAction>
 #include <QtWidgets/QLineEdit>
 
 namespace Destruction {
@@ -72,7 +73,7 @@ QVector<Step> toolButtonLife()
 {
     const auto hover = [](QEvent::Type type) {
         return step<QObject>("hover", [=](QObject *button) {
-            send(button, QHoverEvent(type, QPointF(1, 1), QPointF(-1, -1)));
+            send(button, HoverEvent(type, QPointF(1, 1), QPointF(-1, -1)));
         });
     };
     QVector<Step> steps = checking();

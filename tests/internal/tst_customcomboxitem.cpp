@@ -309,8 +309,7 @@ void tst_CustomComboxItem::badgeIsOnlyForRowsThatStartGray()
 void tst_CustomComboxItem::hoversWithThePointer()
 {
     CustomComboxItem row(QStringLiteral("Row"), nullptr);
-    QEvent enter(QEvent::Enter);
-    QCoreApplication::sendEvent(&row, &enter);
+    MouseEvents::enter(&row);
     QCOMPARE(row.styleSheet(), rowSheet(true, 8));
     MouseEvents::leave(&row);
     QCOMPARE(row.styleSheet(), rowSheet(false, 8));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "orvqtcompat.h"
 #include "qhotkey_p.h"
 
 #include <QtCore/QStringList>
@@ -18,7 +19,8 @@ public:
     /// As if the keys were pressed.
     void press(QHotkey::NativeShortcut shortcut) { activateShortcut(shortcut); }
 
-    bool nativeEventFilter(const QByteArray & /*eventType*/, void * /*message*/, long * /*result*/) override
+    bool nativeEventFilter(const QByteArray & /*eventType*/, void * /*message*/,
+                           orvqt::NativeResult * /*result*/) override
     {
         return false;
     }

@@ -19,7 +19,8 @@ class WatchingRegistry : public FakeRegistry
 public:
     int events = 0;
 
-    bool nativeEventFilter(const QByteArray & /*eventType*/, void * /*message*/, long * /*result*/) override
+    bool nativeEventFilter(const QByteArray & /*eventType*/, void * /*message*/,
+                           orvqt::NativeResult * /*result*/) override
     {
         ++events;
         return false;
@@ -36,7 +37,7 @@ public:
     }
     static void sendEvent()
     {
-        long result = 0;
+        orvqt::NativeResult result = 0;
         QAbstractEventDispatcher::instance()->filterNativeEvent(QByteArrayLiteral("event"), nullptr, &result);
     }
 

@@ -235,7 +235,7 @@ void tst_qhotkey::constructorsTakeTheirShortcut()
     QCOMPARE(native.parent(), &parent);
 
     const LogCapture log;
-    const QHotkey sequence(QKeySequence(Qt::CTRL + Qt::Key_SysReq), false, &parent);
+    const QHotkey sequence(QKeySequence(Qt::CTRL | Qt::Key_SysReq), false, &parent);
     QCOMPARE(sequence.parent(), &parent);
     QCOMPARE(log.count(), 2); // it went through setShortcut(), whose result is lost
     const QHotkey key(Qt::Key_SysReq, Qt::ShiftModifier | Qt::AltModifier, false, &parent);
@@ -273,7 +273,7 @@ void tst_qhotkey::onlyTheFirstCombinationCounts()
 {
     QHotkey hotkey;
     const LogCapture log;
-    QVERIFY(!hotkey.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_SysReq, Qt::CTRL + Qt::Key_B)));
+    QVERIFY(!hotkey.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_SysReq, Qt::CTRL | Qt::Key_B)));
     const QVector<LogLine> lines = log.lines();
     QCOMPARE(lines.size(), 3);
     QCOMPARE(lines.at(0).type, QtWarningMsg);

@@ -18,8 +18,8 @@ using NativeShortcut = QHotkey::NativeShortcut;
 namespace {
 
 const Qt::KeyboardModifiers kModifiers = Qt::ControlModifier | Qt::ShiftModifier;
-const QKeySequence kFirst(Qt::CTRL + Qt::SHIFT + Qt::Key_F9);
-const QKeySequence kSecond(Qt::CTRL + Qt::SHIFT + Qt::Key_F10);
+const QKeySequence kFirst(Qt::CTRL | Qt::SHIFT | Qt::Key_F9);
+const QKeySequence kSecond(Qt::CTRL | Qt::SHIFT | Qt::Key_F10);
 constexpr char kLeaveRegistered[] = "--leave-a-hotkey-registered";
 constexpr char kStaticHotkey[] = "--keep-a-static-hotkey";
 constexpr char kOutliveApplication[] = "--let-a-hotkey-outlive-the-application";
@@ -121,7 +121,7 @@ void tst_qhotkey_desktop::constructorsRegister()
     QCOMPARE(key.shortcut(), kSecond);
     const QHotkey modifier(Qt::Key_F10, Qt::ControlModifier, true);
     QVERIFY(modifier.isRegistered());
-    QCOMPARE(modifier.shortcut(), QKeySequence(Qt::CTRL + Qt::Key_F10));
+    QCOMPARE(modifier.shortcut(), QKeySequence(Qt::CTRL | Qt::Key_F10));
     const QHotkey native(key.currentNativeShortcut(), true);
     QVERIFY(native.isRegistered());
     QVERIFY(native.shortcut().isEmpty());
@@ -142,9 +142,9 @@ void tst_qhotkey_desktop::firstCombinationIsRegistered()
 {
     const LogCapture log;
     QHotkey hotkey;
-    QVERIFY(hotkey.setShortcut(QKeySequence(Qt::CTRL + Qt::Key_A, Qt::CTRL + Qt::Key_B)));
+    QVERIFY(hotkey.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_A, Qt::CTRL | Qt::Key_B)));
     QCOMPARE(log.count(), 1);
-    QCOMPARE(hotkey.shortcut(), QKeySequence(Qt::CTRL + Qt::Key_A));
+    QCOMPARE(hotkey.shortcut(), QKeySequence(Qt::CTRL | Qt::Key_A));
     QCOMPARE(hotkey.keyCode(), Qt::Key_A);
     QCOMPARE(hotkey.modifiers(), Qt::KeyboardModifiers(Qt::ControlModifier));
 }

@@ -51,7 +51,7 @@ void tst_qhotkey_nosystem::registrationSaysWhyItFails_data()
         QTest::newRow(name) << ask << isMapped;
     };
     row("sequence", true,
-        [](QHotkey *hotkey) { return hotkey->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_A), true); });
+        [](QHotkey *hotkey) { return hotkey->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_A), true); });
     row("key and modifiers", true, [](QHotkey *hotkey) {
         return hotkey->setShortcut(Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier, true);
     });
@@ -91,7 +91,7 @@ void tst_qhotkey_nosystem::registrationSaysWhyItFails()
 void tst_qhotkey_nosystem::constructorsSayWhyTheyFail()
 {
     const LogCapture log;
-    const QHotkey sequence(QKeySequence(Qt::CTRL + Qt::Key_A), true);
+    const QHotkey sequence(QKeySequence(Qt::CTRL | Qt::Key_A), true);
     const QHotkey modifiers(Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier, true);
     const QHotkey modifier(Qt::Key_A, Qt::ControlModifier, true);
     const QHotkey native(NativeShortcut(0x61, 4), true);

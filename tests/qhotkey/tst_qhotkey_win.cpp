@@ -1,4 +1,5 @@
 #include "logcapture.h"
+#include "orvqtcompat.h"
 #include "qhotkey.h"
 #include "testmain.h"
 
@@ -477,7 +478,7 @@ void tst_qhotkey_win::everyMessageIsPassedOn()
     MSG message{};
     message.message = WM_HOTKEY;
     message.lParam = messageParameter(hotkey.currentNativeShortcut());
-    long result = 12345;
+    orvqt::NativeResult result = 12345;
     QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
     for (const char *type : {"windows_generic_MSG", "windows_dispatcher_MSG", "anything", ""})
         QVERIFY(!dispatcher->filterNativeEvent(QByteArray(type), &message, &result));

@@ -1,4 +1,5 @@
 #include "logcapture.h"
+#include "orvqtcompat.h"
 #include "testmain.h"
 #include "x11hotkeytest.h"
 #include "xpointer.h"
@@ -28,7 +29,7 @@ constexpr std::chrono::milliseconds kLongerThanPatience(1500); // of a caller wh
 // Delivers an event as if the platform plugin had just received it.
 bool filter(void *event, const QByteArray &type = QByteArrayLiteral("xcb_generic_event_t"))
 {
-    long result = 12345;
+    orvqt::NativeResult result = 12345;
     const bool consumed = QAbstractEventDispatcher::instance()->filterNativeEvent(type, event, &result);
     return consumed || result != 12345;
 }
@@ -82,7 +83,7 @@ private Q_SLOTS:
 void tst_qhotkey_x11::pressActivatesWhileAnotherProgramHasTheFocus()
 {
     m_other->focusWindow();
-    QHotkey hotkey(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_A), true);
+    QHotkey hotkey(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), true);
     const QSignalSpy activated(&hotkey, &QHotkey::activated);
     XPointer::key(QStringLiteral("ctrl+shift+a"));
     QTRY_COMPARE(activated.count(), 1);

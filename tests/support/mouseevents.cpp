@@ -1,7 +1,8 @@
 #include "mouseevents.h"
 
+#include "hoverevent.h"
+
 #include <QtCore/QCoreApplication>
-#include <QtGui/QHoverEvent>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QWidget>
 
@@ -42,7 +43,14 @@ bool move(QWidget *widget, QPoint globalPos, Qt::MouseButtons buttons)
 bool hover(QWidget *widget, QPoint globalPos)
 {
     const QPoint localPos = widget->mapFromGlobal(globalPos);
-    QHoverEvent event(QEvent::HoverMove, localPos, localPos);
+    HoverEvent event(QEvent::HoverMove, localPos, localPos);
+    return QCoreApplication::sendEvent(widget, &event);
+}
+
+bool enter(QWidget *widget)
+{
+    const QPointF center = QRectF(widget->rect()).center();
+    QEnterEvent event(center, center, widget->mapToGlobal(center.toPoint()));
     return QCoreApplication::sendEvent(widget, &event);
 }
 

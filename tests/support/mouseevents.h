@@ -17,6 +17,7 @@ bool doubleClick(QWidget *widget, QPoint globalPos, Qt::MouseButton button = Qt:
 /// Moves with these buttons held.
 bool move(QWidget *widget, QPoint globalPos, Qt::MouseButtons buttons = Qt::LeftButton);
 bool hover(QWidget *widget, QPoint globalPos);
+bool enter(QWidget *widget);
 bool leave(QWidget *widget);
 
 } // namespace MouseEvents

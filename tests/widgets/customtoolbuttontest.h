@@ -1,6 +1,7 @@
 #pragma once
 
 #include "customtoolbutton.h"
+#include "hoverevent.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
@@ -49,7 +50,7 @@ inline void sendMouse(QWidget *widget, QEvent::Type type, Qt::MouseButton button
 
 inline void sendHover(QWidget *widget, QEvent::Type type)
 {
-    QHoverEvent event(type, QPointF(1, 1), QPointF(-1, -1));
+    HoverEvent event(type, QPointF(1, 1), QPointF(-1, -1));
     QCoreApplication::sendEvent(widget, &event);
 }
 

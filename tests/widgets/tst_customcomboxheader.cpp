@@ -280,8 +280,7 @@ void tst_CustomComboxHeader::paintsItsStyleSheet()
 void tst_CustomComboxHeader::pointsWithAHand()
 {
     CustomComboxHeader header(nullptr);
-    QEvent enter(QEvent::Enter);
-    QCoreApplication::sendEvent(&header, &enter);
+    MouseEvents::enter(&header);
     QCOMPARE(header.cursor().shape(), Qt::PointingHandCursor);
     MouseEvents::leave(&header);
     QCOMPARE(header.cursor().shape(), Qt::ArrowCursor);

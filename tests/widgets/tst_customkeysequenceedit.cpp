@@ -65,7 +65,7 @@ void tst_CustomKeySequenceEdit::startsWithThePlaceholder()
 
 void tst_CustomKeySequenceEdit::startsWithASequence()
 {
-    const QKeySequence sequence(Qt::CTRL + Qt::Key_A);
+    const QKeySequence sequence(Qt::CTRL | Qt::Key_A);
     const CustomKeySequenceEdit edit(sequence, nullptr, kPlaceholder);
     QCOMPARE(edit.keySequence(), sequence);
     QCOMPARE(innerLineEdit(edit)->placeholderText(), kPlaceholder);
@@ -75,11 +75,11 @@ void tst_CustomKeySequenceEdit::keepsTheLatestChordOnly()
 {
     CustomKeySequenceEdit edit(nullptr, kPlaceholder);
     QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
-    QCOMPARE(edit.keySequence(), QKeySequence(Qt::CTRL + Qt::Key_A));
+    QCOMPARE(edit.keySequence(), QKeySequence(Qt::CTRL | Qt::Key_A));
     QTest::keyClick(&edit, Qt::Key_B, Qt::ControlModifier);
-    QCOMPARE(edit.keySequence(), QKeySequence(Qt::CTRL + Qt::Key_B));
+    QCOMPARE(edit.keySequence(), QKeySequence(Qt::CTRL | Qt::Key_B));
     QCOMPARE(innerLineEdit(edit)->text(),
-             QKeySequence(Qt::CTRL + Qt::Key_B).toString(QKeySequence::NativeText));
+             QKeySequence(Qt::CTRL | Qt::Key_B).toString(QKeySequence::NativeText));
 }
 
 void tst_CustomKeySequenceEdit::everyKeyEndsTheEditing_data()
@@ -165,7 +165,7 @@ void tst_CustomKeySequenceEdit::modifiersAloneKeepTheChord()
 
 void tst_CustomKeySequenceEdit::backspaceClearsAndShowsThePlaceholder()
 {
-    CustomKeySequenceEdit edit(QKeySequence(Qt::CTRL + Qt::Key_A), nullptr, kPlaceholder);
+    CustomKeySequenceEdit edit(QKeySequence(Qt::CTRL | Qt::Key_A), nullptr, kPlaceholder);
     QTest::keyClick(&edit, Qt::Key_B,
                     Qt::ControlModifier); // the base shows a placeholder of its own while it records
     const QSignalSpy changed(&edit, &QKeySequenceEdit::keySequenceChanged);
@@ -193,14 +193,14 @@ void tst_CustomKeySequenceEdit::cutsAtTheFirstComma()
 {
     // "Ctrl+," is cut into "Ctrl+", which names no key.
     const QKeySequence cut = QKeySequence::fromString(QStringLiteral("Ctrl+"), QKeySequence::PortableText);
-    QVERIFY(cut != QKeySequence(Qt::CTRL + Qt::Key_Comma));
-    CustomKeySequenceEdit edit(QKeySequence(Qt::CTRL + Qt::Key_A), nullptr, QString());
+    QVERIFY(cut != QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    CustomKeySequenceEdit edit(QKeySequence(Qt::CTRL | Qt::Key_A), nullptr, QString());
     QSignalSpy changed(&edit, &QKeySequenceEdit::keySequenceChanged);
     QTest::keyClick(&edit, Qt::Key_Comma, Qt::ControlModifier);
     QCOMPARE(edit.keySequence(), cut);
     QCOMPARE(changed.constLast().constFirst().value<QKeySequence>(), cut);
     // The cut takes what it finds, also between chords.
-    edit.QKeySequenceEdit::setKeySequence(QKeySequence(Qt::CTRL + Qt::Key_X, Qt::CTRL + Qt::Key_Y));
+    edit.QKeySequenceEdit::setKeySequence(QKeySequence(Qt::CTRL | Qt::Key_X, Qt::CTRL | Qt::Key_Y));
     QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(edit.keySequence().count(), 1);
 }

@@ -1,4 +1,5 @@
 #include "custompicturebtn.h"
+#include "mouseevents.h"
 #include "pictures.h"
 #include "testmain.h"
 
@@ -241,8 +242,7 @@ void tst_CustomPictureBtn::disabledWithoutADisabledPicture()
     button.setDisabledIcon(none);
     button.setHoverIcon(hover);
     button.setEnabled(false);
-    QEvent enter(QEvent::Enter);
-    QCoreApplication::sendEvent(&button, &enter);
+    MouseEvents::enter(&button);
     QCOMPARE(renderWidget(&button).pixelColor(10, 10), QColor(Qt::blue));
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&button, &leave);
@@ -316,8 +316,7 @@ void tst_CustomPictureBtn::fontByState()
     };
     QVERIFY(painted(normal));
     QVERIFY(!painted(hover));
-    QEvent enter(QEvent::Enter);
-    QCoreApplication::sendEvent(&button, &enter);
+    MouseEvents::enter(&button);
     QVERIFY(painted(normal)); // the hover font is never drawn with
     button.setEnabled(false);
     QVERIFY(painted(disabled));

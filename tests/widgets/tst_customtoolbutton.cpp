@@ -90,7 +90,7 @@ void tst_CustomToolButton::buildsItsStyleSheetFromFourPictures()
 
 void tst_CustomToolButton::checkedButtonIgnoresShortcuts()
 {
-    newButton(false)->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_K));
+    newButton(false)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
     const QSignalSpy clicked(m_button.data(), &QToolButton::clicked);
     m_window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_window));
@@ -101,7 +101,7 @@ void tst_CustomToolButton::checkedButtonIgnoresShortcuts()
     QVERIFY(m_button->isChecked());
     QVERIFY(!m_button->isDown());
 
-    QShortcutEvent shortcut(QKeySequence(Qt::CTRL + Qt::Key_K), 1);
+    QShortcutEvent shortcut(QKeySequence(Qt::CTRL | Qt::Key_K), 1);
     shortcut.accept();
     QVERIFY(QCoreApplication::sendEvent(m_button, &shortcut)); // reported handled
     QVERIFY(!shortcut.isAccepted());

@@ -151,7 +151,7 @@ void CustomSliderBarWidget::focusOutEvent(QFocusEvent *event)
 
 void CustomSliderBarWidget::choose(qint64 wanted)
 {
-    const int index = int(qBound(qint64(0), qint64(wanted), qint64(m_count) - 1));
+    const int index = int(qBound(qint64(0), wanted, qint64(m_count) - 1));
     if (index == m_currentIndex)
         return;
     setCurrenIndex(index);
