@@ -1,3 +1,9 @@
+# The screen of the offscreen platform: Qt 6 has another one of its own than Qt 5, unless it is told.
+set(ORV_OFFSCREEN_PLATFORM offscreen)
+if(ORV_QT_MAJOR EQUAL 6)
+    string(APPEND ORV_OFFSCREEN_PLATFORM :configfile=${PROJECT_SOURCE_DIR}/tests/support/offscreen.json)
+endif()
+
 # orv_add_test(<name> [SOURCE <file>] [INTERNAL | STANDALONE] [X11] [SERIAL] [POISONED] [SCALES <ratio>...] [LIBRARIES <target>...]
 #              [ENVIRONMENT <VAR=value>...])
 #
@@ -54,7 +60,7 @@ function(orv_add_test name)
     elseif(WIN32)
         set(platform windows)
     else()
-        set(platform offscreen)
+        set(platform ${ORV_OFFSCREEN_PLATFORM})
     endif()
     set(environment QT_QPA_PLATFORM=${platform} QT_LOGGING_RULES= ${arg_ENVIRONMENT})
     orv_register_test(${name} ${name} "${arg_X11}" "${arg_SERIAL}" "${environment}")

@@ -1,6 +1,7 @@
 #include "gallerypage.h"
 #include "gallerystyle.h"
 #include "mainwindow.h"
+#include "orvqtcompat.h"
 #include "placeteller.h"
 #include "reportlog.h"
 #include "shots.h"
@@ -83,8 +84,7 @@ void setUpScaling()
 #else
     QApplication::setHighDpiScaleFactorRoundingPolicy(Policy::Round);
 #endif
-    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    orvqt::enableHighDpi();
 }
 
 void setUpLooks()

@@ -51,7 +51,7 @@ QPixmap grabPage(MainWindow *window, PageView *view)
 QPixmap grabOver(MainWindow *window, QWidget *shown)
 {
     QPixmap picture = window->grab();
-    QPoint place = shown->mapToGlobal({}) - window->mapToGlobal({});
+    QPoint place = shown->mapToGlobal(QPoint()) - window->mapToGlobal(QPoint());
     if (!window->rect().contains(QRect(place, shown->size())))
         place = window->rect().center() - shown->rect().center();
     QPainter painter(&picture);

@@ -110,7 +110,7 @@ void TitleButton::drawGlyph(QPainter &painter) const
     }
 }
 
-void TitleButton::enterEvent(QEvent *event)
+void TitleButton::enterEvent(orvqt::EnterEvent *event)
 {
     update();
     QAbstractButton::enterEvent(event);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "orvqtcompat.h"
+
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QWidget>
 
@@ -18,7 +20,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void enterEvent(QEvent *event) override;
+    void enterEvent(orvqt::EnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
 
 private:

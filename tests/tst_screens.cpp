@@ -145,7 +145,7 @@ void tst_screens::centres()
     QFETCH(const QRect, available);
     QFETCH(const QSize, size);
     QFETCH(const QPoint, expected);
-    FakeScreens screens({});
+    FakeScreens screens;
     screens.add(QRect(-9000, -9000, 9000, 9000), available); // the first from the left
     QWidget widget;
     widget.resize(size);

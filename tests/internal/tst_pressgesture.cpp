@@ -205,7 +205,8 @@ const QVector<Row> &rowsThatLeaveTheEnd()
          }},
         {"context menu that nobody opens", Both,
          [](Scene &scene) {
-             QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5));
+             QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5),
+                                     scene.child->mapToGlobal(QPoint(5, 5)));
              QCoreApplication::sendEvent(scene.child, &event);
          }},
         {"sibling hidden", Both,

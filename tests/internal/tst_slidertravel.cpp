@@ -99,7 +99,7 @@ void tst_slidertravel::findsWhatTheLoopFinds()
     QVector<double> positions;
     for (int quarter = -40; quarter < 1000; ++quarter)
         positions << quarter / 4.0 << half + quarter / 4.0;
-    const int edges = int(qBound<qint64>(0, qint64(maximum) - minimum, 300));
+    const int edges = int(qBound(qint64(0), qint64(maximum) - minimum, qint64(300)));
     for (int i = -1; i <= edges; ++i)
         positions += around(travel, i);
     for (const double position : qAsConst(positions)) {

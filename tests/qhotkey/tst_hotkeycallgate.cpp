@@ -1,5 +1,6 @@
 #include "hotkeycallgate.h"
 #include "testmain.h"
+#include "waitingevents.h"
 
 #include <QtCore/QThread>
 #include <QtCore/QVector>
@@ -7,9 +8,6 @@
 
 #include <chrono>
 #include <future>
-
-// How many events wait in this thread; Qt exports it without a header.
-uint qGlobalPostedEventsCount();
 
 class tst_hotkeycallgate : public QObject
 {
@@ -67,7 +65,7 @@ void tst_hotkeycallgate::dyingGateReleasesTheCaller()
     bool done = false;
     const std::future<void> other(
         std::async(std::launch::async, [&] { answered = gate->call([&] { done = true; }); }));
-    while (qGlobalPostedEventsCount() == 0)
+    while (!eventsWait())
         QThread::yieldCurrentThread();
     delete gate;
     other.wait();

@@ -457,7 +457,7 @@ void tst_qhotkey_x11::hotkeyDiesWhileTheLoopIsBusy()
             return;
         busy = true;
         if (thread.wait_for(kLongerThanPatience) == std::future_status::ready)
-            QCoreApplication::quit();
+            QCoreApplication::exit();
     });
     timer.start(10);
     QCoreApplication::exec();

@@ -1,6 +1,7 @@
 #include "fakeregistry.h"
 #include "logcapture.h"
 #include "testmain.h"
+#include "waitingevents.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
@@ -63,9 +64,6 @@ void letEveryLoopEnd()
 }
 
 } // namespace
-
-// How many events wait in this thread; Qt exports it without a header.
-uint qGlobalPostedEventsCount();
 
 // Several threads and one registry, which lives in the test's own.
 class tst_qhotkeythreads : public QObject
@@ -279,7 +277,7 @@ void tst_qhotkeythreads::callsFailWhenTheRegistryGoes()
     bool done = true;
     const Worker worker(
         [&] { done = adds ? registry->addShortcut(&hotkey) : registry->removeShortcut(&hotkey); });
-    while (qGlobalPostedEventsCount() == 0)
+    while (!eventsWait())
         QThread::yieldCurrentThread();
     registry.reset(); // with the call in this thread's queue
     QVERIFY(worker.join());
@@ -314,7 +312,7 @@ void tst_qhotkeythreads::callersInsideAreAnsweredWhenTheLoopEnds()
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] {
         if (answered > 100)
-            QCoreApplication::quit();
+            QCoreApplication::exit();
     });
     timer.start(0);
     QCoreApplication::exec();
@@ -411,7 +409,7 @@ void tst_qhotkeythreads::callsAreAnsweredByTheNextLoop()
     connect(&timer, &QTimer::timeout, this, [&] {
         if (std::all_of(workers.cbegin(), workers.cend(),
                         [](const auto &worker) { return worker->isFinished(); }))
-            QCoreApplication::quit();
+            QCoreApplication::exit();
     });
     timer.start(0);
     QCoreApplication::exec();
@@ -445,7 +443,7 @@ void tst_qhotkeythreads::callsWaitForABusyLoop()
             });
             keepBusy(*worker);
         } else if (worker->isFinished()) {
-            isApplications ? QCoreApplication::quit() : dialogs.quit();
+            isApplications ? QCoreApplication::exit() : dialogs.quit();
         }
     });
     timer.start(0);
@@ -475,7 +473,7 @@ void tst_qhotkeythreads::slotOnAboutToQuitWaitsForACaller()
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] {
         if (answered > 10)
-            QCoreApplication::quit();
+            QCoreApplication::exit();
     });
     timer.start(0);
     QCoreApplication::exec();

@@ -336,7 +336,9 @@ void tst_orvresloader::themeValuesAreReadByQSettings_data()
     QTest::newRow("quoted semicolon") << QByteArray("a=\"x;y\"\n") << QStringLiteral("x;y");
     QTest::newRow("a list has no text") << QByteArray("a=rgb(1, 2, 3)\n") << QString();
     QTest::newRow("comment") << QByteArray("; a=2\na=1 ; one\n") << QStringLiteral("1");
-    QTest::newRow("Latin-1") << QByteArray("a=\xe9\n") << QString(QChar(0xe9));
+    // What QSettings takes an INI file for: Latin-1, or UTF-8 with Qt 6, where such a byte spoils the value.
+    QTest::newRow("Latin-1") << QByteArray("a=\xe9\n")
+                             << (QT_VERSION_MAJOR == 5 ? QString(QChar(0xe9)) : QString());
     QTest::newRow("escape") << QByteArray("a=\\x4e2d\n") << QString(QChar(0x4e2d));
     QTest::newRow("half a character is matched by nothing")
         << QByteArray("a=\\xd800 @b\nb=1\n") << QString(QChar(0xd800)) + QStringLiteral(" @b");

@@ -80,7 +80,7 @@ inline QRubberBand *rubberBand()
 {
     const QVector<QRubberBand *> bands = rubberBands();
     if (bands.size() != 1)
-        qFatal("There are %d rubber bands", bands.size());
+        qFatal("There are %d rubber bands", int(bands.size()));
     bands.constFirst()->setWindowFlag(Qt::FramelessWindowHint);
     return bands.constFirst();
 }

@@ -599,7 +599,7 @@ void tst_CommonPopupDialog::applicationQuits()
     const auto dialog = makeDialog();
     bool returned = false;
     InsideLoop::run([&] {
-        InsideLoop::run([] { QCoreApplication::quit(); });
+        InsideLoop::run([] { QCoreApplication::exit(); });
         QCOMPARE(dialog->exec(), CommonPopupDialog::NoResult);
         // While the application is quitting nothing blocks any more.
         QCOMPARE(dialog->exec(), CommonPopupDialog::NoResult);

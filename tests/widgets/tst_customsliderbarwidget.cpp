@@ -528,7 +528,7 @@ void tst_customsliderbarwidget::touchComesAsMouse()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     const QSignalSpy spy(&bar, &CustomSliderBarWidget::selectFinish);
-    QTouchDevice *device = QTest::createTouchDevice();
+    auto *device = QTest::createTouchDevice();
     QTest::touchEvent(&bar, device).press(0, QPoint(10, 6), &bar);
     QTest::touchEvent(&bar, device).move(0, QPoint(100, 6), &bar);
     QTRY_COMPARE(bar.getCurrentIndex(), 1);

@@ -301,7 +301,8 @@ void tst_Dialogs_x11::answersTheUpdate()
     QVERIFY(XPointer::showAndWait(dialog));
     XPointer::click(centreOf(buttonWith(dialog, button)));
     QTRY_VERIFY(!dialog);
-    QCOMPARE(QVector<int>({closed.count(), cancelled.count(), confirmed.count()}), signalCounts);
+    QCOMPARE(QVector<int>({int(closed.count()), int(cancelled.count()), int(confirmed.count())}),
+             signalCounts);
 }
 
 void tst_Dialogs_x11::opensTheLinkOutside()

@@ -119,7 +119,7 @@ private:
             // Whatever still blocks is ended by the end of its dialog.
             for (const Entry &entry : qAsConst(m_entries))
                 delete entry.dialog;
-            QCoreApplication::quit();
+            QCoreApplication::exit();
             return;
         }
         schedule();
@@ -336,7 +336,7 @@ private:
             break;
         case 12:
             if (oneIn(8))
-                QCoreApplication::quit();
+                QCoreApplication::exit();
             break;
         default:
             press(dialog);

@@ -282,7 +282,7 @@ void tst_PopupDlgWithMaskRuns::execWithPosAfterQuit()
     InsideLoop::run([&] {
         InsideLoop::run([&] {
             noteLoop();
-            QCoreApplication::quit();
+            QCoreApplication::exit();
         });
         QCOMPARE(dialog->execWithPos(pos), PopupDlgWithMask::NoResult);
     });
@@ -498,7 +498,7 @@ void tst_PopupDlgWithMaskRuns::applicationQuits()
     const auto dialog = makeMessage();
     bool returned = false;
     InsideLoop::run([&] {
-        InsideLoop::run([] { QCoreApplication::quit(); });
+        InsideLoop::run([] { QCoreApplication::exit(); });
         QCOMPARE(dialog->exec(), PopupDlgWithMask::NoResult);
         returned = true;
     });

@@ -606,7 +606,7 @@ void tst_TipsDlgWithCheckbox::applicationQuits()
     const std::unique_ptr<TipsDlgWithCheckbox> dialog(newTip());
     bool returned = false;
     InsideLoop::run([&] {
-        InsideLoop::run([] { QCoreApplication::quit(); });
+        InsideLoop::run([] { QCoreApplication::exit(); });
         dialog->exec();
         returned = true;
     });

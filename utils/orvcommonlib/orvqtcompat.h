@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QKeySequence>
 #include <QtGui/QMouseEvent>
 
@@ -14,6 +15,9 @@ using EnterEvent = QEvent;
 
 /// The number that QAbstractNativeEventFilter::nativeEventFilter() may answer with.
 using NativeResult = long;
+
+/// The seed that QHash hands to qHash().
+using HashSeed = uint;
 
 /// The ends of the scale of QFont::weight(), which is another one in each Qt.
 constexpr int kLightestFont = 0;
@@ -51,10 +55,19 @@ inline int firstCombination(const QKeySequence &sequence)
     return sequence[0];
 }
 
+/// Lets every screen have its own ratio, and icons as many pixels as it asks for; with Qt 6 they do so unasked. For a
+/// client's main(), before the application is created.
+inline void enableHighDpi()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
 #else
 
 using EnterEvent = QEnterEvent;
 using NativeResult = qintptr;
+using HashSeed = size_t;
 constexpr int kLightestFont = 1;
 constexpr int kHeaviestFont = 1000;
 
@@ -80,6 +93,8 @@ inline int firstCombination(const QKeySequence &sequence)
 {
     return sequence[0].toCombined();
 }
+
+inline void enableHighDpi() {}
 
 #endif
 

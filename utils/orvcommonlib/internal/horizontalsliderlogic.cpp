@@ -1,6 +1,7 @@
 #include "horizontalsliderlogic.h"
 
 #include "accessiblenotification.h"
+#include "bounded.h"
 #include "looksheets.h"
 #include "plainkey.h"
 #include "slidertravel.h"
@@ -142,7 +143,7 @@ bool HorizontalSliderLogic::pressKey(const QKeyEvent *event)
     default:
         return false;
     }
-    setValue(int(qBound(qint64(m_minimum), wanted, qint64(m_maximum))));
+    setValue(int(bounded<qint64>(m_minimum, wanted, m_maximum)));
     return true;
 }
 
@@ -188,7 +189,7 @@ bool HorizontalSliderLogic::updateValue()
 
 void HorizontalSliderLogic::moveHandle(double position)
 {
-    m_handlePosition = qBound(m_grooveRect.left(), position, m_grooveRect.right());
+    m_handlePosition = bounded(m_grooveRect.left(), position, m_grooveRect.right());
 }
 
 void HorizontalSliderLogic::layOut(const QRectF &grooveArea, double rangeLength)

@@ -1,5 +1,6 @@
 #include "skinpainter.h"
 
+#include "bounded.h"
 #include "lookpictures.h"
 
 #include <QtCore/QCache>
@@ -129,7 +130,7 @@ bool canBeSeen(const QRectF &target)
 // The pixel column next to an edge. The edge is brought inside first: the number of a far one would overflow.
 int column(qreal edge, int width)
 {
-    return qRound(qBound<qreal>(0, edge, width));
+    return qRound(bounded<qreal>(0, edge, width));
 }
 
 void prepare(QPainter *painter)
@@ -328,7 +329,7 @@ Seam seamAt(int edge, int width, const QRectF &place)
         return {edge, edge};
     const qreal scale = place.width() / width;
     const auto pixelFrom = [&](qreal column) {
-        return qBound(0, qCeil(place.left() + scale * column - 0.5), qCeil(place.right()));
+        return bounded(0, qCeil(place.left() + scale * column - 0.5), qCeil(place.right()));
     };
     return {pixelFrom(edge - 0.5), pixelFrom(edge + 0.5)};
 }

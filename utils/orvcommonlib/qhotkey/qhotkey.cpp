@@ -45,12 +45,12 @@ bool QHotkey::NativeShortcut::operator!=(const NativeShortcut &other) const
 
 uint qHash(const QHotkey::NativeShortcut &key)
 {
-    return qHash(key.key) ^ qHash(key.modifier);
+    return key.key ^ key.modifier;
 }
 
-uint qHash(const QHotkey::NativeShortcut &key, uint seed)
+uint qHash(const QHotkey::NativeShortcut &key, orvqt::HashSeed /*seed*/)
 {
-    return qHash(key.key, seed) ^ qHash(key.modifier, seed);
+    return qHash(key);
 }
 
 // QHotkey

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orvcommonlib_global.h"
+#include "orvqtcompat.h"
 
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QMetaType>
@@ -205,4 +206,4 @@ ORVCOMMONLIB_EXPORT uint qHash(const QHotkey::NativeShortcut &key);
 /// The same for every seed: the seed cancels itself out, deliberately.
 /// \param key the shortcut
 /// \param seed of no effect
-ORVCOMMONLIB_EXPORT uint qHash(const QHotkey::NativeShortcut &key, uint seed);
+ORVCOMMONLIB_EXPORT uint qHash(const QHotkey::NativeShortcut &key, orvqt::HashSeed seed);

@@ -136,7 +136,7 @@ QString OrvResourceLoader::load(const QString &fileName)
         qWarning() << QLatin1String("load [") + fileName + QLatin1String("] failed:") << file.errorString();
         return {};
     }
-    QString text = QString::fromUtf8(file.readAll());
+    QString text = QString::fromUtf8(file.readAll().constData()); // up to the first NUL
     file.close();
     return text;
 }

@@ -1,6 +1,7 @@
 #include "customsliderbarwidget.h"
 
 #include "accessiblenotification.h"
+#include "bounded.h"
 #include "focusmark.h"
 #include "looksheets.h"
 #include "looktable.h"
@@ -151,7 +152,7 @@ void CustomSliderBarWidget::focusOutEvent(QFocusEvent *event)
 
 void CustomSliderBarWidget::choose(qint64 wanted)
 {
-    const int index = int(qBound(qint64(0), wanted, qint64(m_count) - 1));
+    const int index = int(bounded<qint64>(0, wanted, qint64(m_count) - 1));
     if (index == m_currentIndex)
         return;
     setCurrenIndex(index);
@@ -198,7 +199,7 @@ qint64 CustomSliderBarWidget::fillX() const
 {
     if (!m_press->isUnderWay())
         return markX(m_currentIndex);
-    return qBound(area().left() + kKnobMargin, m_lastPosition.x(), area().right() - kKnobMargin);
+    return bounded(area().left() + kKnobMargin, m_lastPosition.x(), area().right() - kKnobMargin);
 }
 
 void CustomSliderBarWidget::paintEvent(QPaintEvent *)
@@ -209,7 +210,7 @@ void CustomSliderBarWidget::paintEvent(QPaintEvent *)
     painter.paintColored(
         QStringLiteral("background.svg"), area(), SkinPainter::pixelSize(area().size(), ratio),
         {0, std::trunc(double(fillX()) * ratio) + 1}, lookColor(QStringLiteral("stepsValue")));
-    const qint64 reached = qBound(qint64(0), qint64(m_currentIndex) + 1, qint64(m_count));
+    const qint64 reached = bounded<qint64>(0, qint64(m_currentIndex) + 1, m_count);
     paintMarks(&painter, QStringLiteral("item_active.svg"), 0, reached);
     paintMarks(&painter, QStringLiteral("item.svg"), reached, m_count);
     painter.paint(QStringLiteral("select.svg"), squareAt(fillX(), kKnobSide));

@@ -1,5 +1,6 @@
 #include "horizontalslider.h"
 
+#include "bounded.h"
 #include "focusmark.h"
 #include "horizontalsliderlogic.h"
 #include "looktable.h"
@@ -15,7 +16,7 @@ constexpr QSize kHandleSize(14, 14);
 QSize fixedSize(bool zeroFlag, int zeroSpacing, int zeroHeight)
 {
     const qint64 height = kHandleSize.height() + (zeroFlag ? qint64(zeroSpacing) + zeroHeight : 0);
-    return {kWidth, int(qBound(qint64(0), height, qint64(QWIDGETSIZE_MAX)))};
+    return {kWidth, int(bounded<qint64>(0, height, QWIDGETSIZE_MAX))};
 }
 
 } // namespace
