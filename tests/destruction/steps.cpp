@@ -1,6 +1,7 @@
 #include "steps.h"
 
 #include "basemovedialog.h"
+#include "hoverevent.h"
 #include "insideloop.h"
 
 #include <QtCore/QVariant>
@@ -68,7 +69,7 @@ QVector<Step> attention()
     };
     const auto hover = [](QEvent::Type type) {
         return step<QWidget>("hover",
-                             [=](QWidget *w) { send(w, QHoverEvent(type, QPointF(9, 9), QPointF(8, 8))); });
+                             [=](QWidget *w) { send(w, HoverEvent(type, QPointF(9, 9), QPointF(8, 8))); });
     };
     return {
         focus("focus", QEvent::FocusIn),

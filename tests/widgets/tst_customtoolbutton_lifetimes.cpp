@@ -175,8 +175,8 @@ void tst_CustomToolButton_Lifetimes::buttonDestroyedWhileAPanelOpens()
     m_button->setRightClickWidget(panel(), true);
     ButtonKiller killer(m_button, QEvent::Show);
     panel()->installEventFilter(&killer);
-    QMouseEvent event(QEvent::MouseButtonRelease, QPointF(5, 5), Qt::RightButton, Qt::NoButton,
-                      Qt::NoModifier);
+    QMouseEvent event(QEvent::MouseButtonRelease, QPointF(5, 5), m_button->mapToGlobal(QPoint(5, 5)),
+                      Qt::RightButton, Qt::NoButton, Qt::NoModifier);
     event.ignore();
     QCoreApplication::sendEvent(m_button, &event);
     QVERIFY(!m_button);

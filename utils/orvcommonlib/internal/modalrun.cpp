@@ -9,12 +9,15 @@ ModalRun *innermostRun = nullptr;
 
 } // namespace
 
-ModalRun::ModalRun(const QWidget *dialog, QEventLoop *&recordedLoop)
+ModalRun::ModalRun(QWidget *dialog, QEventLoop *&recordedLoop)
     : m_outer(innermostRun)
     , m_dialog(dialog)
     , m_recordedLoop(&recordedLoop)
 {
     innermostRun = this;
+    // With Qt 6 such a window counts as shown, and is not shown again.
+    if (!dialog->isHidden() && isHidden(dialog))
+        dialog->setAttribute(Qt::WA_WState_Hidden);
 }
 
 ModalRun::~ModalRun()
@@ -24,7 +27,7 @@ ModalRun::~ModalRun()
 
 void ModalRun::enter(QEventLoop &loop)
 {
-    if (!m_dialog || (m_wasHidden && m_dialog->isHidden()))
+    if (!m_dialog || (m_wasHidden && isHidden(m_dialog)))
         return;
     m_loop = &loop;
     loop.exec(QEventLoop::AllEvents);
@@ -48,6 +51,11 @@ void ModalRun::end(QEventLoop *&recordedLoop)
         return;
     recordedLoop->exit(0);
     recordedLoop = nullptr;
+}
+
+bool ModalRun::isHidden(const QWidget *dialog)
+{
+    return dialog->isHidden() || (dialog->isWindow() && !dialog->isVisible());
 }
 
 void ModalRun::dialogHidden(const QWidget *dialog, QEventLoop *&recordedLoop)

@@ -14,8 +14,9 @@ class QWidget;
 class ModalRun
 {
 public:
+    /// \param dialog the dialog, which is about to be shown
     /// \param recordedLoop where the dialog records the loop of its run; used only while the dialog lives
-    ModalRun(const QWidget *dialog, QEventLoop *&recordedLoop);
+    ModalRun(QWidget *dialog, QEventLoop *&recordedLoop);
     ~ModalRun();
     Q_DISABLE_COPY(ModalRun)
 
@@ -30,6 +31,10 @@ public:
     bool isDialogAlive() const { return m_dialog != nullptr; }
     /// The result that the dialog held when it was destroyed; 0 while it lives.
     qint32 lastResult() const { return m_lastResult; }
+
+    /// Whether the dialog is hidden, also where only its window is: to Qt 6 a dialog whose window was hidden natively
+    /// is not.
+    static bool isHidden(const QWidget *dialog);
 
     /// Tells the loop that a dialog has recorded to exit with code 0 and forgets it; nothing when none is
     /// recorded.

@@ -299,7 +299,7 @@ void PopupDlgWithMask::setVisible(bool visible)
 {
     const QPointer<PopupDlgWithMask> alive(this);
     BaseMoveDialog::setVisible(visible);
-    if (alive && isHidden() != visible) // a handler may have had it otherwise
+    if (alive && ModalRun::isHidden(this) != visible) // a handler may have had it otherwise
         followVisibility(visible);
 }
 
@@ -310,7 +310,7 @@ void PopupDlgWithMask::followVisibility(bool visible)
     if (!visible) {
         ModalRun::dialogHidden(this, m_eventLoop);
         releaseMask();
-    } else if (m_pageTimer && !isHidden()) {
+    } else if (m_pageTimer && !ModalRun::isHidden(this)) {
         m_pageTimer->start();
     }
 }
