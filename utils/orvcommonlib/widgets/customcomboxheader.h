@@ -14,7 +14,8 @@ class PressGesture;
 class QHBoxLayout;
 class QLabel;
 
-/// The part of a CustomShadowCombox that is always seen: the current text and an arrow. It reports clicks.
+/// The part of a CustomShadowCombox that is always seen: the current text, elided where it is too long, and an
+/// arrow. It reports clicks.
 ///
 /// Its object name is "CustomComboxHeader". A click is a left press and its release within
 /// `QApplication::startDragDistance()`; a press whose release cannot come, because the header is hidden or a
@@ -24,7 +25,7 @@ class QLabel;
 class ORVCOMMONLIB_EXPORT CustomComboxHeader : public QWidget
 {
     Q_OBJECT
-    /// The text that is shown.
+    /// The full text, also where it is shown elided.
     Q_PROPERTY(QString text READ text WRITE setText)
 
 public:
@@ -36,10 +37,10 @@ public:
     CustomComboxHeader(bool isSmallStyle, QWidget *parent);
     ~CustomComboxHeader() override;
 
-    /// \return the text that is shown
+    /// \return the full text, also where it is shown elided
     QString text() const;
     /// Sets the text.
-    /// \param text what the label shows
+    /// \param text what the header shows; rich text and several lines are not elided
     void setText(QString text);
     /// Sets the arrow.
     /// \param isUp the arrow up; otherwise the down arrow of the style

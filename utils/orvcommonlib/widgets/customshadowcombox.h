@@ -33,7 +33,10 @@ class ShadowPopupWidget;
 /// - a press outside, a deactivation with the pointer outside, a key press, `hidePopup()`, or a combo box or
 ///   window that is hidden or closed: the list hides, then `signalPopWidHideWhenClickOtherPos()` once;
 /// - a click on the header while the list is open: the list hides, nothing is emitted;
-/// - `setCurrentIndex()` emits nothing.
+/// - `setCurrentIndex()` emits nothing, nor does a change of the rows.
+///
+/// Rows may be changed, inserted and removed while the list is open, in a slot of these signals too: it stays at
+/// the header, also when its last row has gone.
 ///
 /// The combo box watches the application's events through a filter on the application object. It may be
 /// destroyed at any time, also by what is connected to its signals. GUI thread only.
