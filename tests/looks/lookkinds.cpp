@@ -16,6 +16,7 @@
 #include "orvupdatetipdlg.h"
 #include "popupdlgwithmask.h"
 #include "popuploadingdlgwithmask.h"
+#include "popupmessage.h"
 #include "tipsdlgwithcheckbox.h"
 
 #include <QtCore/QCoreApplication>
@@ -169,6 +170,22 @@ Made bidirectionSlider()
     return slider;
 }
 
+Made bidirectionSliderOfTheLook()
+{
+    auto slider = std::make_unique<CustomBidirectionSlider>();
+    slider->resize(200, 30);
+    slider->setValue(80);
+    return slider;
+}
+
+Made cardDialog()
+{
+    PopupMessage message;
+    message.title = message.content = kText;
+    message.useMask = message.modal = false;
+    return std::make_unique<PopupDlgWithMask>(message);
+}
+
 Made stepBar()
 {
     auto bar = std::make_unique<CustomSliderBarWidget>(nullptr);
@@ -219,6 +236,8 @@ const QVector<LookKind> &lookKinds()
         {"new slider", accentSlider, true},
         {"new slider, disabled", disabledSlider, true},
         {"bidirectional slider", bidirectionSlider, true},
+        {"bidirectional slider, made with a parent alone", bidirectionSliderOfTheLook, true},
+        {"message on the library's card", cardDialog, true},
         {"step bar", stepBar, true},
         {"tooltip", toolTip, true},
         {"titled dialog", popupDialog, false},

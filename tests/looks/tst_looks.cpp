@@ -1,4 +1,5 @@
 #include "basemovedialogwithbackimage.h"
+#include "custombidirectionslider.h"
 #include "customcomboxheader.h"
 #include "customizeiconbutton.h"
 #include "custompicturebtn.h"
@@ -10,6 +11,7 @@
 #include "orvlook.h"
 #include "popupdlgwithmask.h"
 #include "popuploadingdlgwithmask.h"
+#include "popupmessage.h"
 #include "testmain.h"
 #include "tipsdlgwithcheckbox.h"
 
@@ -111,6 +113,7 @@ private Q_SLOTS:
     void colorsOfTheClientStay();
     void sheetThatTheClientTookBack();
 
+    void cardOfMessages();
     void darkPictureOfTheClient();
     void picturesWithoutDarkOnesStay();
     void iconsOfTheClient();
@@ -387,6 +390,8 @@ void tst_Looks::colorsOfTheClientStay()
     HorizontalSlider slider;
     slider.setValue(80);
     slider.setValueColor(QColor(0xAB, 0xAD, 0xBF)); // the colour that it has anyhow
+    CustomBidirectionSlider line;
+    line.setLineColor(QColor(0x4B, 0x66, 0xEB)); // likewise
     NewHorizontalSlider other(QSize(206, 14), QSize(14, 14), false, nullptr);
     other.setValue(80);
     other.setValueColor(Qt::red);
@@ -397,6 +402,7 @@ void tst_Looks::colorsOfTheClientStay()
     button.setCustomText(QStringLiteral("text"), QRect(0, 0, 60, 20));
     const QImage picture = pictureOf(&button);
     OrvLook::setDark(true);
+    QCOMPARE(line.lineColor(), QColor(0x4B, 0x66, 0xEB));
     QCOMPARE(pictureOf(&slider).pixelColor(40, 7), QColor(0xAB, 0xAD, 0xBF));
     QCOMPARE(pictureOf(&other).pixelColor(40, 7), QColor(Qt::red));
     QCOMPARE(pictureOf(&button), picture);
@@ -416,6 +422,22 @@ void tst_Looks::sheetThatTheClientTookBack()
     QVERIFY(label->styleSheet() != light);
     OrvLook::setDark(false);
     QCOMPARE(label->styleSheet(), light);
+}
+
+void tst_Looks::cardOfMessages()
+{
+    const auto wearsDarkCard = [](const PopupDlgWithMask &dialog) {
+        return !sheetsOf(dialog)
+                    .filter(QStringLiteral(":/orvcommonlib/pictures/message_bg_dark.png"))
+                    .isEmpty();
+    };
+    PopupDlgWithMask before{PopupMessage()};
+    QVERIFY(!wearsDarkCard(before));
+    OrvLook::setDark(true);
+    QVERIFY(wearsDarkCard(before));
+    QVERIFY(wearsDarkCard(PopupDlgWithMask{PopupMessage()}));
+    OrvLook::setDark(false);
+    QVERIFY(!wearsDarkCard(before));
 }
 
 void tst_Looks::darkPictureOfTheClient()

@@ -19,7 +19,6 @@ const char kStyleSheet[] =
 
 constexpr int kDefaultLineWidth = 6;
 constexpr int kDefaultHandleWidth = 24;
-constexpr QRgb kDefaultLineColor = 0xFF4B66EB;
 constexpr int kHandleHeight = 24; // in the style sheet
 constexpr int kTickHeight = 4;
 constexpr int kWidestPen = 32767; // Qt warns about wider ones
@@ -50,8 +49,9 @@ void drawLine(QPainter *painter, const QLine &line, int width, const QColor &col
 } // namespace
 
 CustomBidirectionSlider::CustomBidirectionSlider(QWidget *parent)
-    : CustomBidirectionSlider(kDefaultLineWidth, kDefaultHandleWidth, QColor(kDefaultLineColor), parent)
+    : CustomBidirectionSlider(kDefaultLineWidth, kDefaultHandleWidth, QColor(), parent)
 {
+    m_hasOwnColor = false;
 }
 
 CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth, QColor lineColor,
@@ -86,10 +86,16 @@ void CustomBidirectionSlider::setHandleWidth(int width)
 
 void CustomBidirectionSlider::setLineColor(const QColor &color)
 {
-    if (color == m_lineColor)
+    if (m_hasOwnColor && color == m_lineColor)
         return;
     m_lineColor = color;
+    m_hasOwnColor = true;
     update();
+}
+
+QColor CustomBidirectionSlider::lineColor() const
+{
+    return m_hasOwnColor ? m_lineColor : lookColor(QStringLiteral("accentValue"));
 }
 
 void CustomBidirectionSlider::enableWheel(bool enable)
@@ -153,7 +159,7 @@ void CustomBidirectionSlider::paintEvent(QPaintEvent *event)
     // A line that would have to run away from the handle is none.
     if (value() > middle() ? end > center : end < center)
         drawLine(&painter, QLine(end, height() / 2, center, height() / 2), qBound(0, m_lineWidth, kWidestPen),
-                 m_lineColor);
+                 lineColor());
 }
 
 void CustomBidirectionSlider::wheelEvent(QWheelEvent *event)

@@ -25,7 +25,8 @@ class ORVCOMMONLIB_EXPORT CustomBidirectionSlider : public QSlider
     Q_PROPERTY(bool wheelEnabled READ isWheelEnabled WRITE setWheelEnabled)
 
 public:
-    /// With a line of 6 pixels in "#4B66EB", for a handle of 24, as the style sheet makes it.
+    /// With a line of 6 pixels in the colour of the look in force, "#4B66EB" in the light one (see OrvLook), for a handle
+    /// of 24, as the style sheet makes it.
     /// \param parent the parent widget, or null
     explicit CustomBidirectionSlider(QWidget *parent = nullptr);
     /// \param lineWidth   the thickness of the coloured line in pixels, 0 for a hairline
@@ -44,7 +45,7 @@ public:
     /// \param width how wide the handle is taken to be; it does not change the handle itself
     void setHandleWidth(int width);
     /// \return the colour of the line
-    QColor lineColor() const { return m_lineColor; }
+    QColor lineColor() const;
     /// \param color the colour of the line
     void setLineColor(const QColor &color);
 
@@ -77,4 +78,5 @@ private:
     int m_handleWidth;
     QColor m_lineColor;
     bool m_wheelEnabled = false;
+    bool m_hasOwnColor = true; // not the look's
 };
