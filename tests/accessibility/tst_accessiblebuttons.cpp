@@ -29,6 +29,22 @@ std::unique_ptr<CustomizeIconButton> newIconButton()
     return std::make_unique<CustomizeIconButton>(QSize(20, 20), QStringLiteral("Add"), 4, nullptr, true);
 }
 
+// Counts how often it opens, and closes again by itself.
+class PassingMenu : public QMenu
+{
+public:
+    PassingMenu()
+    {
+        addAction(QStringLiteral("Entry"));
+        connect(this, &QMenu::aboutToShow, this, [this] {
+            ++opened;
+            QMetaObject::invokeMethod(this, &QMenu::close, Qt::QueuedConnection);
+        });
+    }
+
+    int opened = 0;
+};
+
 // Everything that Qt tells of a button, as text.
 QStringList told(QAbstractButton *button)
 {
@@ -164,22 +180,16 @@ void tst_AccessibleButtons::pictureButtonActsLikeAPushButton()
 void tst_AccessibleButtons::pictureButtonOpensItsMenu()
 {
     CustomPictureBtn button(QStringLiteral("Record"), nullptr);
-    QMenu menu;
-    menu.addAction(QStringLiteral("Entry"));
+    PassingMenu menu;
     button.setMenu(&menu);
     button.show();
-    int opened = 0;
-    connect(&menu, &QMenu::aboutToShow, &menu, [&] {
-        ++opened;
-        QMetaObject::invokeMethod(&menu, &QMenu::close, Qt::QueuedConnection);
-    });
     act(&button, showMenuAction());
-    QCOMPARE(opened, 1);
+    QCOMPARE(menu.opened, 1);
     act(&button, pressAction());
-    QCOMPARE(opened, 2);
+    QCOMPARE(menu.opened, 2);
     button.setEnabled(false);
     act(&button, showMenuAction());
-    QCOMPARE(opened, 2);
+    QCOMPARE(menu.opened, 2);
 }
 
 void tst_AccessibleButtons::pictureButtonIsCalledByItsOwnText()
@@ -282,17 +292,11 @@ void tst_AccessibleButtons::toolButtonOpensTheRightClickPanel()
 void tst_AccessibleButtons::toolButtonOpensItsMenuWithoutAPanel()
 {
     CustomToolButton button(false, nullptr, Bottom);
-    QMenu menu;
-    menu.addAction(QStringLiteral("Entry"));
+    PassingMenu menu;
     button.setMenu(&menu);
     button.show();
-    int opened = 0;
-    connect(&menu, &QMenu::aboutToShow, &menu, [&] {
-        ++opened;
-        QMetaObject::invokeMethod(&menu, &QMenu::close, Qt::QueuedConnection);
-    });
     act(&button, showMenuAction());
-    QCOMPARE(opened, 1);
+    QCOMPARE(menu.opened, 1);
 }
 
 void tst_AccessibleButtons::iconButton()

@@ -11,9 +11,9 @@
 ///
 /// What a piece looks like is kept by what its file contains, as one image for each size in pixels of the
 /// device and each place within the pixel. Drawing the images differs from drawing the shapes by what rounding
-/// makes of it: one level of 255 in a channel, two where the skin is translucent; pieces of which the image would
-/// differ by more, and those that an edge cuts off, are drawn as shapes. Which contents lie at a path
-/// is remembered until forgetFiles() is called: looking that up takes longer than painting the piece. All
+/// makes of it: one level of 255 in a channel, two where the skin is translucent. Pieces of which the image would
+/// differ by more, and those of which an edge cuts off more than a pixel, are drawn as shapes. Which contents lie
+/// at a path is remembered until forgetFiles() is called: looking that up takes longer than painting the piece. All
 /// stores are bounded and shared.
 ///
 /// A file that does not exist, cannot be read or is no SVG document paints nothing and logs nothing; a missing
