@@ -31,6 +31,15 @@ Widget *resized(Widget *widget)
     return widget;
 }
 
+/// Makes a painted control answer keys, and show that it has the focus.
+QVector<Step> focused()
+{
+    return {step<QWidget>("focus policy", [](QWidget *widget) { widget->setFocusPolicy(Qt::StrongFocus); }),
+            step<QWidget>("focus by a key", [](QWidget *widget) {
+                send(widget, QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason));
+            })};
+}
+
 QVector<Step> checking()
 {
     return {step<QAbstractButton>("checkable", [](QAbstractButton *button) { button->setCheckable(true); }),
@@ -137,6 +146,13 @@ QVector<Step> shadowComboLife()
                       step<Combo>("add", [](Combo *combo) { combo->slotAddOneLiveOption(); }),
                       step<Combo>("delete", [](Combo *combo) { combo->slotDeleteOneLiveOption(0); }),
                       step<Combo>("current", [](Combo *combo) { combo->setCurrentIndex(0); })} +
+        focused() +
+        QVector<Step>{
+            key(Qt::Key_End), key(Qt::Key_Space), turn(), key(Qt::Key_Space), key(Qt::Key_Space), turn(),
+            step<Combo>("key in the list",
+                        [](Combo *combo) {
+                            send(combo->popup(), QKeyEvent(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier));
+                        })} +
         opening);
 }
 
@@ -194,7 +210,8 @@ template<typename Slider>
 QVector<Step> paintedSliderLife()
 {
     return life(draggingAHandle() +
-                QVector<Step>{step<Slider>("value", [](Slider *slider) { slider->setValue(3); })});
+                QVector<Step>{step<Slider>("value", [](Slider *slider) { slider->setValue(3); })} +
+                focused() + QVector<Step>{key(Qt::Key_Right), key(Qt::Key_End)});
 }
 
 } // namespace
@@ -209,7 +226,7 @@ QVector<Kind> buttonKinds()
          [](Surroundings &in) { return resized(new CustomPictureBtn(in.parent)); },
          life(checking()),
          {}},
-        {"CustomizeIconButton", newIconButton, life({}), {}},
+        {"CustomizeIconButton", newIconButton, life(focused() + QVector<Step>{key(Qt::Key_Space)}), {}},
         {"CustomToolButton", &newToolButton, toolButtonLife(), &panelsOf},
     };
 }
@@ -273,7 +290,10 @@ QVector<Kind> sliderKinds()
          sliderLife(),
          {}},
         {"CustomBidirectionSlider", newBidirection, sliderLife(), {}},
-        {"CustomSliderBarWidget", newBar, life(draggingAHandle() + QVector<Step>{index}), {}},
+        {"CustomSliderBarWidget",
+         newBar,
+         life(draggingAHandle() + QVector<Step>{index} + focused() + QVector<Step>{key(Qt::Key_End)}),
+         {}},
     };
 }
 

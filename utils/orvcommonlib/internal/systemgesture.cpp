@@ -25,10 +25,9 @@ void SystemGesture::begin()
 
 void SystemGesture::end()
 {
-    if (!m_window)
-        return;
     m_widget->removeEventFilter(this);
-    m_window->removeEventFilter(this);
+    if (m_window)
+        m_window->removeEventFilter(this);
     m_window = nullptr;
 }
 
@@ -39,7 +38,7 @@ bool SystemGesture::eventFilter(QObject *receiver, QEvent *event)
     if (isOver(receiver, event)) {
         end();
         announcement = m_ended;
-    } else if (receiver == m_widget && event->type() == QEvent::Move) {
+    } else if (isUnderWay() && receiver == m_widget && event->type() == QEvent::Move) {
         announcement = m_moved;
     }
     if (announcement)
