@@ -271,7 +271,7 @@ QImage ground(const QSize &size, bool isWhite)
     for (int y = 0; y < size.height(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (int x = 0; x < size.width(); ++x)
-            line[x] = 0xff000000U | (isWhite ? 0xffffffU : uint(x * 0x3b95c1 + y * 0x1d6f53));
+            line[x] = 0xff000000U | (isWhite ? 0xffffffU : uint(x) * 0x3b95c1U + uint(y) * 0x1d6f53U);
     }
     return image;
 }
