@@ -20,7 +20,9 @@
 #include "tipsdlgwithcheckbox.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtGui/QMovie>
 #include <QtGui/QPainter>
+#include <QtWidgets/QLabel>
 
 namespace {
 
@@ -60,7 +62,10 @@ Made updateDialog()
 
 Made loadingDialog()
 {
-    return std::make_unique<PopupLoadingDlgWithMask>(QSize(200, 160), QSize(96, 100), kText, nullptr);
+    auto dialog = std::make_unique<PopupLoadingDlgWithMask>(QSize(200, 160), QSize(96, 100), kText, nullptr);
+    auto *label = dialog->findChild<QLabel *>();
+    label->movie()->setParent(label); // is left to the client
+    return dialog;
 }
 
 Made plainDialog()

@@ -14,6 +14,7 @@
 #include <QtCore/QHash>
 #include <QtCore/QTextStream>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QMovie>
 #include <QtGui/QPainter>
 #include <QtTest/QTest>
 #include <QtWidgets/QCheckBox>
@@ -153,6 +154,15 @@ std::unique_ptr<QWidget> updateDialog()
     return dialog;
 }
 
+std::unique_ptr<QWidget> loadingDialog()
+{
+    auto dialog =
+        std::make_unique<PopupLoadingDlgWithMask>(QSize(200, 160), QSize(96, 103), str("caption"), nullptr);
+    auto *label = dialog->findChild<QLabel *>();
+    label->movie()->setParent(label); // is left to the client
+    return dialog;
+}
+
 std::unique_ptr<QWidget> comboBox()
 {
     auto combo = std::make_unique<CustomShadowCombox>(nullptr);
@@ -242,8 +252,7 @@ std::unique_ptr<QWidget> made(const QString &kind, const QString &text)
     if (kind == QLatin1String("update"))
         return updateDialog();
     if (kind == QLatin1String("loading"))
-        return std::make_unique<PopupLoadingDlgWithMask>(QSize(200, 160), QSize(96, 103), str("caption"),
-                                                         nullptr);
+        return loadingDialog();
     if (kind == QLatin1String("combo box"))
         return comboBox();
     if (kind == QLatin1String("header"))

@@ -495,12 +495,14 @@ void tst_Looks::movie()
     dialog.setAttribute(Qt::WA_DeleteOnClose, false);
     auto *label = dialog.findChild<QLabel *>();
     const QPointer<QMovie> light = label->movie();
+    light->setParent(label);
     dialog.show();
     QCOMPARE(light->state(), QMovie::Running);
     OrvLook::setDark(true);
     QVERIFY(!light);
     QVERIFY(label->movie()->fileName().endsWith(QLatin1String("connecting_dark.gif")));
     QCOMPARE(label->movie()->state(), QMovie::Running);
+    QCOMPARE(label->movie()->parent(), label);
     QMovie own(QStringLiteral(":/surface/resources/surface/live/connecting.gif"));
     label->setMovie(&own);
     OrvLook::setDark(false);

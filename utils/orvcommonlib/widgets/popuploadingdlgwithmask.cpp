@@ -102,6 +102,7 @@ void PopupLoadingDlgWithMask::followLook()
         return;
     const std::unique_ptr<QMovie> former(m_movie);
     setMovie(moviePath());
+    m_movie->setParent(former->parent());
     if (former->state() == QMovie::Running)
         m_movie->start();
 }
