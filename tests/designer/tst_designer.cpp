@@ -48,7 +48,8 @@ QStringList tokens(const QString &text)
         reader.readNext();
         if (reader.isStartElement()) {
             QString element = QLatin1Char('<') + reader.name().toString();
-            for (const QXmlStreamAttribute &attribute : reader.attributes())
+            const QXmlStreamAttributes attributes = reader.attributes();
+            for (const QXmlStreamAttribute &attribute : attributes)
                 element += QLatin1Char(' ') + attribute.name() + QLatin1Char('=') + attribute.value();
             result << element;
         } else if (reader.isEndElement()) {
@@ -300,7 +301,8 @@ void tst_designer::iconsAreNotScaled()
 
 void tst_designer::theFormHasEveryProperty()
 {
-    for (const Widget &widget : widgetsOf(form())) {
+    const QVector<Widget> widgets = widgetsOf(form());
+    for (const Widget &widget : widgets) {
         const int index = kControls.indexOf(widget.className);
         QVERIFY(index >= 0);
         const std::unique_ptr<QWidget> made(m_controls.at(index)->createWidget(nullptr));
@@ -361,7 +363,7 @@ void tst_designer::designerPlacesEachControl()
     const QDesignerCustomWidgetInterface *control = m_controls.at(index);
     QString text = control->domXml();
     text.replace(QLatin1String("<widget "),
-                 QLatin1String("<class>Form</class><widget class=\"QWidget\" name=\"Form\"><widget "));
+                 QLatin1String(R"(<class>Form</class><widget class="QWidget" name="Form"><widget )"));
     text.replace(QLatin1String("</widget>"), QLatin1String("</widget></widget>"));
     text.replace(QLatin1String("<ui "), QLatin1String("<ui version=\"4.0\" "));
     const QString saved = m_designer->saved(text);

@@ -18,7 +18,8 @@ void tst_designer_package::loads()
     const auto *collection = qobject_cast<QDesignerCustomWidgetCollectionInterface *>(loader.instance());
     QVERIFY2(collection, qPrintable(loader.errorString()));
     QCOMPARE(collection->customWidgets().size(), 14);
-    for (QDesignerCustomWidgetInterface *control : collection->customWidgets()) {
+    const QList<QDesignerCustomWidgetInterface *> controls = collection->customWidgets();
+    for (QDesignerCustomWidgetInterface *control : controls) {
         const std::unique_ptr<QWidget> made(control->createWidget(nullptr));
         QVERIFY(made);
     }

@@ -23,6 +23,7 @@
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QSpinBox>
+#include <QtWidgets/QVBoxLayout>
 
 namespace {
 
@@ -49,7 +50,8 @@ struct Page
     template<typename Editor>
     Editor *editor(const QString &name) const
     {
-        for (auto *one : content.findChildren<Editor *>()) {
+        const QList<Editor *> editors = content.findChildren<Editor *>();
+        for (Editor *one : editors) {
             if (one->accessibleName() == name)
                 return one;
         }
@@ -67,7 +69,8 @@ QStringList told(const QSignalSpy &arrived)
 {
     QStringList texts;
     for (const QList<QVariant> &delivery : arrived) {
-        for (const ReportLine &line : delivery.first().value<QVector<ReportLine>>())
+        const auto lines = delivery.first().value<QVector<ReportLine>>();
+        for (const ReportLine &line : lines)
             texts << line.text;
     }
     return texts;

@@ -174,7 +174,8 @@ QObject *makeMasked(QWidget *parent)
 QObject *makeLoading(QWidget *parent)
 {
     auto *dialog = new PopupLoadingDlgWithMask(QSize(300, 240), QSize(100, 100), QString(), parent);
-    for (const QLabel *label : dialog->findChildren<QLabel *>()) {
+    const QList<QLabel *> labels = dialog->findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
         if (label->movie())
             label->movie()->setParent(dialog); // which the dialog leaves to the process
     }
@@ -499,7 +500,8 @@ void tst_properties::writingWhatWasReadChangesNothing()
     auto *const widget = qobject_cast<QWidget *>(object.get());
     const auto looks = [widget] {
         QStringList sheets;
-        for (const QWidget *one : QWidgetList{widget} + widget->findChildren<QWidget *>())
+        const QWidgetList widgets = QWidgetList{widget} + widget->findChildren<QWidget *>();
+        for (const QWidget *one : widgets)
             sheets << one->styleSheet();
         return std::make_pair(widget->grab().toImage(), sheets);
     };
