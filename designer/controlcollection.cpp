@@ -71,8 +71,9 @@ constexpr ControlDescription kControls[] = {
      "small one.",
      QSize(260, 48), "", &make<CustomShadowCombox>},
     {"CustomComboxHeader", "QWidget", "comboBoxHeader",
-     "The part of a CustomShadowCombox that is always seen: the current text and an arrow.", QSize(260, 48),
-     "<property name=\"text\"><string>Header</string></property>", &make<CustomComboxHeader>},
+     "The part of a CustomShadowCombox that is always seen: the current text, elided where it is too long, "
+     "and an arrow.",
+     QSize(260, 48), "<property name=\"text\"><string>Header</string></property>", &make<CustomComboxHeader>},
     {"customcombox", "QComboBox", "plainComboBox",
      "A combo box that looks editable but is not: its text can be styled and sized like a line edit, and a "
      "left "
