@@ -10,7 +10,8 @@ class QObject;
 /// The gallery's own style sheet and colours, which go with the library's look: theme.ini in a light one,
 /// theme-dark.ini in a dark one.
 
-/// Styles the application, now and whenever the look changes. The look is dark at first where the desktop's colours are.
+/// Styles the application, now and whenever the look changes. The look is dark at first where the desktop's
+/// colours are.
 void setUpGalleryStyle();
 
 /// A colour of the gallery's theme by its name there.

@@ -29,8 +29,8 @@ private:
     Glyph m_glyph;
 };
 
-/// The strip at the top of the main window: its name, the switch of the look and the three buttons. A press beside the buttons goes
-/// on to the window, which drags itself by it.
+/// The strip at the top of the main window: its name, the switch of the look and the three buttons. A press
+/// beside the buttons goes on to the window, which drags itself by it.
 class TitleBar : public QWidget
 {
     Q_OBJECT

@@ -2,8 +2,8 @@
 
 #include <QtCore/QString>
 
-/// Pictures in two looks. A dark one stands beside the light one, which every sheet and class names: among the library's
-/// own in a folder of their own, among the client's as "name_dark.suffix".
+/// Pictures in two looks. A dark one stands beside the light one, which every sheet and class names: among
+/// the library's own in a folder of their own, among the client's as "name_dark.suffix".
 namespace LookPictures {
 
 /// Where the picture of the look in force lies: the dark one in a dark look, if there is any at the moment.

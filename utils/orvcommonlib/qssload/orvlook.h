@@ -7,23 +7,25 @@
 #include <QtCore/QStringList>
 #include <QtGui/QColor>
 
-/// The colours of the library's widgets, by name, for the whole process: the light look, the dark one, or a theme of the
-/// client's own.
+/// The colours of the library's widgets, by name, for the whole process: the light look, the dark one, or a
+/// theme of the client's own.
 ///
-/// Every colour that the library's style sheets and painting use has a name, see names(), and a value that comes from a
-/// theme, a file in the format of OrvResourceLoader. The library carries two: ":/orvcommonlib/themes/light.ini", which
-/// is in force at first, and ":/orvcommonlib/themes/dark.ini".
+/// Every colour that the library's style sheets and painting use has a name, see names(), and a value that
+/// comes from a theme, a file in the format of OrvResourceLoader. The library carries two:
+/// ":/orvcommonlib/themes/light.ini", which is in force at first, and ":/orvcommonlib/themes/dark.ini".
 ///
-/// A change reaches all widgets at once: those on the screen, hidden ones, open lists, dialogs in their exec(), and all
-/// that are made later. Each is repainted by the next turn of the event loop. A style sheet that a client has set on a
-/// widget of the library stays as it is, and so do colours, pictures and skins that a client has given. The style
-/// sheets that the library makes itself are the same, to the letter, whenever the same theme is in force.
+/// A change reaches all widgets at once: those on the screen, hidden ones, open lists, dialogs in their
+/// exec(), and all that are made later. Each is repainted by the next turn of the event loop. A style sheet
+/// that a client has set on a widget of the library stays as it is, and so do colours, pictures and skins
+/// that a client has given. The style sheets that the library makes itself are the same, to the letter,
+/// whenever the same theme is in force.
 ///
-/// Of the pictures that the library's style sheets and dialogs name, a dark look shows the one whose name ends in
-/// "_dark" (":/icons/close_dark.png" for ":/icons/close.png"), where there is one.
+/// Of the pictures that the library's style sheets and dialogs name, the client's included, a dark look shows
+/// the one whose name ends in "_dark" (":/icons/close_dark.png" for ":/icons/close.png"), where there is one.
 ///
-/// All members are to be called in the thread of the application object, the GUI thread. In any other thread they change
-/// nothing, log a warning and return `false`, an invalid colour or an empty list; only instance() answers everywhere.
+/// All members are to be called in the thread of the application object, the GUI thread. In any other thread
+/// they change nothing, log a warning and return `false`, an invalid colour or an empty list; only instance()
+/// answers everywhere.
 class ORVCOMMONLIB_EXPORT OrvLook : public QObject
 {
     Q_OBJECT

@@ -10,10 +10,10 @@
 /// image is the one whose name ends in "_dark" if there is one, see OrvLook.
 ///
 /// The background is translucent. It is sliced from the image file when it is painted for the first time and
-/// after each change of size or look, never in between: a file that changes meanwhile is not noticed by this dialog,
-/// only by the next one. Dialogs that show the same image in the same size share the picture, within the limit
-/// of QPixmapCache. A file that is missing leaves the background transparent. Style sheets do not paint this
-/// dialog.
+/// after each change of size or look, never in between: a file that changes meanwhile is not noticed by this
+/// dialog, only by the next one. Dialogs that show the same image in the same size share the picture, within the
+/// limit of QPixmapCache. A file that is missing leaves the background transparent. Style sheets do not paint
+/// this dialog.
 class ORVCOMMONLIB_EXPORT BaseMoveDialogWithBackImage : public BaseMoveDialog
 {
     Q_OBJECT

@@ -25,8 +25,8 @@ class ORVCOMMONLIB_EXPORT CustomBidirectionSlider : public QSlider
     Q_PROPERTY(bool wheelEnabled READ isWheelEnabled WRITE setWheelEnabled)
 
 public:
-    /// With a line of 6 pixels in the colour of the look in force, "#4B66EB" in the light one (see OrvLook), for a handle
-    /// of 24, as the style sheet makes it.
+    /// With a line of 6 pixels in the colour of the look in force, "#4B66EB" in the light one (see OrvLook),
+    /// for a handle of 24, as the style sheet makes it.
     /// \param parent the parent widget, or null
     explicit CustomBidirectionSlider(QWidget *parent = nullptr);
     /// \param lineWidth   the thickness of the coloured line in pixels, 0 for a hairline
