@@ -71,8 +71,8 @@ function(orv_add_qmake_test name prefix fixture)
 endfunction()
 orv_add_qmake_test(package_qmake ${package} package)
 
-# The static library is a build of its own.
-if(NOT ORV_SANITIZERS AND NOT CMAKE_CROSSCOMPILING AND ORV_LIBRARY_TYPE STREQUAL SHARED)
+# The static library is a build of its own, which is made and used where packages are.
+if(ORV_HARDENING AND NOT CMAKE_CROSSCOMPILING AND ORV_LIBRARY_TYPE STREQUAL SHARED)
     set(static_package ${PROJECT_BINARY_DIR}/install-test-static)
     add_test(NAME package_static_install COMMAND ${CMAKE_CTEST_COMMAND}
         --build-and-test ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/consumers/static
@@ -104,9 +104,11 @@ if(NOT ORV_SANITIZERS)
     find_program(ORV_CLANG clang++)
     mark_as_advanced(ORV_CLANG)
     if(ORV_CLANG AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT CMAKE_CROSSCOMPILING)
-        orv_add_consumer_test(package_headers_clang consumer/headers OPTIONS -DCMAKE_CXX_COMPILER=${ORV_CLANG})
+        orv_add_consumer_test(package_headers_clang consumer/headers
+            OPTIONS -DCMAKE_CXX_COMPILER=${ORV_CLANG} -DHEADERS_TOGETHER=ON)
         # What Microsoft's compiler takes, as far as clang can tell on another system, with the libraries of that one.
-        orv_add_consumer_test(package_headers_msvc consumer/headers OPTIONS -DCMAKE_CXX_COMPILER=${ORV_CLANG}
+        orv_add_consumer_test(package_headers_msvc consumer/headers
+            OPTIONS -DCMAKE_CXX_COMPILER=${ORV_CLANG} -DHEADERS_TOGETHER=ON
             "-DCMAKE_CXX_FLAGS=-fms-compatibility -fms-compatibility-version=19.30 -fms-extensions \
 -fdelayed-template-parsing -U_MSC_VER -fgnuc-version=4.2.1 -D__STRICT_ANSI__")
     endif()
