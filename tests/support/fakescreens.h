@@ -35,6 +35,9 @@ public:
     QImage::Format format() const override { return QImage::Format_RGB32; }
     QDpi logicalDpi() const override { return {kDpi * m_ratio, kDpi * m_ratio}; }
     QDpi logicalBaseDpi() const override { return {kDpi, kDpi}; }
+    /// All that are one desktop with this one: a window may be moved from one to the other.
+    QList<QPlatformScreen *> virtualSiblings() const override { return m_siblings; }
+    void setSiblings(const QList<QPlatformScreen *> &siblings) { m_siblings = siblings; }
 
     void change(const QRect &geometry, const QRect &available, qreal ratio)
     {
@@ -52,6 +55,7 @@ private:
     QRect m_geometry;
     QRect m_available;
     qreal m_ratio;
+    QList<QPlatformScreen *> m_siblings{this};
 };
 
 /// Adds screens to the desktop for as long as it lives. They are named "0", "1" and so on, in the order in
@@ -78,6 +82,7 @@ public:
     {
         auto *screen = new FakeScreen(QString::number(m_added++), geometry, available, ratio);
         m_screens.append(screen);
+        introduce();
         QWindowSystemInterface::handleScreenAdded(screen);
         return screen->screen();
     }
@@ -109,17 +114,25 @@ public:
     void remove(int index)
     {
         FakeScreen *const gone = m_screens.takeAt(index);
-        QScreen *refuge = QGuiApplication::primaryScreen();
-        if (refuge == gone->screen())
-            refuge = QGuiApplication::screens().constLast();
+        if (QGuiApplication::primaryScreen() == gone->screen() && !m_screens.isEmpty())
+            makePrimary(0);
+        const QScreen *refuge = QGuiApplication::primaryScreen();
         const QVector<QWindow *> windows = windowsOn(gone->screen());
         for (QWindow *window : windows)
             window->setPosition(refuge->availableGeometry().topLeft());
         QCoreApplication::processEvents();
+        introduce();
         QWindowSystemInterface::handleScreenRemoved(gone);
     }
 
 private:
+    void introduce()
+    {
+        const QList<QPlatformScreen *> siblings(m_screens.cbegin(), m_screens.cend());
+        for (FakeScreen *screen : qAsConst(m_screens))
+            screen->setSiblings(siblings);
+    }
+
     static QVector<QWindow *> windowsOn(const QScreen *screen)
     {
         QVector<QWindow *> windows;
@@ -135,7 +148,7 @@ private:
 };
 
 /// Tells each window of the application that it is on the screen on which its middle lies, as a platform with several
-/// screens does and the offscreen one does not. A window keeps its size in device-independent pixels.
+/// screens does and the offscreen one does not.
 class WindowsFollowScreens : public QObject
 {
 public:
@@ -161,10 +174,8 @@ private:
             if (screen == window->screen() || !screen->handle()->geometry().contains(middle))
                 continue;
             m_following = true;
-            const QSize size = window->size();
             QWindowSystemInterface::handleWindowScreenChanged<QWindowSystemInterface::SynchronousDelivery>(
                 window, screen);
-            window->resize(size);
             m_following = false;
         }
     }
