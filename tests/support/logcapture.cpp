@@ -22,10 +22,14 @@ LogLine::LogLine(QtMsgType lineType, const QMessageLogContext &context, const QS
 {
 }
 
+// The platform plugin of Windows tells what is no fault of anybody: that the system has destroyed an open list together
+// with the window that owns it, and that a window resized itself while it was being placed.
 bool LogLine::isQtWarning() const
 {
     return (type == QtWarningMsg || type == QtCriticalMsg) && file.isEmpty() &&
            !category.startsWith(QLatin1String("qt.qpa")) &&
+           !text.startsWith(QLatin1String("External WM_DESTROY received for")) &&
+           !text.startsWith(QLatin1String("setGeometry: Unable to set geometry")) &&
            !text.startsWith(QLatin1String("This plugin does not support")) &&
            !text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"));
 }

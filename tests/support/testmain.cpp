@@ -20,18 +20,9 @@ std::atomic<int> warningsElsewhere{0};
 QMutex expectationsMutex;
 QVector<const QRegularExpression *> expectations;
 
-/// Whether the platform plugin of Windows tells what is no fault of anybody: that the system destroyed an open list
-/// together with the window that owns it, or that a window resized itself while it was being placed.
-bool isOfThePlatform(const QString &text)
-{
-    static const QRegularExpression pattern(
-        QStringLiteral("^External WM_DESTROY received for |^setGeometry: Unable to set geometry "));
-    return TestMain::isOnWindows() && pattern.match(text).hasMatch();
-}
-
 void handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    const bool warning = LogLine(type, context, text).isQtWarning() && !isOfThePlatform(text);
+    const bool warning = LogLine(type, context, text).isQtWarning();
     if (warning && ExpectedWarnings::match(text))
         return;
     const int announced = QTestLog::unhandledIgnoreMessages();
