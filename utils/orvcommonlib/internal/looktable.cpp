@@ -49,7 +49,8 @@ LookTable &LookTable::instance()
 // The texts of light are kept as they stand in the file: clients compare and replace style sheets.
 LookTable::LookTable()
 {
-    QSettings file(QStringLiteral(":/orvcommonlib/themes/light.ini"), QSettings::IniFormat);
+    // Not a literal: Qt remembers the name for as long as the process lives, the library may be unloaded before.
+    QSettings file(QString::fromLatin1(":/orvcommonlib/themes/light.ini"), QSettings::IniFormat);
     const Values values = ThemeFile::values(file);
     for (auto value = values.cbegin(); value != values.cend(); ++value) {
         const QColor color = colorFrom(value.value());
