@@ -19,11 +19,11 @@ class QRegularExpression;
 /// one name is the beginning of another (`@main` and `@mainText`) and appears first, it also replaces the
 /// beginning of the longer one. An `@` before a word is a reference wherever it stands, in the name of an
 /// image (`icon@2x.png`) too. A reference to a missing name, or to an empty value, becomes nothing; the info
-/// line <name> "not exist" tells.
+/// line that names it and ends in "not exist" tells.
 ///
 /// Sheets and values may grow to 256 Mi characters. A value that would make one longer stays a reference
 /// there: values that multiply each other (a name that stands twice in its own value, say) would otherwise do
-/// so without end. The warning <name> "makes the text too long" tells.
+/// so without end. The warning that names it and ends in "makes the text too long" tells.
 ///
 /// Loaders can be copied; each is used in one thread. The time to load grows with the sizes of theme and
 /// sheet, not with their product.

@@ -59,7 +59,7 @@ public:
     void setFont(const QFont &normal, const QFont &hover, const QFont &checked, const QFont &disabled);
 
     /// Sets one text colour for all states.
-    /// \param color the colour; at first that of the look in force, #FF4D4D in the light one, see OrvLook
+    /// \param color the colour; at first that of the look in force, "#FF4D4D" in the light one, see OrvLook
     void setFontColor(const QColor &color);
     /// Sets the text colours of the states.
     /// \param normal,hover,checked,disabled the colour in each state

@@ -53,10 +53,10 @@ class ORVCOMMONLIB_EXPORT CustomToolButton : public QToolButton
 public:
 #ifndef Q_MOC_RUN
     using SettingWidgetDirection = ::SettingWidgetDirection;
-    static constexpr SettingWidgetDirection Bottom = ::Bottom; ///< as ::Bottom, for generated form code
-    static constexpr SettingWidgetDirection Left = ::Left;     ///< as ::Left, for generated form code
-    static constexpr SettingWidgetDirection Top = ::Top;       ///< as ::Top, for generated form code
-    static constexpr SettingWidgetDirection Right = ::Right;   ///< as ::Right, for generated form code
+    static constexpr SettingWidgetDirection Bottom = ::Bottom; ///< for generated form code
+    static constexpr SettingWidgetDirection Left = ::Left;     ///< for generated form code
+    static constexpr SettingWidgetDirection Top = ::Top;       ///< for generated form code
+    static constexpr SettingWidgetDirection Right = ::Right;   ///< for generated form code
 #else
     // The meta-object has the directions as the button's own, which form code and Designer name them by.
     enum SettingWidgetDirection { Bottom = 0, Left = 1, Top = 2, Right = 3 };

@@ -74,10 +74,15 @@ public:
     /// A message box with pages that turn by themselves every three seconds while it is visible.
     ///
     /// The three lists hold one entry for each page. Lists of unequal lengths give a dialog without pages.
-    /// The lists are copied. The other arguments are those of the first form.
+    /// The lists are copied. What is not explained here is as in the first form.
+    /// \param backgroundImage,size,marginLeft,marginTop,marginRight,marginBottom the ground and its border
+    /// \param title the text above the pages
     /// \param pageImages the paths of the pictures, under the same restrictions as `backgroundImage`
     /// \param pageTitles the titles below the pictures
     /// \param pageContents a one-line text for each page
+    /// \param noteText,confirmText the texts below the pages
+    /// \param useMask,deleteOnClose,dialogWindow,modal how the dialog behaves
+    /// \param parent the owner, and the window to darken where no mask exists yet
     PopupDlgWithMask(QString backgroundImage, QSize size, int marginLeft, int marginTop, int marginRight,
                      int marginBottom, QString title, QVector<QString> &pageImages,
                      QVector<QString> &pageTitles, QVector<QString> &pageContents, QString noteText,

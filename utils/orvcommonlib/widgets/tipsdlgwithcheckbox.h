@@ -39,8 +39,11 @@ public:
     /// \param buttonText the text of the button
     TipsDlgWithCheckbox(QWidget *parent, QSize size, QString title, QString content, QString checkboxText,
                         QString buttonText);
-    /// A tip of three paragraphs and a warning. The other arguments are those of the first form.
+    /// A tip of three paragraphs and a warning. What is not explained here is as in the first form.
+    /// \param parent,size the owner and the size of the visible part
+    /// \param title the text above the paragraphs
     /// \param lines the three paragraphs and the warning; any other number than four leaves the content empty
+    /// \param checkboxText,buttonText the texts of the checkbox and the button
     TipsDlgWithCheckbox(QWidget *parent, QSize size, QString title, QVector<QString> lines,
                         QString checkboxText, QString buttonText);
     ~TipsDlgWithCheckbox() override;
