@@ -269,8 +269,8 @@ QImage withRowsRepeated(const QImage &low, const Border &border, const Positions
         return canvas;
     uchar *line = canvas.bits();
     const auto append = [&](int row, int first, int count) {
-        constexpr int kBytes = 4;
-        std::memcpy(line, low.constScanLine(row) + first * kBytes, size_t(count * kBytes));
+        constexpr qsizetype kBytes = 4;
+        std::memcpy(line, low.constScanLine(row) + first * kBytes, size_t(count) * kBytes);
         line += count * kBytes;
     };
     for (int y = 0; y < border.top; ++y)

@@ -97,7 +97,7 @@ DocumentPtr documentWith(const QByteArray &contents)
 {
     if (const DocumentPtr *known = store().documents.object(contents))
         return *known;
-    const DocumentPtr document(new Document{QSvgRenderer(contents), ++store().made.documents});
+    DocumentPtr document(new Document{QSvgRenderer(contents), ++store().made.documents});
     if (!document->svg.animated())
         store().documents.insert(contents, new DocumentPtr(document));
     return document;
@@ -110,7 +110,7 @@ DocumentPtr documentAt(const QString &fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return nullptr;
-    const DocumentPtr document = documentWith(file.readAll());
+    DocumentPtr document = documentWith(file.readAll());
     if (!document->svg.animated())
         store().files.insert(fileName, new DocumentPtr(document));
     return document;
@@ -142,7 +142,7 @@ void prepare(QPainter *painter)
 // Whether an image can be drawn pixel by pixel. (Painters that are translucent get to see a pixmap of the widget.)
 bool takesImages(const QPainter &painter)
 {
-    const QTransform toPixels = painter.deviceTransform();
+    const QTransform &toPixels = painter.deviceTransform();
     return painter.isActive() && painter.paintEngine()->type() == QPaintEngine::Raster &&
            toPixels.type() <= QTransform::TxScale && toPixels.m11() > 0 && toPixels.m22() > 0 &&
            painter.compositionMode() == QPainter::CompositionMode_SourceOver;
@@ -193,7 +193,7 @@ KeptImage keptImage(const ImageKey &key, Make make)
     QCache<ImageKey, KeptImage> &images = store().images;
     if (const KeptImage *known = images.object(key))
         return *known;
-    const KeptImage made = make();
+    KeptImage made = make();
     ++store().made.images;
     images.insert(key, new KeptImage(made), int(sizeof made) + int(made.image.sizeInBytes()));
     return made;
