@@ -16,17 +16,31 @@ class QWidget;
 
 /// The library's own class: image helpers as static members. It holds no data.
 ///
+/// \image html page-image-helpers.png
+///
 /// The members that work on pixmaps belong to the GUI thread, as pixmaps do; getImageFromPath() may run in any
 /// thread. Sizes are in pixels.
+///
+/// \par When to use it
+/// For thumbnails with round corners. To scale a picture alone, QPixmap::scaled() is enough.
+///
+/// \par Example
+/// \snippet helpers.cpp orvcommonlib
+///
+/// \since 1.0
+/// \sa totalcommon
+/// \ingroup helpers
 class ORVCOMMONLIB_EXPORT orvcommonlib
 {
 public:
     orvcommonlib();
     // Declared, so that the library exports them: mingw-w64 exports nothing that a compiler adds by itself.
+    /// \cond the usual ones
     orvcommonlib(const orvcommonlib &other);
     orvcommonlib(orvcommonlib &&other) noexcept;
     orvcommonlib &operator=(const orvcommonlib &other);
     orvcommonlib &operator=(orvcommonlib &&other) noexcept;
+    /// \endcond
     ~orvcommonlib();
 
     /// Makes a picture with round corners from the middle of another one.
@@ -73,6 +87,13 @@ public:
 
 /// Free helpers for the host application. None keeps state; none throws. Those for pictures, screens, widgets and
 /// fonts belong to the GUI thread, those for text and files may run in any thread.
+///
+/// \par Example
+/// \snippet helpers.cpp totalcommon
+///
+/// \since 1.0
+/// \sa orvcommonlib
+/// \ingroup helpers
 namespace totalcommon {
 
 /// Stretches an image without distorting its border: the four corners keep their size, the four edges are

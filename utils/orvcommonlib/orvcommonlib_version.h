@@ -1,24 +1,32 @@
 #pragma once
 
 /// \file
+/// \ingroup helpers
 /// The version of the headers that a client is compiled with. What the library that runs says of itself is
 /// totalcommon::version(): the two differ where a newer library was put beside an older program.
 
 #include <QtCore/qglobal.h>
 
+/// Grows when a client may have to be changed.
 #define ORVCOMMONLIB_VERSION_MAJOR 1
+/// Grows when something is added.
 #define ORVCOMMONLIB_VERSION_MINOR 0
+/// Grows when something is mended.
 #define ORVCOMMONLIB_VERSION_PATCH 0
+/// The three with dots between them.
 #define ORVCOMMONLIB_VERSION_STRING "1.0.0"
 
 /// The version as one number, for the preprocessor: `#if ORVCOMMONLIB_VERSION >= ORVCOMMONLIB_VERSION_CHECK(1, 2, 0)`.
 #define ORVCOMMONLIB_VERSION_CHECK(major, minor, patch) (((major) << 16) | ((minor) << 8) | (patch))
+/// The version of these headers as such a number.
 #define ORVCOMMONLIB_VERSION                                                                                 \
     ORVCOMMONLIB_VERSION_CHECK(ORVCOMMONLIB_VERSION_MAJOR, ORVCOMMONLIB_VERSION_MINOR,                       \
                                ORVCOMMONLIB_VERSION_PATCH)
 
 /// Whether these headers are of version \a major.\a minor.\a patch or a later one, for `if constexpr` and
 /// `static_assert`.
+/// \param major,minor,patch the version to compare with
+/// \return whether they are
 constexpr bool orvcommonlibVersionAtLeast(int major, int minor = 0, int patch = 0) noexcept
 {
     return ORVCOMMONLIB_VERSION >= ORVCOMMONLIB_VERSION_CHECK(major, minor, patch);

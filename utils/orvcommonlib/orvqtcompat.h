@@ -6,6 +6,9 @@
 
 /// Everything in which Qt 5 and Qt 6 differ for the sources of this library. A client that is built with both may use
 /// it too: what is told of one Qt here holds for both.
+///
+/// \since 1.0
+/// \ingroup helpers
 namespace orvqt {
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
@@ -21,7 +24,7 @@ using HashSeed = uint;
 
 /// The ends of the scale of QFont::weight(), which is another one in each Qt.
 constexpr int kLightestFont = 0;
-constexpr int kHeaviestFont = 99;
+constexpr int kHeaviestFont = 99; ///< the other end
 
 /// Where the pointer was, on the whole desktop, in whole device-independent pixels.
 /// \param event the event that tells

@@ -11,9 +11,12 @@
 class QHotkeyPrivate;
 
 /// The category "QHotkey", in which everything about global hotkeys warns.
+/// \return the category, which lives as long as the library
 ORVCOMMONLIB_EXPORT const QLoggingCategory &logQHotkey();
 
 /// A keyboard shortcut of the whole desktop: it fires while any program has the focus.
+///
+/// \image html page-qhotkey.png
 ///
 /// A hotkey holds one shortcut in two forms, Qt's (a key and modifiers) and the system's (a NativeShortcut),
 /// and is either registered with the system or not. Several hotkeys may share one shortcut: all of them fire.
@@ -39,6 +42,17 @@ ORVCOMMONLIB_EXPORT const QLoggingCategory &logQHotkey();
 /// warned of; it is tried again at every further change, and when another hotkey of the same shortcut is
 /// registered. Hotkeys fire on all screens of the server. With Qt's other platform plugins there are no
 /// hotkeys: every registration fails and warns.
+///
+/// \par When to use it
+/// For a combination that works while another program has the focus. While it is enough that the application itself
+/// has it, take a QShortcut or a QAction: they take nothing from other programs.
+///
+/// \par Example
+/// \snippet hotkeys.cpp QHotkey
+///
+/// \since 1.0
+/// \sa CustomKeySequenceEdit, QShortcut, \ref guide_hotkeys
+/// \ingroup hotkeys
 class ORVCOMMONLIB_EXPORT QHotkey : public QObject
 {
     Q_OBJECT
@@ -63,25 +77,29 @@ public:
         NativeShortcut(quint32 nativeKey, quint32 nativeModifier);
         // Declared, so that the library exports them: mingw-w64 exports nothing that a compiler adds by
         // itself.
+        /// \cond the usual ones
         NativeShortcut(const NativeShortcut &other);
         NativeShortcut(NativeShortcut &&other) noexcept;
         NativeShortcut &operator=(const NativeShortcut &other);
         NativeShortcut &operator=(NativeShortcut &&other) noexcept;
+        /// \endcond
         ~NativeShortcut();
 
-        /// Whether a key and a modifier were given.
+        /// \return whether a key and a modifier were given
         bool isValid() const;
 
         /// Equal when both codes and the validity are equal; any two default-made shortcuts are.
         /// \param other the shortcut to compare with
+        /// \return whether they are
         bool operator==(const NativeShortcut &other) const;
         /// The opposite of `==`.
         /// \param other the shortcut to compare with
+        /// \return whether they differ
         bool operator!=(const NativeShortcut &other) const;
 
-        quint32 key = 0;
-        quint32 modifier = 0;
-        bool valid = false;
+        quint32 key = 0;      ///< the system's code of the key
+        quint32 modifier = 0; ///< the system's flags of the modifiers
+        bool valid = false;   ///< what isValid() tells
     };
 
     /// A hotkey without a shortcut.
@@ -111,15 +129,15 @@ public:
     ~QHotkey() override;
     Q_DISABLE_COPY(QHotkey)
 
-    /// Whether the registry holds the hotkey.
+    /// \return whether the registry holds the hotkey
     bool isRegistered() const;
-    /// Empty when the key is `Qt::Key_unknown`, as it is after setNativeShortcut().
+    /// \return the shortcut; empty when the key is `Qt::Key_unknown`, as it is after setNativeShortcut()
     QKeySequence shortcut() const;
-    /// `Qt::Key_unknown` when there is no shortcut in Qt's form.
+    /// \return the key; `Qt::Key_unknown` when there is no shortcut in Qt's form
     Qt::Key keyCode() const;
-    /// None when there is no shortcut in Qt's form.
+    /// \return its modifiers; none when there is no shortcut in Qt's form
     Qt::KeyboardModifiers modifiers() const;
-    /// Invalid when there is no shortcut.
+    /// \return the shortcut in the system's form; invalid when there is none
     NativeShortcut currentNativeShortcut() const;
 
     /// The slot of this name, for a single modifier.
@@ -202,8 +220,10 @@ Q_DECLARE_METATYPE(QHotkey::NativeShortcut)
 
 /// The key XOR the modifier.
 /// \param key the shortcut
+/// \return the hash
 ORVCOMMONLIB_EXPORT uint qHash(const QHotkey::NativeShortcut &key);
 /// The same for every seed: the seed cancels itself out, deliberately.
 /// \param key the shortcut
 /// \param seed of no effect
+/// \return the hash
 ORVCOMMONLIB_EXPORT uint qHash(const QHotkey::NativeShortcut &key, orvqt::HashSeed seed);

@@ -17,6 +17,10 @@
 /// The public operations may be called from any thread; in another one they block until the registry's thread
 /// has answered, as QHotkey describes it. The events of a second application object are watched from the
 /// first operation on that follows.
+///
+/// \since 1.0
+/// \sa QHotkey
+/// \ingroup hotkeys
 class ORVCOMMONLIB_EXPORT QHotkeyPrivate
     : public QObject
     , public QAbstractNativeEventFilter
@@ -59,10 +63,12 @@ protected:
     /// The system's code of a key.
     /// \param keycode the key
     /// \param ok set to whether there is one
+    /// \return the code
     virtual quint32 nativeKeycode(Qt::Key keycode, bool &ok) = 0;
     /// The system's flags of modifiers.
     /// \param modifiers the modifiers
     /// \param ok set to whether there are any
+    /// \return the flags
     virtual quint32 nativeModifiers(Qt::KeyboardModifiers modifiers, bool &ok) = 0;
     /// Registers with the system.
     /// \param shortcut what to register
@@ -74,10 +80,12 @@ protected:
     virtual bool unregisterShortcut(QHotkey::NativeShortcut shortcut) = 0;
     /// Whether there are global hotkeys at all; where there are none registerShortcut() says so, and does no
     /// more. Called from any thread.
+    /// \return whether there are
     virtual bool hasSystem() const { return true; }
     /// Whether the system still keeps what was registered; where it has dropped it, the next hotkey registers
     /// anew.
     /// \param shortcut what was registered
+    /// \return whether it does
     virtual bool systemHolds(QHotkey::NativeShortcut shortcut);
 
 private:

@@ -10,6 +10,8 @@
 /// The colours of the library's widgets, by name, for the whole process: the light look, the dark one, or a
 /// theme of the client's own.
 ///
+/// \image html page-orvlook.png
+///
 /// Every colour that the library's style sheets and painting use has a name, see names(), and a value that
 /// comes from a theme, a file in the format of OrvResourceLoader. The library carries two:
 /// ":/orvcommonlib/themes/light.ini", which is in force at first, and ":/orvcommonlib/themes/dark.ini".
@@ -26,6 +28,17 @@
 /// All members are to be called in the thread of the application object, the GUI thread. In any other thread
 /// they change nothing, log a warning and return `false`, an invalid colour or an empty list; only instance()
 /// answers everywhere.
+///
+/// \par When to use it
+/// To switch the library's widgets between light and dark, or to give them the colours of a brand. Stock widgets
+/// follow the application's palette or style sheet, not OrvLook.
+///
+/// \par Example
+/// \snippet looks.cpp OrvLook
+///
+/// \since 1.0
+/// \sa OrvResourceLoader, \ref guide_looks
+/// \ingroup looks
 class ORVCOMMONLIB_EXPORT OrvLook : public QObject
 {
     Q_OBJECT

@@ -10,6 +10,8 @@ class QRegularExpression;
 
 /// Turns style sheets that refer to the values of a theme into plain style sheets.
 ///
+/// \image html page-orvresourceloader.png
+///
 /// A theme is an INI file of named values. A style sheet refers to the value `accent` as `@accent` or
 /// `@{accent}`. Load the theme with loadThemeFile(), then the base sheet with loadQssFile() and further ones
 /// with appendQssFile(); what the last call returns is the complete sheet for QWidget::setStyleSheet() or
@@ -27,12 +29,28 @@ class QRegularExpression;
 ///
 /// Loaders can be copied; each is used in one thread. The time to load grows with the sizes of theme and
 /// sheet, not with their product.
+///
+/// \par When to use it
+/// For style sheets of your own in several themes. A sheet without names needs no loader:
+/// QApplication::setStyleSheet() takes it as it is.
+///
+/// \par Example
+/// \snippet looks.cpp OrvResourceLoader
+///
+/// \since 1.0
+/// \sa OrvLook, \ref guide_themes
+/// \ingroup looks
 class ORVCOMMONLIB_EXPORT OrvResourceLoader
 {
 public:
     /// A loader without any values: every reference becomes nothing.
     OrvResourceLoader();
+    /// A loader with the same values and the same sheets.
+    /// \param other the loader to copy
     OrvResourceLoader(const OrvResourceLoader &other);
+    /// Takes the values and the sheets of another loader.
+    /// \param other the loader to copy
+    /// \return this one
     OrvResourceLoader &operator=(const OrvResourceLoader &other);
     ~OrvResourceLoader();
 

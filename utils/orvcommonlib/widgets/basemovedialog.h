@@ -17,6 +17,8 @@ class SystemGesture;
 /// The base of every dialog of the library: a frameless top-level widget that the user can drag by its title
 /// strip and, where asked for, resize by its edges.
 ///
+/// \image html dialog-basemovedialog.png
+///
 /// Two layers run side by side. A FramelessHelper of the dialog's own moves and resizes the window; it sees
 /// each mouse event first. The dialog's handlers then only report, through the signals below. Style sheets
 /// paint the dialog as they would a widget of Qt's own.
@@ -32,6 +34,21 @@ class SystemGesture;
 ///
 /// Lengths and positions are in device-independent pixels. To be used in the GUI thread only. Logs nothing. A
 /// slot of any of the signals may destroy the dialog.
+///
+/// Nothing places a dialog by itself: unless moveOver() is called before it is shown, it stands where the window
+/// system puts it, which is not over its parent.
+///
+/// \par When to use it
+/// As the base of a dialog of your own that paints itself. With a picture as its ground it is a
+/// BaseMoveDialogWithBackImage, with a title and a close button a CommonPopupDialog. A dialog that has the frame of
+/// the desktop is a QDialog.
+///
+/// \par Example
+/// \snippet frames.cpp BaseMoveDialog
+///
+/// \since 1.0
+/// \sa FramelessHelper, BaseMoveDialogWithBackImage, CommonPopupDialog, \ref guide_dialogs
+/// \ingroup frames
 class ORVCOMMONLIB_EXPORT BaseMoveDialog : public QWidget
 {
     Q_OBJECT

@@ -9,11 +9,28 @@
 /// white rectangle with round corners where no image is named. In a dark look the rectangle is dark, and the
 /// image is the one whose name ends in "_dark" if there is one, see OrvLook.
 ///
+/// \image html dialog-basemovedialogwithbackimage.png
+///
 /// The background is translucent. It is sliced from the image file when it is painted for the first time and
 /// after each change of size or look, never in between: a file that changes meanwhile is not noticed by this
 /// dialog, only by the next one. Dialogs that show the same image in the same size share the picture, within the
 /// limit of QPixmapCache. A file that is missing leaves the background transparent. Style sheets do not paint
 /// this dialog.
+///
+/// The borders are what keeps its shape: with borders of 0 the whole picture is stretched, corners and shadow too.
+/// Borders that are together wider than the dialog leave nothing but the corners. What the picture does not paint,
+/// its shadow, is part of the dialog: the layout of the contents has to keep it free.
+///
+/// \par When to use it
+/// For a dialog of your own with a shadow or round corners that come from a picture. A plain rectangle with a frame
+/// of the desktop is a QDialog.
+///
+/// \par Example
+/// \snippet frames.cpp BaseMoveDialogWithBackImage
+///
+/// \since 1.0
+/// \sa totalcommon::NinePatch(), OrvLook, \ref guide_dialogs
+/// \ingroup frames
 class ORVCOMMONLIB_EXPORT BaseMoveDialogWithBackImage : public BaseMoveDialog
 {
     Q_OBJECT

@@ -14,12 +14,28 @@ class QVBoxLayout;
 /// A frameless popup with a one-line title bar (title, close button, rule) above a body that the client
 /// fills.
 ///
+/// \image html dialog-commonpopupdialog.png
+///
 /// The class sets no colours, fonts or images: the application's style sheet finds the parts by their object names
 /// "CommonPopupDialog" (body), "PopupDialogCloseButton", "Font16LightLbl" (title) and "TitleBottomHLine" (rule).
 /// Without such a sheet the close button looks as the platform's style draws one, and is transparent over a
 /// transparent body. It is shown with show(), or with exec(), which blocks in an event loop of its own while the rest
 /// of the application goes on. The dialog never deletes itself; its parent or the client owns it. GUI thread only.
 /// Sizes are in device-independent pixels.
+///
+/// The contents go into the layout of the body, `findChild<QWidget *>("CommonPopupDialog")->layout()`, below the
+/// rule. The dialog is not placed over its parent: call moveOver() before it is shown.
+///
+/// \par When to use it
+/// For a dialog with contents of your own below a title. For a message take PopupDlgWithMask; with the frame of the
+/// desktop a QDialog does the same.
+///
+/// \par Example
+/// \snippet dialogs.cpp CommonPopupDialog
+///
+/// \since 1.0
+/// \sa BaseMoveDialog::moveOver(), PopupDlgWithMask, \ref guide_dialogs
+/// \ingroup dialogs
 class ORVCOMMONLIB_EXPORT CommonPopupDialog : public BaseMoveDialog
 {
     Q_OBJECT
@@ -40,7 +56,10 @@ public:
     /// \param size the fixed size of the dialog
     /// \param showCloseButton false hides the close button, and its place in the title row collapses
     /// \param movable the user may drag the dialog
-    /// \param transparentBody the body gets a transparent background
+    /// \param transparentBody the body gets a transparent background, by a style sheet of its own that names no widget:
+    ///        everything inside gets it as well, buttons, lists and line edits of the client's too, and loses the
+    ///        platform's look by that. What is to have a ground needs a sheet of its own. Without
+    ///        `translucentBackground` the dialog's own ground shows through.
     /// \param modal see setModal()
     /// \param translucentBackground what no style sheet paints is see-through
     CommonPopupDialog(QWidget *parent, QString title, QSize size, bool showCloseButton, bool movable,
@@ -84,11 +103,15 @@ Q_SIGNALS:
 
 protected:
     /// Hiding the native window ends a running exec(), too.
+    /// \param event any event
+    /// \return whether it was handled
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     /// Keeps title, rule and body in step, and the dialog at its new size.
+    /// \param event the old and the new size
     void resizeEvent(QResizeEvent *event) override;
     /// Hiding ends a running exec().
+    /// \param visible whether the dialog is to be shown
     void setVisible(bool visible) override;
 
     /// Hides the rule below the title row, for subclasses that separate title and body in their own way.

@@ -7,11 +7,26 @@
 
 /// A horizontal QSlider with a tick at the centre of its range and a coloured line from there to the handle.
 ///
+/// \image html class-custombidirectionslider.png
+///
 /// It wears a style sheet whose handle image, ":/resources/channels/slider_handle.png", belongs to the
 /// application. As long as enableWheel() does not say otherwise it leaves the mouse wheel to its parent, so
 /// that a scroll area around it scrolls.
 ///
 /// To be used in the GUI thread only. Logs nothing.
+///
+/// Without the handle's picture there is no handle, and nothing says so: link `orvcommonlib::client_pictures`, or ask
+/// totalcommon::missingClientPictures() at the start.
+///
+/// \par When to use it
+/// For a balance around a centre. In a size of your own, with a skin and a disabled look it is a NewHorizontalSlider.
+///
+/// \par Example
+/// \snippet sliders.cpp CustomBidirectionSlider
+///
+/// \since 1.0
+/// \sa NewHorizontalSlider, QSlider, \ref guide_dialogs
+/// \ingroup sliders
 class ORVCOMMONLIB_EXPORT CustomBidirectionSlider : public QSlider
 {
     Q_OBJECT

@@ -10,10 +10,23 @@ class QTimer;
 /// A combo box that looks editable but is not: its text can be styled and sized like a line edit, and a left
 /// click anywhere on it opens the list.
 ///
+/// \image html class-customcombox.png
+///
 /// A guard of 100 milliseconds after each opening and closing keeps the click that closes the list from
 /// opening it again. Once it is over the second of two quick clicks counts like any other. A line edit that a
 /// client puts in place of the first one is the client's own: clicks on it do not open the list. Signals are
 /// those of QComboBox. GUI thread only.
+///
+/// \par When to use it
+/// For a QComboBox, with its model, whose text a style sheet dresses like a line edit. A combo box that needs no such
+/// text is a QComboBox.
+///
+/// \par Example
+/// \snippet comboboxes.cpp customcombox
+///
+/// \since 1.0
+/// \sa CustomShadowCombox, QComboBox
+/// \ingroup combos
 class ORVCOMMONLIB_EXPORT customcombox : public QComboBox
 {
     Q_OBJECT
@@ -54,6 +67,7 @@ public:
     int popupSpacing() const { return m_popupSpacing; }
 
 protected:
+    /// \return the gap that was stored, 4 at first
     int spacingBetweenComboxAndPopupWidget() const { return m_popupSpacing; }
 
     void showPopup() override;

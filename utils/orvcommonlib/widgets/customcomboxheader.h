@@ -17,11 +17,23 @@ class QLabel;
 /// The part of a CustomShadowCombox that is always seen: the current text, elided where it is too long, and an
 /// arrow. It reports clicks.
 ///
+/// \image html class-customcomboxheader.png
+///
 /// Its object name is "CustomComboxHeader". A click is a left press and its release within
 /// `QApplication::startDragDistance()`; a press whose release cannot come, because the header is hidden or a
 /// modal window opens, ends without a click. The arrow of the small style is the application's own picture,
 /// ":/graffiti/resources/graffiti/fontbox/downarrow.svg"; without it the header shows no arrow. GUI thread
 /// only.
+///
+/// \par When to use it
+/// To open something else than a list with what looks like a combo box. CustomShadowCombox brings its own.
+///
+/// \par Example
+/// \snippet comboboxes.cpp CustomComboxHeader
+///
+/// \since 1.0
+/// \sa CustomShadowCombox
+/// \ingroup combos
 class ORVCOMMONLIB_EXPORT CustomComboxHeader : public QWidget
 {
     Q_OBJECT

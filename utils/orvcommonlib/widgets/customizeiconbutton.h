@@ -20,6 +20,8 @@ class QSpacerItem;
 /// A light button of an icon and a text whose whole look is style sheets: one for the button, one for the
 /// icon and one for the text in each of the states normal, hover, pressed and disabled.
 ///
+/// \image html class-customizeiconbutton.png
+///
 /// An empty sheet leaves the one in force that was applied before. The object name is the client's to set, for sheets
 /// that select on it. Each change of state applies its sheets anew, so that they see what they select on as it is then.
 ///
@@ -28,6 +30,20 @@ class QSpacerItem;
 /// without a click. Once it has a focus policy, which it has not at first, the button is clicked with Space, Return and
 /// Enter, too, once at the press of the key, and shows that it has the focus if that came from the keyboard. A slot may
 /// destroy the button. GUI thread only.
+///
+/// Its own setEnabled(), or setButtonEnabled(), shows the disabled look. QWidget::setEnabled(), called through a
+/// `QWidget *` or by a parent that is disabled, takes the events away and leaves the look as it is.
+///
+/// \par When to use it
+/// For an icon and a text that style sheets dress differently in each state. A button with one icon and one sheet,
+/// `:hover` and `:pressed` in it, is a QPushButton.
+///
+/// \par Example
+/// \snippet buttons.cpp CustomizeIconButton
+///
+/// \since 1.0
+/// \sa CustomPictureBtn, QPushButton
+/// \ingroup buttons
 class ORVCOMMONLIB_EXPORT CustomizeIconButton : public QWidget
 {
     Q_OBJECT

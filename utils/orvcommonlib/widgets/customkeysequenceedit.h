@@ -11,6 +11,8 @@ class QLineEdit;
 /// An editor for one key combination, such as the shortcut of a hotkey, with a placeholder and access to the
 /// look of its inner line edit.
 ///
+/// \image html class-customkeysequenceedit.png
+///
 /// Unlike its base it takes a single chord only: each key press replaces what was there and ends the editing
 /// at once. Backspace clears it and shows the placeholder again.
 ///
@@ -22,6 +24,20 @@ class QLineEdit;
 /// `keySequenceChanged()` with an empty sequence); then every key emits `editingFinished()`.
 ///
 /// GUI thread only.
+///
+/// Any key is a chord, also Escape or a letter without a modifier; whoever makes a hotkey of it has to look at it
+/// first, at `editingFinished()`, as \ref guide_hotkeys shows. A modifier that is pressed alone ends the editing as
+/// well, with the chord that was there before, or with none.
+///
+/// \par When to use it
+/// To let the user choose one combination. A QKeySequenceEdit takes up to four, and waits a second for each.
+///
+/// \par Example
+/// \snippet text.cpp CustomKeySequenceEdit
+///
+/// \since 1.0
+/// \sa QHotkey, QKeySequenceEdit, \ref guide_hotkeys
+/// \ingroup text
 class ORVCOMMONLIB_EXPORT CustomKeySequenceEdit : public QKeySequenceEdit
 {
     Q_OBJECT

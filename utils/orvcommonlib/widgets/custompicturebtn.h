@@ -10,6 +10,8 @@
 
 /// A push button that paints a picture and a text side by side on top of what QPushButton paints.
 ///
+/// \image html class-custompicturebtn.png
+///
 /// Pictures, text colours and fonts differ by state. Pictures: checked, else disabled, else hovered, else
 /// normal, each but the checked one falling through to the next where it is not set; a checked button without
 /// a checked picture shows none. Text: checked, else (enabled) hovered or normal, else disabled.
@@ -19,6 +21,19 @@
 /// nothing until a setter gives new rectangles.
 ///
 /// Pictures are copied. GUI thread only.
+///
+/// The text is red (`pictureText`, see OrvLook) until setFontColor() is called.
+///
+/// \par When to use it
+/// For a picture and a text, in places of your own, that change with the state. One icon beside a text is a
+/// QPushButton; a look made of style sheets alone is a CustomizeIconButton.
+///
+/// \par Example
+/// \snippet buttons.cpp CustomPictureBtn
+///
+/// \since 1.0
+/// \sa CustomizeIconButton, QPushButton
+/// \ingroup buttons
 class ORVCOMMONLIB_EXPORT CustomPictureBtn : public QPushButton
 {
     Q_OBJECT

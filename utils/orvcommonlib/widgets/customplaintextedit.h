@@ -6,7 +6,20 @@
 
 /// A plain text edit whose viewport margins can be set from outside.
 ///
+/// \image html class-customplaintextedit.png
+///
 /// GUI thread only.
+///
+/// \par When to use it
+/// Where a text needs other room to each side. The same room on all sides is QTextDocument::setDocumentMargin() of a
+/// QPlainTextEdit.
+///
+/// \par Example
+/// \snippet text.cpp CustomPlainTextEdit
+///
+/// \since 1.0
+/// \sa QPlainTextEdit
+/// \ingroup text
 class ORVCOMMONLIB_EXPORT CustomPlainTextEdit : public QPlainTextEdit
 {
     Q_OBJECT

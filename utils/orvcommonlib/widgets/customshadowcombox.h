@@ -17,6 +17,8 @@ class ShadowPopupWidget;
 /// A drop-down selector with a list in a shadowed window of its own, in a normal look (48 high) and a small
 /// one.
 ///
+/// \image html popup-customshadowcombox-gray.png
+///
 /// Rows can be gray, as not available: a click on one is reported separately and selects nothing. The list
 /// opens below the header, or above it where the screen has no room, and the arrow tells which; it closes on
 /// a click on a row or the header, on any key, on a press elsewhere, with the combo box or its window, and
@@ -40,6 +42,19 @@ class ShadowPopupWidget;
 ///
 /// The combo box watches the application's events through a filter on the application object. It may be
 /// destroyed at any time, also by what is connected to its signals. GUI thread only.
+///
+/// The list is a translucent window of its own: without a compositing manager on X11 its shadow is a black frame.
+///
+/// \par When to use it
+/// For a short list of texts in the library's look, with rows that are not available. A model, icons, an editor, or
+/// hundreds of rows are for a QComboBox.
+///
+/// \par Example
+/// \snippet comboboxes.cpp CustomShadowCombox
+///
+/// \since 1.0
+/// \sa customcombox, QComboBox, \ref guide_combo_box
+/// \ingroup combos
 class ORVCOMMONLIB_EXPORT CustomShadowCombox : public QWidget
 {
     Q_OBJECT
@@ -109,7 +124,8 @@ public:
 
     /// Deletes all rows. The current index and the header's text are deliberately left as they were; but no
     /// row counts as the current one until setCurrentIndex() or a click chooses one, so that insertItem(),
-    /// removeItem() and setItemText() leave index and header alone as well.
+    /// removeItem() and setItemText() leave index and header alone as well. A click on the row that has come to the
+    /// place of the old index therefore tells nothing: to start afresh call reset().
     void clear();
     /// Deletes all rows and forgets the selection: the index is -1 and the header empty. Emits nothing.
     void reset();
@@ -161,7 +177,8 @@ public:
     /// \param style the sheet
     void setHeaderTextStyle(QString style);
 
-    /// \return true while the list is open, and while the combo box's window is the active one
+    /// \return true while the list is open, and while the combo box's window is the active one: as long as the user is
+    ///         at work here. Whether the list is open it does not tell; nothing does, but the signals that it has closed.
     bool isActive();
 
     /// Closes the list, and reports that even when it was closed already.
@@ -180,20 +197,32 @@ Q_SIGNALS:
     /// outside it.
     /// \param gPos where the pointer is, in global coordinates
     void signalMouseMoveLeavePopup(QPoint gPos);
-    /// Relayed from slotAddOneLiveOption(), which the application connects.
+    /// The user wants one more row. The list itself has no button for that: an application that has one connects it to
+    /// slotAddOneLiveOption(), in a subclass or by the slot's name, as it is protected, and this signal to what adds the
+    /// row. Nothing else emits it.
     void signalAddOneLiveOption();
-    /// Relayed from slotDeleteOneLiveOption(), which the application connects.
+    /// The user wants to be rid of a row: the same for slotDeleteOneLiveOption(). The row stays until removeItem() is
+    /// called.
     /// \param index the slot's argument
     void signalDeleteOneLiveOption(int index);
 
 protected Q_SLOTS:
+    /// Opens the list, or closes it where it is open.
     void slotHeaderClicked();
+    /// What a click on a row does: makes it current and tells, where it was not, then closes the list.
+    /// \param index the row
     void slotCurrentIndexChanged(int index);
+    /// What a click on a gray row does: closes the list, then tells.
+    /// \param index the row
     void slotCurrentGrayIndexChanged(int index);
+    /// Emits signalAddOneLiveOption(), and does nothing else.
     void slotAddOneLiveOption();
+    /// Emits signalDeleteOneLiveOption(), and does nothing else.
+    /// \param index what is passed on, whether there is such a row or not
     void slotDeleteOneLiveOption(int index);
 
 protected:
+    /// Opens the list at the header, below it or above.
     void showPopup();
 
     void resizeEvent(QResizeEvent *event) override;

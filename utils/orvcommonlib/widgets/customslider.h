@@ -11,7 +11,20 @@ class PressGesture;
 
 /// A QSlider that also tells which value a click on it means, and leaves it to the client to go there.
 ///
+/// \image html class-customslider.png
+///
 /// To be used in the GUI thread only. Logs nothing.
+///
+/// \par When to use it
+/// For a position that has to be asked of something else before the slider goes there, such as a player that seeks.
+/// Where a click may simply move the handle a step, a QSlider is enough.
+///
+/// \par Example
+/// \snippet sliders.cpp CustomSlider
+///
+/// \since 1.0
+/// \sa QSlider
+/// \ingroup sliders
 class ORVCOMMONLIB_EXPORT CustomSlider : public QSlider
 {
     Q_OBJECT

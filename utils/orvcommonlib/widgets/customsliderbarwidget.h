@@ -14,6 +14,8 @@ class SkinPainter;
 /// A painted bar with a few steps, 117 x 12 pixels, that the user clicks or drags to; it tells the chosen
 /// step when the button is released.
 ///
+/// \image html class-customsliderbarwidget.png
+///
 /// The looks are embedded SVG files: "background.svg", "item.svg", "item_active.svg" and "select.svg" under
 /// ":/images/images/slider/".
 ///
@@ -28,6 +30,19 @@ class SkinPainter;
 /// came from the keyboard. Right-to-left swaps nothing.
 ///
 /// To be used in the GUI thread only. A slot of the signal may destroy the bar.
+///
+/// There is no disabled look: after QWidget::setEnabled() with `false` the bar takes nothing and looks as before.
+///
+/// \par When to use it
+/// For one of a few steps, such as a zoom. More than about eight steps lie too close together; a QSlider has room for
+/// any number.
+///
+/// \par Example
+/// \snippet sliders.cpp CustomSliderBarWidget
+///
+/// \since 1.0
+/// \sa NewHorizontalSlider, QSlider
+/// \ingroup sliders
 class ORVCOMMONLIB_EXPORT CustomSliderBarWidget : public QWidget
 {
     Q_OBJECT

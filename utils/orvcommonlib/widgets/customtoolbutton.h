@@ -23,6 +23,8 @@ enum SettingWidgetDirection : int {
 /// A tool button that carries up to three attached panels: one opened by a click, one by hovering, and one by
 /// a right click or a long press.
 ///
+/// \image html class-customtoolbutton.png
+///
 /// The panels belong to the application; the button only watches them, and forgets one that is destroyed,
 /// replaced or detached. It places each panel beside itself whenever the panel is shown: in the coordinates
 /// of the panel's parent widget, or in global ones for a panel without a parent. The button consumes no
@@ -39,6 +41,16 @@ enum SettingWidgetDirection : int {
 /// A panel is made the active window when the pointer enters it. A disabled button opens nothing, and ignores
 /// that the pointer leaves it. While the button is checked it ignores keyboard shortcuts. All distances are
 /// in device-independent pixels. GUI thread only. Placing a panel logs its rectangle.
+///
+/// \par When to use it
+/// For a button with panels of controls. A menu is a QToolButton with QToolButton::setMenu().
+///
+/// \par Example
+/// \snippet buttons.cpp CustomToolButton
+///
+/// \since 1.0
+/// \sa QToolButton
+/// \ingroup buttons
 class ORVCOMMONLIB_EXPORT CustomToolButton : public QToolButton
 {
     Q_OBJECT
@@ -52,7 +64,7 @@ class ORVCOMMONLIB_EXPORT CustomToolButton : public QToolButton
 
 public:
 #ifndef Q_MOC_RUN
-    using SettingWidgetDirection = ::SettingWidgetDirection;
+    using SettingWidgetDirection = ::SettingWidgetDirection;   ///< for generated form code
     static constexpr SettingWidgetDirection Bottom = ::Bottom; ///< for generated form code
     static constexpr SettingWidgetDirection Left = ::Left;     ///< for generated form code
     static constexpr SettingWidgetDirection Top = ::Top;       ///< for generated form code

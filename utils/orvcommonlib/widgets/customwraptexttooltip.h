@@ -14,11 +14,25 @@ class QLabel;
 /// A dark, word-wrapping tooltip window with a small arrow. It closes and deletes itself when it loses
 /// activation.
 ///
+/// \image html class-customwraptexttooltip.png
+///
 /// The window has `Qt::WA_DeleteOnClose`: create it with `new`, and do not touch it after it has closed. It
 /// carries no meta-object of its own. GUI thread only; all sizes are in device-independent pixels.
+///
+/// \par When to use it
+/// For a hint that stays until the user goes on, at a place of its own. A text that comes and goes with the pointer
+/// is QWidget::setToolTip().
+///
+/// \par Example
+/// \snippet text.cpp customWrapTextToolTip
+///
+/// \since 1.0
+/// \sa QToolTip
+/// \ingroup text
 class ORVCOMMONLIB_EXPORT customWrapTextToolTip : public QDialog
 {
 public:
+    /// Where the arrow is.
     enum directionType : int {
         DirectionLeft = 0,   ///< arrow on the left edge, pointing left
         DirectionBottom = 1, ///< arrow on the bottom edge near the right, pointing down
@@ -48,6 +62,9 @@ public:
 
 protected:
     /// Closes the tooltip when it loses activation, which it watches as a filter of its own.
+    /// \param watched the tooltip
+    /// \param event   what it is told
+    /// \return false: it always gets the event
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

@@ -13,6 +13,8 @@ struct FramelessHelperState;
 /// Lets the user drag top-level widgets that have no native frame by a title strip, and resize them by their
 /// edges and corners.
 ///
+/// \image html dialog-framelesshelper.png
+///
 /// The helper watches each widget it is activated on with an event filter. It shows the resize cursors over
 /// the edges, and while the left button is held it moves or resizes the widget, or a rubber band that stands
 /// for it. Every event still reaches the widget, after the helper has acted on it. The helper sets no window
@@ -30,6 +32,21 @@ struct FramelessHelperState;
 /// watched.
 ///
 /// All lengths are in device-independent pixels. To be used in the GUI thread only. Neither emits nor logs.
+///
+/// A press that a child of the widget takes never reaches the helper: a child that covers an edge hides that edge.
+/// Leave a margin as wide as borderWidth() around the children, as a layout has it, or make those that take no
+/// presses of their own transparent for them (`Qt::WA_TransparentForMouseEvents`).
+///
+/// \par When to use it
+/// For a main window or a dialog of your own that has no native frame. A dialog that derives from BaseMoveDialog has
+/// a helper already; a window with the frame of the desktop needs none.
+///
+/// \par Example
+/// \snippet frames.cpp FramelessHelper
+///
+/// \since 1.0
+/// \sa BaseMoveDialog, QWindow::startSystemMove(), QWindow::startSystemResize()
+/// \ingroup frames
 class ORVCOMMONLIB_EXPORT FramelessHelper : public QObject
 {
     Q_OBJECT

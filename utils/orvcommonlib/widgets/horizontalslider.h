@@ -16,6 +16,8 @@ class HorizontalSliderLogic;
 /// A painted horizontal slider, 206 pixels wide, whose groove takes a colour up to the handle; a mark below
 /// the groove can show the centre of its range.
 ///
+/// \image html class-horizontalslider.png
+///
 /// A drag of the handle moves it by pixels and picks the value nearest to it, halfway between two the upper
 /// one; a click on the groove, which is a left press beside the handle and its release, moves the handle
 /// there. A bidirectional slider colours from the centre of the range to the handle instead of from the left
@@ -35,6 +37,21 @@ class HorizontalSliderLogic;
 ///
 /// Lengths are device-independent pixels. To be used in the GUI thread only. Logs nothing. A slot of any of
 /// the signals may destroy the slider.
+///
+/// There is no disabled look: after QWidget::setEnabled() with `false` the slider takes nothing and looks as before.
+/// NewHorizontalSlider::setSliderEnabled() shows one; here another skin or colour has to.
+///
+/// \par When to use it
+/// On dark grounds: the light look's groove is white and its colour pale, and on a light ground little of it is seen.
+/// On light grounds, or where the slider can be disabled, take NewHorizontalSlider; ticks, a vertical slider or the
+/// style of the platform are a QSlider's.
+///
+/// \par Example
+/// \snippet sliders.cpp HorizontalSlider
+///
+/// \since 1.0
+/// \sa NewHorizontalSlider, CustomBidirectionSlider, \ref guide_sliders
+/// \ingroup sliders
 class ORVCOMMONLIB_EXPORT HorizontalSlider : public QWidget
 {
     Q_OBJECT

@@ -14,12 +14,27 @@ class HorizontalSliderLogic;
 
 /// A painted horizontal slider of a size of its own, with a look for the times when it is not to be used.
 ///
+/// \image html class-newhorizontalslider.png
+///
 /// Drags, clicks and keys, the colour of the groove, the skin and the signals are those of HorizontalSlider, except
 /// for what is said here. There is no centre mark. The skin's files are "groove.svg" or
 /// "groove_bidirection.svg", "handle.svg", and each with "_disabled" before the suffix.
 ///
 /// Lengths are device-independent pixels. To be used in the GUI thread only. Logs nothing. A slot of any of
 /// the signals may destroy the slider.
+///
+/// QWidget::setEnabled() with `false` does not change the look: setSliderEnabled() does.
+///
+/// \par When to use it
+/// For a value on a light ground, in a size of your own, that can be switched off. Ticks, a vertical slider or the
+/// style of the platform are a QSlider's.
+///
+/// \par Example
+/// \snippet sliders.cpp NewHorizontalSlider
+///
+/// \since 1.0
+/// \sa HorizontalSlider, \ref guide_sliders
+/// \ingroup sliders
 class ORVCOMMONLIB_EXPORT NewHorizontalSlider : public QWidget
 {
     Q_OBJECT
@@ -55,16 +70,16 @@ public:
 
     /// \copydoc HorizontalSlider::setRange
     void setRange(int min, int max);
-    /// \copydoc HorizontalSlider::minimum
+    /// \return the value at the left end
     int minimum() const;
     /// \copydoc HorizontalSlider::setMinimum
     void setMinimum(int min);
-    /// \copydoc HorizontalSlider::maximum
+    /// \return the value at the right end
     int maximum() const;
     /// \copydoc HorizontalSlider::setMaximum
     void setMaximum(int max);
 
-    /// \copydoc HorizontalSlider::value
+    /// \return the value, 0 at first
     int value() const;
     /// \copydoc HorizontalSlider::setValue
     void setValue(int val);
@@ -82,7 +97,7 @@ public:
     int grooveHeight() const;
     /// \param size the size of the handle
     void setHandleSize(QSize size);
-    /// \copydoc HorizontalSlider::handleSize
+    /// \return the size of the handle
     QSize handleSize() const;
     /// \param color the colour of the groove up to the value while the slider is enabled, at first that of the
     ///        look in force, "#4B66EB" in the light one, see OrvLook

@@ -11,11 +11,24 @@ class QWidget;
 
 /// Darkens the client's main window while at least one masked dialog is open.
 ///
+/// \image html dialog-orvmaskctrl.png
+///
 /// The one instance of the process lays a translucent label over one window. Each dialog that wants the mask
 /// registers itself as an owner; the mask goes when the last owner has let go.
 ///
 /// To be used in the GUI thread only, except that concurrent first calls of getInstance() create one
 /// instance. Logs nothing.
+///
+/// \par When to use it
+/// Around a dialog that does not ask for the mask itself, as PopupDlgWithMask does. Where dimming the window is not
+/// part of the design, a modal dialog is enough.
+///
+/// \par Example
+/// \snippet frames.cpp OrvMaskCtrl
+///
+/// \since 1.0
+/// \sa PopupDlgWithMask, PopupLoadingDlgWithMask, \ref guide_mask
+/// \ingroup dialogs
 class ORVCOMMONLIB_EXPORT OrvMaskCtrl : public QObject
 {
 public:

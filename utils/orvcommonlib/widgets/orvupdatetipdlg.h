@@ -13,12 +13,27 @@ class QVBoxLayout;
 /// Tells the user that a new version of the application exists: a title, a text, a line for a link, and two
 /// buttons.
 ///
+/// \image html dialog-orvupdatetipdlg.png
+///
 /// It decides nothing by itself: each button emits its signal and closes the dialog. It is
 /// application-modal and shown with show(), which does not block. The dialog deletes itself when it is
 /// closed: do not touch it afterwards. All three labels deliberately start with the translated text "Update
 /// Tips", until their setters are called. The images ":/resources/common_icons/close.png" and
 /// "close_hover.png" belong to the application, as the background image does; without them the close button
 /// looks as the platform's style draws one. GUI thread only. Sizes are in device-independent pixels.
+///
+/// Not placed over its parent: call moveOver() before it is shown.
+///
+/// \par When to use it
+/// To offer a new version with a link to what is new in it. For anything else with two buttons a QMessageBox is
+/// enough.
+///
+/// \par Example
+/// \snippet dialogs.cpp OrvUpdateTipDlg
+///
+/// \since 1.0
+/// \sa BaseMoveDialog::moveOver(), \ref guide_dialogs
+/// \ingroup dialogs
 class ORVCOMMONLIB_EXPORT OrvUpdateTipDlg : public BaseMoveDialogWithBackImage
 {
     Q_OBJECT

@@ -21,6 +21,8 @@ class QVBoxLayout;
 /// A message box on a background image: one message, or a sequence of pages, a short note and one confirm
 /// button. While it is visible it can darken the main window with the mask of OrvMaskCtrl.
 ///
+/// \image html dialog-popupdlgwithmask.png
+///
 /// One call is enough for a message over the middle of a window; whoever needs more than its defaults fills a
 /// PopupMessage:
 ///
@@ -34,6 +36,20 @@ class QVBoxLayout;
 /// ":/noviceguide/resources/newui/noviceguide/closebtn.png" of the close button belongs to the application,
 /// as the background image does; without them these parts stay transparent. GUI thread only. Sizes are in
 /// device-independent pixels.
+///
+/// Only message() places the dialog. One that is made with a constructor stands where the window system puts it,
+/// unless moveOver() is called before it is shown, or execWithPos() shows it.
+///
+/// \par When to use it
+/// To tell something that has to be confirmed, in the look of the application. For a question that may look like the
+/// desktop's own a QMessageBox is enough; contents of your own go into a CommonPopupDialog.
+///
+/// \par Example
+/// \snippet dialogs.cpp PopupDlgWithMask
+///
+/// \since 1.0
+/// \sa PopupMessage, OrvMaskCtrl, \ref guide_dialogs, \ref guide_mask
+/// \ingroup dialogs
 class ORVCOMMONLIB_EXPORT PopupDlgWithMask : public BaseMoveDialog
 {
     Q_OBJECT
@@ -152,10 +168,13 @@ Q_SIGNALS:
 
 protected:
     /// Hiding or showing the native window has the same effect as setVisible().
+    /// \param event any event
+    /// \return whether it was handled
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     /// Hiding releases the mask, ends a running exec() and stops the page timer; showing starts the page
     /// timer anew.
+    /// \param visible whether the dialog is to be shown
     void setVisible(bool visible) override;
 
 private Q_SLOTS:

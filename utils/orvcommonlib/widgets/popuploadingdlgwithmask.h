@@ -13,10 +13,27 @@ class QMovie;
 /// A busy indicator over an area: a faint grey tint with a white rounded box in its middle, which shows a
 /// spinner and one line of text.
 ///
+/// \image html dialog-popuploadingdlgwithmask.png
+///
 /// It is its own mask and does not use OrvMaskCtrl. Show it over the area to cover and close it when the
 /// work is done, which deletes it. The animation ":/surface/resources/surface/live/connecting.gif" belongs
 /// to the application; where it is missing or broken, the box shows the text alone. GUI thread only. Sizes
 /// are in device-independent pixels.
+///
+/// It is a window of its own, also with a parent: it is moved in global coordinates, does not follow the window that
+/// it covers, and blocks nothing. For all of it to be as it looks, set a window modality and call moveOver() before
+/// it is shown.
+///
+/// \par When to use it
+/// While the application is busy for a time that nobody knows. Where it is known, a QProgressDialog tells more; where
+/// the user can go on working, something smaller will do.
+///
+/// \par Example
+/// \snippet dialogs.cpp PopupLoadingDlgWithMask
+///
+/// \since 1.0
+/// \sa OrvMaskCtrl, \ref guide_dialogs
+/// \ingroup dialogs
 class ORVCOMMONLIB_EXPORT PopupLoadingDlgWithMask : public BaseMoveDialog
 {
     Q_OBJECT
@@ -34,8 +51,10 @@ public:
 
 protected:
     /// The tint, and what style sheets paint over it.
+    /// \param event the area, which is not looked at
     void paintEvent(QPaintEvent *event) override;
     /// Starts the animation; it goes on while the dialog is hidden.
+    /// \param event the showing
     void showEvent(QShowEvent *event) override;
 
 private:

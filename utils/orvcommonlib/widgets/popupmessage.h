@@ -6,6 +6,10 @@
 #include <QtCore/QVector>
 
 /// One page of a PopupMessage.
+///
+/// \since 1.0
+/// \sa PopupMessage
+/// \ingroup dialogs
 struct PopupPage
 {
     /// The picture, 268 x 204 device-independent pixels: a file name or resource path, under the same
@@ -19,6 +23,13 @@ struct PopupPage
 
 /// All that a PopupDlgWithMask is made of, with defaults for a message box that a client need only give its
 /// texts. Lengths are in device-independent pixels.
+///
+/// \par Example
+/// \snippet dialogs.cpp PopupMessage
+///
+/// \since 1.0
+/// \sa PopupDlgWithMask
+/// \ingroup dialogs
 struct PopupMessage
 {
     /// A file name or resource path; empty for the library's own card,

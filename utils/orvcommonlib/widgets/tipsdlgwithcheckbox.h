@@ -17,10 +17,24 @@ class QVBoxLayout;
 /// A modal tip that stays on top: a title, one paragraph or three and a warning, a checkbox such as "do not
 /// show this again", and one button.
 ///
+/// \image html dialog-tipsdlgwithcheckbox.png
+///
 /// It is shown with exec(), which blocks, or with show(). What the user did is told by signals. The dialog
 /// deletes itself when it is closed: connect before showing it, and do not touch it afterwards. The images
 /// under ":/surface/" and ":/resources/common_icons/" belong to the application; without them these parts
 /// stay transparent. GUI thread only. Sizes are in device-independent pixels.
+///
+/// Not placed over its parent: call moveOver() before it is shown.
+///
+/// \par When to use it
+/// For a tip that the user can switch off. A QMessageBox with QMessageBox::setCheckBox() is the stock one.
+///
+/// \par Example
+/// \snippet dialogs.cpp TipsDlgWithCheckbox
+///
+/// \since 1.0
+/// \sa BaseMoveDialog::moveOver(), \ref guide_dialogs
+/// \ingroup dialogs
 class ORVCOMMONLIB_EXPORT TipsDlgWithCheckbox : public BaseMoveDialogWithBackImage
 {
     Q_OBJECT
@@ -83,9 +97,12 @@ Q_SIGNALS:
 
 protected:
     /// Hiding the native window ends a running exec(), too.
+    /// \param event any event
+    /// \return whether it was handled
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     /// Hiding ends a running exec().
+    /// \param visible whether the dialog is to be shown
     void setVisible(bool visible) override;
 
 private:
