@@ -77,6 +77,19 @@ bool writeShot(MainWindow *window, const PageShot &shot, const QDir &folder)
     return written;
 }
 
+// What a page has marked as a picture of its own, by the property "picture".
+bool writeParts(const PageView *view, const QDir &folder)
+{
+    bool everythingWritten = true;
+    const QList<QWidget *> parts = view->findChildren<QWidget *>();
+    for (QWidget *part : parts) {
+        const QString name = part->property("picture").toString();
+        if (!name.isEmpty())
+            everythingWritten = write(part->grab(), folder, name) && everythingWritten;
+    }
+    return everythingWritten;
+}
+
 bool writeLook(MainWindow *window, const QDir &folder)
 {
     bool everythingWritten = folder.mkpath(QStringLiteral("."));
@@ -86,6 +99,7 @@ bool writeLook(MainWindow *window, const QDir &folder)
         PageView *view = window->openPage(page);
         const QString name = QStringLiteral("page-") + page->name();
         everythingWritten = write(grabPage(window, view), folder, name) && everythingWritten;
+        everythingWritten = writeParts(view, folder) && everythingWritten;
         for (const PageShot &shot : view->shots())
             everythingWritten = writeShot(window, shot, folder) && everythingWritten;
     }

@@ -152,6 +152,7 @@ QWidget *newTile(const QString &type, const QString &name, QVector<QWidget *> &w
     tile->setFixedWidth(kTileWidth);
     auto *ground = new QWidget(tile);
     ground->setMinimumHeight(kGroundHeight);
+    ground->setProperty("picture", QStringLiteral("style-") + name);
     setGalleryRole(ground, groundFor(name));
     ground->setAttribute(Qt::WA_StyledBackground);
     QWidget *widget = newWidget(type, name, ground);
