@@ -30,13 +30,16 @@ FocusMark::FocusMark(QWidget *control)
     control->installEventFilter(this);
 }
 
-void FocusMark::follow(QWidget *control, const QFocusEvent *event)
+void FocusMark::follow(QWidget *control, const QEvent *event)
 {
+    if (event->type() != QEvent::FocusIn && event->type() != QEvent::FocusOut)
+        return;
+    const auto *change = static_cast<const QFocusEvent *>(event);
     auto *mark = control->findChild<FocusMark *>(QString(), Qt::FindDirectChildrenOnly);
-    if (!mark && event->gotFocus() && isKeyboard(event->reason()) && control->focusPolicy() != Qt::NoFocus)
+    if (!mark && change->gotFocus() && isKeyboard(change->reason()) && control->focusPolicy() != Qt::NoFocus)
         mark = new FocusMark(control);
     if (mark)
-        mark->apply(event);
+        mark->apply(change);
 }
 
 void FocusMark::apply(const QFocusEvent *event)

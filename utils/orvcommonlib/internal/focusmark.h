@@ -14,8 +14,8 @@ class FocusMark : public QFocusFrame
     Q_OBJECT
 
 public:
-    /// To be called from the focusInEvent() and the focusOutEvent() of `control`, before they call the base.
-    static void follow(QWidget *control, const QFocusEvent *event);
+    /// To be called from the event() of `control` with every event, before it calls the base.
+    static void follow(QWidget *control, const QEvent *event);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

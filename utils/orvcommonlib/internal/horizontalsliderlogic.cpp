@@ -2,7 +2,6 @@
 
 #include "accessiblenotification.h"
 #include "bounded.h"
-#include "looksheets.h"
 #include "plainkey.h"
 #include "slidertravel.h"
 
@@ -19,7 +18,6 @@ void HorizontalSliderLogic::setUp(const QSize &size)
     m_slider->setContentsMargins(0, 0, 0, 0);
     m_slider->setFixedSize(size);
     SkinPainter::forgetFiles();
-    LookSheets::repaint(m_slider);
 }
 
 bool HorizontalSliderLogic::tell(Signal signal, int number) const

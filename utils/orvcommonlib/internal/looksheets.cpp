@@ -5,87 +5,55 @@
 #include "statesheet.h"
 
 #include <QtCore/QHash>
+#include <QtCore/QPair>
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
-#include <QtWidgets/QWidget>
+#include <QtWidgets/QApplication>
+
+#include <utility>
 
 namespace {
 
 constexpr int kFewestToClear = 256;
+constexpr int kMostTexts = 256;
+
+using Sheet = QPair<const char *, QStringList>; // with its arguments
 
 struct Wearer
 {
-    QPointer<QWidget> widget;
-    const char *sheet = nullptr;
-    QStringList arguments;
+    Sheet sheet;
     QString text; // what the sheet was when it was set
-    int look = 0; // and in which one
-    bool paints = false;
-    void (*follow)(QWidget *) = nullptr;
 };
 
-// Widgets are not watched: their entries are cleared away when there are twice as many as there were widgets then.
-class Wardrobe
+// Widgets are not watched: those that are gone are cleared away when there are twice as many as there were widgets
+// then.
+QHash<QWidget *, Wearer> &wearers()
 {
-public:
-    Wearer &entry(QWidget *widget)
-    {
-        if (m_wearers.size() >= m_clearAt)
-            clearAway();
-        Wearer &wearer = m_wearers[widget];
-        if (!wearer.widget) {
-            wearer = {};
-            wearer.widget = widget;
-        }
-        return wearer;
-    }
-
-    void forget(QWidget *widget) { m_wearers.remove(widget); }
-
-    Wearer *find(QWidget *widget)
-    {
-        const auto wearer = m_wearers.find(widget);
-        return wearer == m_wearers.end() ? nullptr : &*wearer;
-    }
-
-    QVector<QPointer<QWidget>> widgets() const
-    {
-        QVector<QPointer<QWidget>> widgets;
-        widgets.reserve(m_wearers.size());
-        for (const Wearer &wearer : m_wearers)
-            widgets.append(wearer.widget);
-        return widgets;
-    }
-
-private:
-    void clearAway()
-    {
-        for (auto wearer = m_wearers.begin(); wearer != m_wearers.end();) {
-            if (wearer->widget)
-                ++wearer;
-            else
-                wearer = m_wearers.erase(wearer);
-        }
-        m_clearAt = qMax(kFewestToClear, 2 * m_wearers.size());
-    }
-
-    QHash<QWidget *, Wearer> m_wearers;
-    int m_clearAt = kFewestToClear;
-};
-
-Wardrobe &wardrobe()
-{
-    static Wardrobe wardrobe;
-    return wardrobe;
+    static QHash<QWidget *, Wearer> wearers;
+    return wearers;
 }
 
-int looks = 1; // in force so far
-
-// The sheets with the colours of the look in force.
-QHash<const char *, QString> &coloredSheets()
+// The sheets in the look in force, shared by all who wear them.
+QHash<Sheet, QString> &texts()
 {
-    static QHash<const char *, QString> sheets;
-    return sheets;
+    static QHash<Sheet, QString> texts;
+    return texts;
+}
+
+void clearAway()
+{
+    static int clearAt = kFewestToClear;
+    if (wearers().size() < clearAt)
+        return;
+    QHash<QWidget *, Wearer> living;
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets) {
+        const auto wearer = wearers().constFind(widget);
+        if (wearer != wearers().constEnd())
+            living.insert(widget, *wearer);
+    }
+    wearers().swap(living);
+    clearAt = qMax(kFewestToClear, 2 * int(wearers().size()));
 }
 
 bool isInName(QChar character)
@@ -122,73 +90,60 @@ QString withArguments(const QString &sheet, const QStringList &arguments)
     return text.append(sheet.constData() + done, sheet.size() - done);
 }
 
+// A sheet and its text in the look in force.
+QHash<Sheet, QString>::const_iterator known(const Sheet &sheet)
+{
+    const auto found = texts().constFind(sheet);
+    if (found != texts().constEnd())
+        return found;
+    if (texts().size() >= kMostTexts)
+        texts().clear();
+    return texts().insert(sheet, withArguments(colored(QString::fromLatin1(sheet.first)), sheet.second));
+}
+
+// In a dark look pictures may have come or gone.
+QString withPictures(const QString &text)
+{
+    return LookTable::instance().isDark() ? LookPictures::inSheet(text) : text;
+}
+
 void followOne(QWidget *widget)
 {
-    Wearer *const wearer = wardrobe().find(widget);
-    if (!wearer)
+    widget->update(); // it may paint with colours by itself
+    const auto wearer = wearers().find(widget);
+    if (wearer == wearers().end() || widget->styleSheet() != wearer->text)
         return;
-    if (wearer->paints)
-        widget->update();
-    if (wearer->follow) {
-        wearer->follow(widget); // last, as below
-        return;
-    }
-    if (!wearer->sheet || widget->styleSheet() != wearer->text)
-        return;
-    const QString text = LookSheets::text(wearer->sheet, wearer->arguments);
-    if (text == wearer->text)
-        return;
-    wearer->text = text;
-    wearer->look = looks;
-    widget->setStyleSheet(text); // last: the widget is told, and the client
+    const QString text = withPictures(*known(wearer->sheet));
+    if (text != std::exchange(wearer->text, text))
+        widget->setStyleSheet(text); // last: the widget is told, and the client
 }
 
 } // namespace
 
-QString LookSheets::text(const char *sheet, const QStringList &arguments)
+QString LookSheets::text(const char *sheet)
 {
-    QString &known = coloredSheets()[sheet];
-    if (known.isNull())
-        known = colored(QString::fromLatin1(sheet));
-    const QString text = arguments.isEmpty() ? known : withArguments(known, arguments);
-    return LookTable::instance().isDark() ? LookPictures::inSheet(text) : text;
+    return withPictures(*known({sheet, {}}));
 }
 
 void LookSheets::apply(QWidget *widget, const char *sheet, const QStringList &arguments)
 {
-    Wearer &wearer = wardrobe().entry(widget);
-    const bool isAnother = wearer.sheet != sheet || wearer.look != looks || wearer.arguments != arguments;
-    if (isAnother || LookTable::instance().isDark()) { // where pictures may have come or gone
-        wearer.sheet = sheet;
-        wearer.look = looks;
-        wearer.arguments = arguments;
-        wearer.text = text(sheet, arguments);
-    }
-    const QString sheetText = wearer.text;
-    applyStateSheet(widget, sheetText);
+    clearAway();
+    const auto shared = known({sheet, arguments});
+    const QString text = withPictures(*shared);
+    wearers().insert(widget, {shared.key(), text});
+    applyStateSheet(widget, text);
 }
 
 void LookSheets::forget(QWidget *widget)
 {
-    wardrobe().forget(widget);
-}
-
-void LookSheets::repaint(QWidget *widget)
-{
-    wardrobe().entry(widget).paints = true;
-}
-
-void LookSheets::repaint(QWidget *widget, void (*follow)(QWidget *))
-{
-    repaint(widget);
-    wardrobe().entry(widget).follow = follow;
+    wearers().remove(widget);
 }
 
 void LookSheets::follow()
 {
-    ++looks;
-    coloredSheets().clear();
-    const QVector<QPointer<QWidget>> widgets = wardrobe().widgets();
+    texts().clear();
+    const QWidgetList all = QApplication::allWidgets();
+    const QVector<QPointer<QWidget>> widgets(all.cbegin(), all.cend());
     for (const QPointer<QWidget> &widget : widgets) {
         if (widget)
             followOne(widget);

@@ -14,7 +14,7 @@ class QWidget;
 namespace LookSheets {
 
 /// The sheet in the look in force.
-QString text(const char *sheet, const QStringList &arguments = {});
+QString text(const char *sheet);
 
 /// Gives `widget` the sheet, now and in every look to come. One that is in force already is set once more only where it
 /// may have another effect by now, see applyStateSheet().
@@ -23,13 +23,8 @@ void apply(QWidget *widget, const char *sheet, const QStringList &arguments = {}
 /// Leaves what `widget` wears to the client.
 void forget(QWidget *widget);
 
-/// Has `widget` painted anew in every look to come, as it paints with colours by itself.
-void repaint(QWidget *widget);
-
-/// The same for a widget that wears no sheet of its own, with something to do before.
-void repaint(QWidget *widget, void (*follow)(QWidget *));
-
-/// Gives every widget what it wears in the look in force.
+/// Gives every widget what it wears in the look in force, and has all widgets painted anew: some paint with colours by
+/// themselves.
 void follow();
 
 } // namespace LookSheets

@@ -1,7 +1,6 @@
 #include "basemovedialogwithbackimage.h"
 
 #include "lookpictures.h"
-#include "looksheets.h"
 #include "looktable.h"
 #include "orvcommonlib.h"
 
@@ -54,7 +53,6 @@ BaseMoveDialogWithBackImage::BaseMoveDialogWithBackImage(QString imagePath, int 
     , m_right(right)
     , m_bottom(bottom)
 {
-    LookSheets::repaint(this);
 }
 
 BaseMoveDialogWithBackImage::~BaseMoveDialogWithBackImage() = default;

@@ -63,7 +63,6 @@ CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth,
 {
     setOrientation(Qt::Horizontal);
     LookSheets::apply(this, kStyleSheet);
-    LookSheets::repaint(this);
 }
 
 CustomBidirectionSlider::~CustomBidirectionSlider() = default;

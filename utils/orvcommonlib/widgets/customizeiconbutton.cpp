@@ -179,16 +179,10 @@ void CustomizeIconButton::keyPressEvent(QKeyEvent *event)
         Q_EMIT clicked();
 }
 
-void CustomizeIconButton::focusInEvent(QFocusEvent *event)
+bool CustomizeIconButton::event(QEvent *event)
 {
     FocusMark::follow(this, event);
-    QWidget::focusInEvent(event);
-}
-
-void CustomizeIconButton::focusOutEvent(QFocusEvent *event)
-{
-    FocusMark::follow(this, event);
-    QWidget::focusOutEvent(event);
+    return QWidget::event(event);
 }
 
 void CustomizeIconButton::paintEvent(QPaintEvent *event)

@@ -1,7 +1,6 @@
 #include "custompicturebtn.h"
 
 #include "accessiblenotification.h"
-#include "looksheets.h"
 #include "looktable.h"
 
 #include <QtCore/QtMath>
@@ -17,7 +16,6 @@ constexpr int kTextAlignment = Qt::AlignLeft | Qt::AlignVCenter;
 CustomPictureBtn::CustomPictureBtn(QWidget *parent)
     : QPushButton(parent)
 {
-    LookSheets::repaint(this);
 }
 
 CustomPictureBtn::CustomPictureBtn(const QString &text, QWidget *parent)

@@ -408,16 +408,10 @@ void CustomShadowCombox::chooseFrom(int row, int step)
         slotCurrentIndexChanged(choice);
 }
 
-void CustomShadowCombox::focusInEvent(QFocusEvent *event)
+bool CustomShadowCombox::event(QEvent *event)
 {
     FocusMark::follow(this, event);
-    QWidget::focusInEvent(event);
-}
-
-void CustomShadowCombox::focusOutEvent(QFocusEvent *event)
-{
-    FocusMark::follow(this, event);
-    QWidget::focusOutEvent(event);
+    return QWidget::event(event);
 }
 
 // Runs for every event of the application, the list's own included: what does not concern an open list must leave

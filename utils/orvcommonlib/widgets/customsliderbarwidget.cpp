@@ -3,7 +3,6 @@
 #include "accessiblenotification.h"
 #include "bounded.h"
 #include "focusmark.h"
-#include "looksheets.h"
 #include "looktable.h"
 #include "plainkey.h"
 #include "pressgesture.h"
@@ -47,7 +46,6 @@ CustomSliderBarWidget::CustomSliderBarWidget(QWidget *parent)
     setAttribute(Qt::WA_AcceptTouchEvents);
     setContentsMargins(0, 0, 0, 0);
     setFixedSize(kSize);
-    LookSheets::repaint(this);
 }
 
 CustomSliderBarWidget::~CustomSliderBarWidget()
@@ -95,6 +93,7 @@ void CustomSliderBarWidget::setCurrentIndex(int index)
 
 bool CustomSliderBarWidget::event(QEvent *event)
 {
+    FocusMark::follow(this, event);
     const QPointer<CustomSliderBarWidget> guard(this);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
@@ -136,18 +135,6 @@ void CustomSliderBarWidget::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
         break;
     }
-}
-
-void CustomSliderBarWidget::focusInEvent(QFocusEvent *event)
-{
-    FocusMark::follow(this, event);
-    QWidget::focusInEvent(event);
-}
-
-void CustomSliderBarWidget::focusOutEvent(QFocusEvent *event)
-{
-    FocusMark::follow(this, event);
-    QWidget::focusOutEvent(event);
 }
 
 void CustomSliderBarWidget::choose(qint64 wanted)

@@ -147,7 +147,6 @@ void customWrapTextToolTip::initWindow()
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_TranslucentBackground);
     LookSheets::apply(m_textLabel, kLabelStyle);
-    LookSheets::repaint(this);
     AccessibleContent::mark(m_textLabel);
     AccessibleFactory::askForTypesFirst();
     installEventFilter(this);

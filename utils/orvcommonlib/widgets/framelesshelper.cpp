@@ -16,9 +16,10 @@
 
 namespace {
 
-constexpr unsigned int kDefaultBorderWidth = 5;
-constexpr unsigned int kDefaultTitleHeight = 50;
-constexpr unsigned int kDefaultRightBottomExtra = 10;
+constexpr Qt::Edges kTopLeft = Qt::TopEdge | Qt::LeftEdge;
+constexpr Qt::Edges kBottomLeft = Qt::BottomEdge | Qt::LeftEdge;
+constexpr Qt::Edges kTopRight = Qt::TopEdge | Qt::RightEdge;
+constexpr Qt::Edges kBottomRight = Qt::BottomEdge | Qt::RightEdge;
 
 class WatchedWidgetState;
 
@@ -26,39 +27,29 @@ class WatchedWidgetState;
 class EdgeHitTest
 {
 public:
-    EdgeHitTest() { reset(); }
-
-    void reset();
     void hitTest(const QPoint &globalPos, const QRect &frameRect, const FramelessHelperState &helper);
 
+    bool onAnyEdge() const { return m_sides || m_onBottomRight; }
     /// The cursor that announces a resize from here, if there is one.
     std::optional<Qt::CursorShape> cursorShape() const;
-    /// The rectangle after the edges under the point have been pulled to `globalPos`; it may be invalid.
-    QRect pulled(const QRect &start, const QPoint &globalPos) const;
-    /// The edges that pulled() moves.
+    /// The edges that a resize from here pulls: of a frame so small that the point lies on more than one corner, those
+    /// of one of them.
     Qt::Edges pulledEdges() const;
-
-    bool onAnyEdge : 1;
-    bool onLeft : 1;
-    bool onRight : 1;
-    bool onTop : 1;
-    bool onBottom : 1;
-    bool onTopLeft : 1;
-    bool onBottomLeft : 1;
-    bool onTopRight : 1;
-    bool onBottomRight : 1;
+    /// The rectangle after these edges have been pulled to `globalPos`; it may be invalid.
+    QRect pulled(const QRect &start, const QPoint &globalPos) const;
 
     // The settings that all helpers of the process share.
-    static unsigned int borderWidth;
-    static unsigned int titleHeight;
-    static unsigned int rightBottomExtra;
-    static bool rightBottomEnlarged;
-};
+    static inline unsigned int borderWidth = 5;
+    static inline unsigned int titleHeight = 50;
+    static inline unsigned int rightBottomExtra = 10;
+    static inline bool rightBottomEnlarged = false;
 
-unsigned int EdgeHitTest::borderWidth = kDefaultBorderWidth;
-unsigned int EdgeHitTest::titleHeight = kDefaultTitleHeight;
-unsigned int EdgeHitTest::rightBottomExtra = kDefaultRightBottomExtra;
-bool EdgeHitTest::rightBottomEnlarged = false;
+private:
+    bool isOn(Qt::Edges corner) const { return (m_sides & corner) == corner; }
+
+    Qt::Edges m_sides;
+    bool m_onBottomRight = false; // a corner that may be larger than where its sides meet
+};
 
 } // namespace
 
@@ -90,13 +81,6 @@ bool isWithin(qint64 low, qint64 value, qint64 high)
     return low <= value && value <= high;
 }
 
-void EdgeHitTest::reset()
-{
-    onAnyEdge = false;
-    onLeft = onRight = onTop = onBottom = false;
-    onTopLeft = onBottomLeft = onTopRight = onBottomRight = false;
-}
-
 void EdgeHitTest::hitTest(const QPoint &globalPos, const QRect &frameRect, const FramelessHelperState &helper)
 {
     const qint64 border = asSigned(borderWidth);
@@ -106,79 +90,58 @@ void EdgeHitTest::hitTest(const QPoint &globalPos, const QRect &frameRect, const
     const qint64 right = left + frameRect.width();
     const qint64 bottom = top + frameRect.height();
 
-    onLeft = helper.dragLeft && isWithin(left, globalPos.x(), left + border);
-    onRight = helper.dragRight && isWithin(right - border, globalPos.x(), right);
-    onTop = helper.dragTop && isWithin(top, globalPos.y(), top + border);
-    onBottom = helper.dragBottom && isWithin(bottom - border, globalPos.y(), bottom);
+    m_sides.setFlag(Qt::LeftEdge, helper.dragLeft && isWithin(left, globalPos.x(), left + border));
+    m_sides.setFlag(Qt::RightEdge, helper.dragRight && isWithin(right - border, globalPos.x(), right));
+    m_sides.setFlag(Qt::TopEdge, helper.dragTop && isWithin(top, globalPos.y(), top + border));
+    m_sides.setFlag(Qt::BottomEdge, helper.dragBottom && isWithin(bottom - border, globalPos.y(), bottom));
 
-    onTopLeft = onTop && onLeft;
-    onBottomLeft = onBottom && onLeft;
-    onTopRight = onTop && onRight;
-    onBottomRight = onBottom && onRight;
-    onAnyEdge = onLeft || onRight || onTop || onBottom;
-
-    if (rightBottomEnlarged) {
-        const qint64 reach = border + asSigned(rightBottomExtra);
-        onBottomRight =
-            isWithin(right - reach, globalPos.x(), right) && isWithin(bottom - reach, globalPos.y(), bottom);
-        onAnyEdge = onAnyEdge || onBottomRight;
-    }
+    const qint64 reach = border + asSigned(rightBottomExtra);
+    m_onBottomRight = rightBottomEnlarged ? isWithin(right - reach, globalPos.x(), right) &&
+                                                isWithin(bottom - reach, globalPos.y(), bottom)
+                                          : isOn(kBottomRight);
 }
 
 std::optional<Qt::CursorShape> EdgeHitTest::cursorShape() const
 {
-    if (onTopLeft || onBottomRight)
+    if (isOn(kTopLeft) || m_onBottomRight)
         return Qt::SizeFDiagCursor;
-    if (onBottomLeft || onTopRight)
+    if (isOn(kBottomLeft) || isOn(kTopRight))
         return Qt::SizeBDiagCursor;
-    if (onLeft || onRight)
+    if (m_sides & (Qt::LeftEdge | Qt::RightEdge))
         return Qt::SizeHorCursor;
-    if (onTop || onBottom)
+    if (m_sides)
         return Qt::SizeVerCursor;
     return std::nullopt;
 }
 
-QRect EdgeHitTest::pulled(const QRect &start, const QPoint &globalPos) const
-{
-    QPoint topLeft = start.topLeft();
-    QPoint bottomRight = start.bottomRight();
-    if (onTopLeft) {
-        topLeft = globalPos;
-    } else if (onBottomLeft) {
-        topLeft.setX(globalPos.x());
-        bottomRight.setY(globalPos.y());
-    } else if (onTopRight) {
-        bottomRight.setX(globalPos.x());
-        topLeft.setY(globalPos.y());
-    } else if (onBottomRight) {
-        bottomRight = globalPos;
-    } else if (onLeft) {
-        topLeft.setX(globalPos.x());
-    } else if (onRight) {
-        bottomRight.setX(globalPos.x());
-    } else if (onTop) {
-        topLeft.setY(globalPos.y());
-    } else if (onBottom) {
-        bottomRight.setY(globalPos.y());
-    }
-    return {topLeft, bottomRight};
-}
-
 Qt::Edges EdgeHitTest::pulledEdges() const
 {
-    if (onTopLeft)
-        return Qt::TopEdge | Qt::LeftEdge;
-    if (onBottomLeft)
-        return Qt::BottomEdge | Qt::LeftEdge;
-    if (onTopRight)
-        return Qt::TopEdge | Qt::RightEdge;
-    if (onBottomRight)
-        return Qt::BottomEdge | Qt::RightEdge;
-    if (onLeft)
-        return Qt::LeftEdge;
-    if (onRight)
-        return Qt::RightEdge;
-    return onTop ? Qt::TopEdge : Qt::BottomEdge;
+    for (const Qt::Edges corner : {kTopLeft, kBottomLeft, kTopRight}) {
+        if (isOn(corner))
+            return corner;
+    }
+    if (m_onBottomRight)
+        return kBottomRight;
+    for (const Qt::Edge side : {Qt::LeftEdge, Qt::RightEdge, Qt::TopEdge}) {
+        if (m_sides.testFlag(side))
+            return side;
+    }
+    return Qt::BottomEdge;
+}
+
+QRect EdgeHitTest::pulled(const QRect &start, const QPoint &globalPos) const
+{
+    const Qt::Edges edges = pulledEdges();
+    QRect pulled = start;
+    if (edges.testFlag(Qt::LeftEdge))
+        pulled.setLeft(globalPos.x());
+    if (edges.testFlag(Qt::RightEdge))
+        pulled.setRight(globalPos.x());
+    if (edges.testFlag(Qt::TopEdge))
+        pulled.setTop(globalPos.y());
+    if (edges.testFlag(Qt::BottomEdge))
+        pulled.setBottom(globalPos.y());
+    return pulled;
 }
 
 /// Puts back the edge that was pulled so far that the rectangle became smaller than the minimum size.
@@ -225,7 +188,7 @@ private:
     void handleMouseMove(const QMouseEvent *event);
     void handleHoverMove(const QHoverEvent *event);
     void handleLeave();
-    bool isResize() const { return m_helperState->resizable && m_pressEdges.onAnyEdge; }
+    bool isResize() const { return m_helperState->resizable && m_pressEdges.onAnyEdge(); }
     bool isMove() const { return !isResize() && m_helperState->movable && m_titlePressed; }
     bool handOver();
 
@@ -316,7 +279,7 @@ void WatchedWidgetState::handlePress(const QMouseEvent *event)
 
     m_press.begin();
     const bool banded =
-        m_pressEdges.onAnyEdge ? m_helperState->rubberBandResize : m_helperState->rubberBandMove;
+        m_pressEdges.onAnyEdge() ? m_helperState->rubberBandResize : m_helperState->rubberBandMove;
     if (banded && m_rubberBand) {
         m_rubberBand->setGeometry(frame);
         m_rubberBand->show();

@@ -204,14 +204,8 @@ void HorizontalSlider::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
 }
 
-void HorizontalSlider::focusInEvent(QFocusEvent *event)
+bool HorizontalSlider::event(QEvent *event)
 {
     FocusMark::follow(this, event);
-    QWidget::focusInEvent(event);
-}
-
-void HorizontalSlider::focusOutEvent(QFocusEvent *event)
-{
-    FocusMark::follow(this, event);
-    QWidget::focusOutEvent(event);
+    return QWidget::event(event);
 }

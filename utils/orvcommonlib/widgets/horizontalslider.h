@@ -155,13 +155,12 @@ protected:
     /// Takes over the value nearest to the handle. A handle outside its travel changes nothing.
     void updateValue();
 
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     Q_DISABLE_COPY(HorizontalSlider)

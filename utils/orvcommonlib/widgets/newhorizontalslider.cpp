@@ -189,14 +189,8 @@ void NewHorizontalSlider::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
 }
 
-void NewHorizontalSlider::focusInEvent(QFocusEvent *event)
+bool NewHorizontalSlider::event(QEvent *event)
 {
     FocusMark::follow(this, event);
-    QWidget::focusInEvent(event);
-}
-
-void NewHorizontalSlider::focusOutEvent(QFocusEvent *event)
-{
-    FocusMark::follow(this, event);
-    QWidget::focusOutEvent(event);
+    return QWidget::event(event);
 }

@@ -4,6 +4,7 @@
 #include "lookpictures.h"
 #include "looksheets.h"
 #include "looktable.h"
+#include "orvlook.h"
 
 #include <QtCore/QMargins>
 #include <QtGui/QMovie>
@@ -42,8 +43,7 @@ PopupLoadingDlgWithMask::PopupLoadingDlgWithMask(QSize dialogSize, QSize boxSize
     setFixedSize(dialogSize);
     setWindowFlags(windowFlags() | Qt::Tool);
     setAttribute(Qt::WA_DeleteOnClose);
-    LookSheets::repaint(
-        this, [](QWidget *dialog) { static_cast<PopupLoadingDlgWithMask *>(dialog)->followLook(); });
+    connect(OrvLook::instance(), &OrvLook::changed, this, &PopupLoadingDlgWithMask::followLook);
 
     // Truncated: what is left of an odd difference goes to the right or bottom.
     const int horizontal = (dialogSize.width() - boxSize.width()) / 2;
