@@ -68,7 +68,6 @@ ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int left, int top,
 {
     setWindowFlags(windowFlags() | Qt::Tool);
     initUI();
-    polishBeforeRows();
 }
 
 ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int margin, int rowHeight, QWidget *parent)
@@ -84,7 +83,6 @@ ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int margin, int ro
 {
     setWindowFlags(windowFlags() | Qt::Tool);
     initSmallUI();
-    polishBeforeRows();
 }
 
 void ShadowPopupWidget::addItem(CustomComboxItem *row)
@@ -342,11 +340,4 @@ void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargi
 
     m_scrollArea->setWidget(m_content);
     layout->addWidget(m_scrollArea);
-}
-
-// A widget that is shown has all polished that stands in it, the rows of a closed list included, but nothing
-// below what has been polished already.
-void ShadowPopupWidget::polishBeforeRows()
-{
-    ensurePolished();
 }

@@ -76,7 +76,6 @@ private:
     void initSmallUI();
     void tellOpenOrClosed();
     void buildList(const QMargins &outerMargins, int contentMargin);
-    void polishBeforeRows();
     void place(CustomComboxItem *row, int index);
     void renumberFrom(int index);
     void showRowsThatFit();
