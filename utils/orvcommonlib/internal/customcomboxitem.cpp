@@ -5,7 +5,6 @@
 #include "looksheets.h"
 #include "stylesheetpainting.h"
 
-#include <QtGui/QFontMetrics>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -51,19 +50,28 @@ public:
 } // namespace
 
 CustomComboxItem::CustomComboxItem(QString text, QWidget *parent)
-    : LazilyStyled(parent)
-    , m_text(std::move(text))
-    , m_chinese(true)
-    , m_itemHeight(kItemHeight)
-    , m_fontSize(kFontSize)
-    , m_iconSize(kIconSize)
+    : CustomComboxItem(std::move(text), kFontSize, parent)
 {
-    initUI();
+}
+
+CustomComboxItem::CustomComboxItem(QString text, int fontSize, QWidget *parent)
+    : CustomComboxItem(false, std::move(text), kItemHeight, fontSize, kIconSize, parent)
+{
 }
 
 CustomComboxItem::CustomComboxItem(bool isSmall, QString text, QWidget *parent)
     : CustomComboxItem(isSmall, std::move(text), kSmallItemHeight, kSmallFontSize, kSmallIconSize, parent)
 {
+}
+
+CustomComboxItem::CustomComboxItem(QString text, QWidget *parent, bool isGray, bool isChinese)
+    : CustomComboxItem(std::move(text), parent)
+{
+    if (!isGray)
+        return;
+    m_badgeLabel = newImageLabel(isChinese ? kChineseBadgeSize : kBadgeSize);
+    LookSheets::apply(m_badgeLabel, isChinese ? kChineseBadgeStyle : kBadgeStyle);
+    setGrayState(true);
 }
 
 CustomComboxItem::CustomComboxItem(bool isSmall, QString text, int itemHeight, int fontSize, int iconSize,
@@ -78,50 +86,9 @@ CustomComboxItem::CustomComboxItem(bool isSmall, QString text, int itemHeight, i
     initUI();
 }
 
-CustomComboxItem::CustomComboxItem(QString text, QWidget *parent, bool isGray, bool isChinese)
-    : LazilyStyled(parent)
-    , m_text(std::move(text))
-    , m_gray(isGray)
-    , m_chinese(isChinese)
-    , m_itemHeight(kItemHeight)
-    , m_fontSize(kFontSize)
-    , m_iconSize(kIconSize)
-{
-    initUI();
-}
-
-CustomComboxItem::CustomComboxItem(QString text, int fontSize, QWidget *parent)
-    : LazilyStyled(parent)
-    , m_text(std::move(text))
-    , m_chinese(true)
-    , m_itemHeight(kItemHeight)
-    , m_fontSize(fontSize)
-    , m_iconSize(kIconSize)
-{
-    initUI();
-}
-
 CustomComboxItem *CustomComboxItem::newSmallRow(QString text, int itemHeight, QWidget *parent)
 {
     return new CustomComboxItem(true, std::move(text), itemHeight, kSmallFontSize, kSmallIconSize, parent);
-}
-
-void CustomComboxItem::setChecked(bool checked)
-{
-    m_checked = checked;
-    updateStyle();
-}
-
-void CustomComboxItem::setGrayState(bool gray)
-{
-    m_gray = gray;
-    updateStyle();
-}
-
-void CustomComboxItem::setHovered(bool hovered)
-{
-    m_hovered = hovered;
-    updateStyle();
 }
 
 void CustomComboxItem::setText(const QString &text)
@@ -130,19 +97,8 @@ void CustomComboxItem::setText(const QString &text)
         return;
     m_text = text;
     m_textLabel->setText(m_text);
-    m_elidedWidth = -1;
     elideText();
     AccessibleNotification::nameChanged(this);
-}
-
-void CustomComboxItem::setData(const QVariant &data)
-{
-    m_data = data;
-}
-
-void CustomComboxItem::setIndex(int index)
-{
-    m_index = index;
 }
 
 bool CustomComboxItem::eventFilter(QObject *watched, QEvent *event)
@@ -223,10 +179,6 @@ void CustomComboxItem::initUI()
 
     m_checkLabel = newImageLabel(QSize(m_iconSize, m_iconSize));
     LookSheets::apply(m_checkLabel, kCheckMarkStyle);
-    if (m_gray) {
-        m_badgeLabel = newImageLabel(m_chinese ? kChineseBadgeSize : kBadgeSize);
-        LookSheets::apply(m_badgeLabel, m_chinese ? kChineseBadgeStyle : kBadgeStyle);
-    }
     updateStyle();
 }
 
@@ -237,6 +189,12 @@ QLabel *CustomComboxItem::newImageLabel(QSize size)
     label->hide();
     layout()->addWidget(label);
     return label;
+}
+
+void CustomComboxItem::change(bool *flag, bool value)
+{
+    *flag = value;
+    updateStyle();
 }
 
 void CustomComboxItem::updateStyle()
@@ -258,14 +216,9 @@ void CustomComboxItem::updateLabels()
 
 void CustomComboxItem::elideText()
 {
-    const QFont &font = m_textLabel->font();
-    const int width = m_textLabel->width();
-    const bool hasWidth = m_textLabel->testAttribute(Qt::WA_Resized); // one that its layout gave it
-    if (!hasWidth || (m_elidedWidth == width && m_elidedFont == font))
+    if (!m_textLabel->testAttribute(Qt::WA_Resized)) // it has no width yet that its layout gave it
         return;
-    m_elidedWidth = width;
-    m_elidedFont = font;
-    m_textLabel->setText(QFontMetrics(font).elidedText(m_text, Qt::ElideRight, width));
+    m_textLabel->setText(m_textLabel->fontMetrics().elidedText(m_text, Qt::ElideRight, m_textLabel->width()));
 }
 
 void CustomComboxItem::applyRowStyle()

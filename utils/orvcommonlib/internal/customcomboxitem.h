@@ -7,7 +7,6 @@
 #include <QtCore/QPoint>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
-#include <QtGui/QFont>
 #include <QtWidgets/QWidget>
 
 class QLabel;
@@ -31,20 +30,20 @@ public:
     static CustomComboxItem *newSmallRow(QString text, int itemHeight, QWidget *parent);
 
     bool isChecked() const { return m_checked; }
-    void setChecked(bool checked);
+    void setChecked(bool checked) { change(&m_checked, checked); }
     bool isGray() const { return m_gray; }
     /// A row that becomes gray only here has no badge: just its text turns gray.
-    void setGrayState(bool gray);
+    void setGrayState(bool gray) { change(&m_gray, gray); }
     bool isHovered() const { return m_hovered; }
-    void setHovered(bool hovered);
+    void setHovered(bool hovered) { change(&m_hovered, hovered); }
 
     /// The full text; the label may show an elided copy.
     QString text() const { return m_text; }
     void setText(const QString &text);
     QVariant data() const { return m_data; }
-    void setData(const QVariant &data);
+    void setData(const QVariant &data) { m_data = data; }
     /// The row's position in its list, -1 at first.
-    void setIndex(int index);
+    void setIndex(int index) { m_index = index; }
 
     /// Reports a click, by the signal of a gray row or of any other.
     void click();
@@ -71,6 +70,7 @@ private:
 
     void initUI();
     QLabel *newImageLabel(QSize size);
+    void change(bool *flag, bool value);
     void updateStyle();
     void updateLabels();
     void elideText();
@@ -90,10 +90,7 @@ private:
     bool m_checked = false;
     bool m_hovered = false;
     bool m_gray = false;
-    bool m_chinese = false;
     int m_itemHeight;
     int m_fontSize;
     int m_iconSize;
-    QFont m_elidedFont; // with which, and for which width, the label's text was elided
-    int m_elidedWidth = -1;
 };

@@ -7,6 +7,7 @@
 #include "pressgesture.h"
 #include "stylesheetpainting.h"
 
+#include <QtCore/QMargins>
 #include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QHBoxLayout>
@@ -15,6 +16,8 @@
 namespace {
 
 constexpr QSize kHeaderSize(260, 48);
+constexpr QMargins kMargins(16, 0, 14, 0);
+constexpr QMargins kSmallMargins(8, 4, 4, 4);
 constexpr QSize kIconSize(20, 20);
 constexpr QSize kSmallIconSize(16, 16);
 
@@ -39,10 +42,7 @@ CustomComboxHeader::CustomComboxHeader(bool isSmallStyle, QWidget *parent)
     , m_smallStyle(isSmallStyle)
     , m_press(std::make_unique<PressGesture>(this))
 {
-    if (m_smallStyle)
-        initSmallUIStyle();
-    else
-        initUI();
+    initUI();
 }
 
 CustomComboxHeader::~CustomComboxHeader() = default;
@@ -125,34 +125,22 @@ void CustomComboxHeader::paintEvent(QPaintEvent *event)
 
 void CustomComboxHeader::initUI()
 {
-    setFixedSize(kHeaderSize);
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(16, 0, 14, 0);
-    layout->setSpacing(16);
-    buildRow(layout, kNormalTextStyle, kIconSize);
-}
-
-void CustomComboxHeader::initSmallUIStyle()
-{
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 4, 4, 4);
-    layout->setSpacing(4);
-    buildRow(layout, kSmallTextStyle, kSmallIconSize);
-}
-
-void CustomComboxHeader::buildRow(QHBoxLayout *layout, const char *textStyle, QSize iconSize)
-{
     setObjectName(QStringLiteral("CustomComboxHeader"));
+    if (!m_smallStyle)
+        setFixedSize(kHeaderSize);
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(m_smallStyle ? kSmallMargins : kMargins);
+    layout->setSpacing(m_smallStyle ? 4 : 16);
 
     m_textLabel = new HeaderText(this);
     m_textLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    LookSheets::apply(m_textLabel, textStyle);
+    LookSheets::apply(m_textLabel, m_smallStyle ? kSmallTextStyle : kNormalTextStyle);
     layout->addWidget(m_textLabel);
 
     layout->addItem(new QSpacerItem(1, 1, QSizePolicy::Expanding, QSizePolicy::Fixed));
 
     m_iconLabel = new QLabel(this);
-    m_iconLabel->setFixedSize(iconSize);
+    m_iconLabel->setFixedSize(m_smallStyle ? kSmallIconSize : kIconSize);
     LookSheets::apply(m_iconLabel, downArrowStyle());
     layout->addWidget(m_iconLabel);
 }

@@ -11,7 +11,6 @@
 
 class HeaderText;
 class PressGesture;
-class QHBoxLayout;
 class QLabel;
 
 /// The part of a CustomShadowCombox that is always seen: the current text, elided where it is too long, and an
@@ -79,8 +78,6 @@ private:
     Q_DISABLE_COPY(CustomComboxHeader)
 
     void initUI();
-    void initSmallUIStyle();
-    void buildRow(QHBoxLayout *layout, const char *textStyle, QSize iconSize);
     const char *downArrowStyle() const;
 
     QLabel *m_iconLabel = nullptr;

@@ -28,16 +28,6 @@ constexpr int kListMargin = 4;
 // The transparent shadow on each side of the list, by which it is wider than the header.
 constexpr int kShadowWidth = 4;
 
-QString popupImage()
-{
-    return QStringLiteral(":/images/images/combox/popup_bg.png");
-}
-
-QString smallPopupImage()
-{
-    return QStringLiteral(":/images/images/combox/popup_small.png");
-}
-
 } // namespace
 
 CustomShadowCombox::CustomShadowCombox(QWidget *parent)
@@ -465,41 +455,26 @@ void CustomShadowCombox::hideEvent(QHideEvent *event)
 void CustomShadowCombox::init()
 {
     setMouseTracking(true);
-    if (m_smallStyle)
-        initSmallStyleUI();
-    else
-        initUI();
-    if (QCoreApplication *application = QCoreApplication::instance())
-        application->installEventFilter(this);
-}
-
-void CustomShadowCombox::initUI()
-{
-    initLayout();
-    placeHeader(new CustomComboxHeader(this));
-    connectPopup(new ShadowPopupWidget(popupImage(), kListMargin, kListMargin, kListMargin, kListMargin,
-                                       kShadowWidth, this));
-}
-
-void CustomShadowCombox::initSmallStyleUI()
-{
-    initLayout();
-    placeHeader(new CustomComboxHeader(true, this));
-    connectPopup(new ShadowPopupWidget(smallPopupImage(), kListMargin, m_rowHeight, this));
-}
-
-void CustomShadowCombox::initLayout()
-{
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-}
-
-void CustomShadowCombox::placeHeader(CustomComboxHeader *header)
-{
-    m_header = header;
+    m_header = new CustomComboxHeader(m_smallStyle, this);
     connect(m_header, &CustomComboxHeader::signalClicked, this, &CustomShadowCombox::slotHeaderClicked);
-    layout()->addWidget(m_header);
+    layout->addWidget(m_header);
+
+    if (m_smallStyle)
+        m_popup = new ShadowPopupWidget(QStringLiteral(":/images/images/combox/popup_small.png"), kListMargin,
+                                        m_rowHeight, this);
+    else
+        m_popup = new ShadowPopupWidget(QStringLiteral(":/images/images/combox/popup_bg.png"), kListMargin,
+                                        kListMargin, kListMargin, kListMargin, kShadowWidth, this);
+    connect(m_popup, &ShadowPopupWidget::currentIndexChanged, this,
+            &CustomShadowCombox::slotCurrentIndexChanged);
+    connect(m_popup, &ShadowPopupWidget::currentGrayIndexChanged, this,
+            &CustomShadowCombox::slotCurrentGrayIndexChanged);
+    m_popup->hide();
+    if (QCoreApplication *application = QCoreApplication::instance())
+        application->installEventFilter(this);
 }
 
 void CustomShadowCombox::showText(const QString &text)
@@ -518,16 +493,6 @@ void CustomShadowCombox::keepListAtHeader(const QRect &before)
     const int lowerEnd = before.y() + before.height();
     if (lowerEnd <= m_header->mapToGlobal(QPoint(0, 0)).y())
         m_popup->move(before.x(), lowerEnd - m_popup->height());
-}
-
-void CustomShadowCombox::connectPopup(ShadowPopupWidget *popup)
-{
-    m_popup = popup;
-    connect(m_popup, &ShadowPopupWidget::currentIndexChanged, this,
-            &CustomShadowCombox::slotCurrentIndexChanged);
-    connect(m_popup, &ShadowPopupWidget::currentGrayIndexChanged, this,
-            &CustomShadowCombox::slotCurrentGrayIndexChanged);
-    m_popup->hide();
 }
 
 bool CustomShadowCombox::isPopupOpen() const

@@ -235,13 +235,8 @@ private:
     Q_DISABLE_COPY(CustomShadowCombox)
 
     void init();
-    void initUI();
-    void initSmallStyleUI();
-    void initLayout();
-    void placeHeader(CustomComboxHeader *header);
     void showText(const QString &text);
     void keepListAtHeader(const QRect &before);
-    void connectPopup(ShadowPopupWidget *popup);
     void writeCurrentIndex(int index);
 
     bool isPopupOpen() const;
