@@ -69,6 +69,9 @@ void MainWindow::resizeWithChildren(QWidget *window, FramelessHelper *helper)
     const int border = int(helper->borderWidth());
     window->setContentsMargins(border, border, border, border); // children leave the edges to the window
     //! [border for the helper]
+    //! [by the desktop]
+    helper->setSystemMoveResize(true); // snapping and tiling as the desktop has them
+    //! [by the desktop]
 }
 
 } // namespace frames_snippets

@@ -60,6 +60,10 @@ QPixmap pictureOf(const Sample &sample)
     if (panel)
         panel->show(); // where the button places it
     QCoreApplication::processEvents();
+    if (sample.isFocused) {
+        widget->clearFocus(); // which it may have as the only one that takes it
+        widget->setFocus(Qt::TabFocusReason);
+    }
     return framed(page.grab(), 0, ground);
 }
 

@@ -11,6 +11,7 @@ QVector<Sample> samples()
         {QStringLiteral("class-customcombox"), customCombox},
         {QStringLiteral("class-horizontalslider"), horizontalSlider, true},
         {QStringLiteral("class-newhorizontalslider"), newHorizontalSlider},
+        {QStringLiteral("class-focusmark"), focusedSlider, true, true},
         {QStringLiteral("class-ownskin"), ownSkin},
         {QStringLiteral("class-customslider"), customSlider},
         {QStringLiteral("class-custombidirectionslider"), customBidirectionSlider},

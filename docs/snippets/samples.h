@@ -9,7 +9,8 @@ struct Sample
 {
     QString name; ///< of its picture, without the suffix
     QWidget *(*make)(QWidget *page);
-    bool isOnDark = false; ///< it is made for dark grounds
+    bool isOnDark = false;  ///< it is made for dark grounds
+    bool isFocused = false; ///< it is shown with the focus
 };
 
 /// The examples that have something to show, each made by the lines that stand in the reference.
@@ -23,6 +24,7 @@ QWidget *customComboxHeader(QWidget *page);
 QWidget *customCombox(QWidget *page);
 QWidget *horizontalSlider(QWidget *page);
 QWidget *newHorizontalSlider(QWidget *page);
+QWidget *focusedSlider(QWidget *page);
 QWidget *ownSkin(QWidget *page);
 QWidget *customSlider(QWidget *page);
 QWidget *customBidirectionSlider(QWidget *page);

@@ -30,6 +30,16 @@ QWidget *newHorizontalSlider(QWidget *page)
     return slider;
 }
 
+QWidget *focusedSlider(QWidget *page)
+{
+    //! [keys]
+    auto *volume = new HorizontalSlider(page);
+    volume->setFocusPolicy(Qt::StrongFocus);
+    //! [keys]
+    volume->setValue(60);
+    return volume;
+}
+
 QWidget *ownSkin(QWidget *page)
 {
     //! [skin]
@@ -84,19 +94,10 @@ namespace sliders_snippets {
 class Volume : public QWidget
 {
 public:
-    void offerKeys(QWidget *page);
     void nameThem(QWidget *page, QWidget *toolBar, const QString &normal, const QString &checked,
                   const QString &hover, const QString &disabled);
     void disable(NewHorizontalSlider *slider);
 };
-
-void Volume::offerKeys(QWidget *page)
-{
-    //! [keys]
-    auto *volume = new HorizontalSlider(page);
-    volume->setFocusPolicy(Qt::StrongFocus);
-    //! [keys]
-}
 
 void Volume::nameThem(QWidget *page, QWidget *toolBar, const QString &normal, const QString &checked,
                       const QString &hover, const QString &disabled)

@@ -29,7 +29,7 @@
 /// \snippet frames.cpp BaseMoveDialogWithBackImage
 ///
 /// \since 1.0
-/// \sa totalcommon::NinePatch(), OrvLook, \ref guide_dialogs
+/// \sa totalcommon::NinePatch(), OrvLook, \ref guide_frames
 /// \ingroup frames
 class ORVCOMMONLIB_EXPORT BaseMoveDialogWithBackImage : public BaseMoveDialog
 {

@@ -57,9 +57,9 @@ public:
     /// \param showCloseButton false hides the close button, and its place in the title row collapses
     /// \param movable the user may drag the dialog
     /// \param transparentBody the body gets a transparent background, by a style sheet of its own that names no widget:
-    ///        everything inside gets it as well, buttons, lists and line edits of the client's too, and loses the
-    ///        platform's look by that. What is to have a ground needs a sheet of its own. Without
-    ///        `translucentBackground` the dialog's own ground shows through.
+    ///        everything inside gets it as well, and line edits, lists and texts of the client's lose their grounds by
+    ///        that. What is to have one needs a sheet of its own. Without `translucentBackground` the dialog's own
+    ///        ground shows through.
     /// \param modal see setModal()
     /// \param translucentBackground what no style sheet paints is see-through
     CommonPopupDialog(QWidget *parent, QString title, QSize size, bool showCloseButton, bool movable,

@@ -25,7 +25,7 @@
 /// \snippet sliders.cpp CustomBidirectionSlider
 ///
 /// \since 1.0
-/// \sa NewHorizontalSlider, QSlider, \ref guide_dialogs
+/// \sa NewHorizontalSlider, QSlider, \ref guide_sliders, \ref guide_dialogs
 /// \ingroup sliders
 class ORVCOMMONLIB_EXPORT CustomBidirectionSlider : public QSlider
 {

@@ -42,7 +42,7 @@ class QSpacerItem;
 /// \snippet buttons.cpp CustomizeIconButton
 ///
 /// \since 1.0
-/// \sa CustomPictureBtn, QPushButton
+/// \sa CustomPictureBtn, QPushButton, \ref guide_buttons
 /// \ingroup buttons
 class ORVCOMMONLIB_EXPORT CustomizeIconButton : public QWidget
 {

@@ -32,7 +32,7 @@
 /// \snippet buttons.cpp CustomPictureBtn
 ///
 /// \since 1.0
-/// \sa CustomizeIconButton, QPushButton
+/// \sa CustomizeIconButton, QPushButton, \ref guide_buttons
 /// \ingroup buttons
 class ORVCOMMONLIB_EXPORT CustomPictureBtn : public QPushButton
 {

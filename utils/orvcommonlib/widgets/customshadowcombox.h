@@ -53,7 +53,7 @@ class ShadowPopupWidget;
 /// \snippet comboboxes.cpp CustomShadowCombox
 ///
 /// \since 1.0
-/// \sa customcombox, QComboBox, \ref guide_combo_box
+/// \sa customcombox, QComboBox, \ref guide_combo_box, \ref guide_logging
 /// \ingroup combos
 class ORVCOMMONLIB_EXPORT CustomShadowCombox : public QWidget
 {

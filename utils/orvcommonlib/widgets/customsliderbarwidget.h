@@ -41,7 +41,7 @@ class SkinPainter;
 /// \snippet sliders.cpp CustomSliderBarWidget
 ///
 /// \since 1.0
-/// \sa NewHorizontalSlider, QSlider
+/// \sa NewHorizontalSlider, QSlider, \ref guide_sliders
 /// \ingroup sliders
 class ORVCOMMONLIB_EXPORT CustomSliderBarWidget : public QWidget
 {

@@ -49,7 +49,7 @@ enum SettingWidgetDirection : int {
 /// \snippet buttons.cpp CustomToolButton
 ///
 /// \since 1.0
-/// \sa QToolButton
+/// \sa QToolButton, \ref guide_buttons, \ref guide_logging
 /// \ingroup buttons
 class ORVCOMMONLIB_EXPORT CustomToolButton : public QToolButton
 {

@@ -45,7 +45,7 @@ struct FramelessHelperState;
 /// \snippet frames.cpp FramelessHelper
 ///
 /// \since 1.0
-/// \sa BaseMoveDialog, QWindow::startSystemMove(), QWindow::startSystemResize()
+/// \sa BaseMoveDialog, \ref guide_frames, QWindow::startSystemMove(), QWindow::startSystemResize()
 /// \ingroup frames
 class ORVCOMMONLIB_EXPORT FramelessHelper : public QObject
 {
