@@ -1,94 +1,15 @@
 #include "logcapture.h"
 #include "orvresloader.h"
+#include "plainloader.h"
 #include "seed.h"
 #include "testmain.h"
 #include "themefolder.h"
 
 #include <QtCore/QFile>
-#include <QtCore/QMap>
 #include <QtCore/QRandomGenerator>
-#include <QtCore/QRegularExpression>
-#include <QtCore/QSettings>
 #include <QtTest/QTest>
 
 namespace {
-
-/// What a loader is measured by: the same steps, each reference replaced in the whole text before the next
-/// one.
-class PlainLoader
-{
-public:
-    void loadThemeFile(const QString &fileName)
-    {
-        QSettings theme(fileName, QSettings::IniFormat);
-        m_log << QStringLiteral("theme name: \"%1\"")
-                     .arg(theme.value(QStringLiteral("ThemeName"), QVariant()).toString());
-        insertKeys(theme);
-        const QStringList groups = theme.childGroups();
-        for (const QString &group : groups) {
-            theme.beginGroup(group);
-            insertKeys(theme);
-            theme.endGroup();
-        }
-        for (QString &value : m_values) {
-            QString resolved = value;
-            const QStringList found = references(value);
-            for (const QString &reference : found)
-                resolved.replace(reference, valueOf(reference), Qt::CaseSensitive);
-            value = resolved;
-        }
-    }
-
-    QString appendQssFile(const QString &fileName)
-    {
-        QFile file(fileName);
-        QString text;
-        if (file.open(QIODevice::ReadOnly))
-            text = QString::fromUtf8(file.readAll());
-        QStringList found = references(text);
-        found.removeDuplicates();
-        for (const QString &reference : qAsConst(found))
-            text.replace(reference, valueOf(reference), Qt::CaseSensitive);
-        m_sheet += text;
-        return m_sheet;
-    }
-
-    QStringList log() const { return m_log; }
-
-private:
-    static QStringList references(const QString &text)
-    {
-        static const QRegularExpression pattern(QStringLiteral("(@(\\w+)|@{(\\w+)})"));
-        QStringList result;
-        QRegularExpressionMatchIterator matches = pattern.globalMatch(text);
-        while (matches.hasNext())
-            result << matches.next().captured(0);
-        return result;
-    }
-
-    void insertKeys(const QSettings &theme)
-    {
-        const QStringList keys = theme.childKeys();
-        for (const QString &key : keys)
-            m_values.insert(key, theme.value(key).toString());
-    }
-
-    QString valueOf(const QString &reference)
-    {
-        QString name = reference;
-        name.remove(QLatin1Char('@'));
-        name.remove(QLatin1Char('{'));
-        name.remove(QLatin1Char('}'));
-        QString value = m_values.value(name);
-        if (value.isEmpty())
-            m_log << QStringLiteral("\"%1\" not exist").arg(name);
-        return value;
-    }
-
-    QMap<QString, QString> m_values;
-    QString m_sheet;
-    QStringList m_log;
-};
 
 /// Small random themes and sheets of few characters, so that names are prefixes of one another, values hold
 /// references and replacements join to new ones.

@@ -2,6 +2,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
+#include <QtCore/QIODevice>
 #include <QtCore/QMap>
 #include <QtCore/QResource>
 #include <QtCore/QString>
@@ -55,7 +56,9 @@ private:
             nameStream << quint16(name->size()) << name.key();
             for (const QChar letter : *name)
                 nameStream << letter.unicode();
-            dataStream << files.value(*name); // a byte array is its size and its bytes
+            // A byte array is its size and its bytes, but for a null one, which is another number alone.
+            const QByteArray file = files.value(*name);
+            dataStream << (file.isNull() ? QByteArray("") : file);
         }
 
         constexpr quint32 kHeader = 20;
