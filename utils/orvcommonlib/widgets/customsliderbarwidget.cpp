@@ -197,7 +197,7 @@ void CustomSliderBarWidget::paintEvent(QPaintEvent *)
     painter.paintColored(
         QStringLiteral("background.svg"), area(), SkinPainter::pixelSize(area().size(), ratio),
         {0, std::trunc(double(fillX()) * ratio) + 1}, lookColor(QStringLiteral("stepsValue")));
-    const qint64 reached = bounded<qint64>(0, qint64(m_currentIndex) + 1, m_count);
+    const auto reached = bounded<qint64>(0, qint64(m_currentIndex) + 1, m_count);
     paintMarks(&painter, QStringLiteral("item_active.svg"), 0, reached);
     paintMarks(&painter, QStringLiteral("item.svg"), reached, m_count);
     painter.paint(QStringLiteral("select.svg"), squareAt(fillX(), kKnobSide));
