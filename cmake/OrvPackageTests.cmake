@@ -47,7 +47,13 @@ add_test(NAME package_install COMMAND ${CMAKE_COMMAND}
 set_tests_properties(package_install PROPERTIES FIXTURES_SETUP package)
 
 orv_add_consumer_test(package_consumer consumer PROGRAM consumer OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE})
-orv_add_consumer_test(package_example_messages ../examples/messages OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE})
+
+# The examples are built once each; tests/examples runs them.
+foreach(example IN ITEMS combo hotkey livestudio mask messages slider theme toolbutton)
+    orv_add_consumer_test(package_example_${example} ../examples/${example}
+        OPTIONS -DCMAKE_BUILD_TYPE=Release -DCMAKE_UNITY_BUILD=ON -DQT_DEFAULT_MAJOR_VERSION=${ORV_QT_MAJOR})
+    set_tests_properties(package_example_${example} PROPERTIES FIXTURES_SETUP example_${example})
+endforeach()
 find_package(PkgConfig QUIET)
 if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
     orv_add_consumer_test(package_pkg_config consumer PROGRAM consumer
