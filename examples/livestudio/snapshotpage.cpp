@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr QSize kThumbnail(112, 63);
+constexpr QSize kThumbnail(108, 61);
 constexpr int kThumbnailRadius = 6;
 
 // As many pixels as the screen has for it.
@@ -39,7 +39,7 @@ SnapshotPage::SnapshotPage(QWidget *parent)
     m_list->setResizeMode(QListView::Adjust);
     m_list->setMovement(QListView::Static);
     m_list->setIconSize(kThumbnail);
-    m_list->setGridSize(kThumbnail + QSize(11, 12));
+    m_list->setGridSize(kThumbnail + QSize(10, 10));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_list);

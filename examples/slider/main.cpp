@@ -12,14 +12,15 @@ int main(int argc, char **argv)
     QWidget window;
     auto *temperature = new HorizontalSlider(&window, /*bidirectional*/ true, /*zeroFlag*/ true);
     temperature->setSkinPath(":/skin/");
-    temperature->setGrooveHeight(6); // the groove is drawn into 206 x 6, whatever the file's own size
+    temperature->setGrooveHeight(
+        10); // groove.svg is drawn into 206 x 10, the room above and below the line included
     temperature->setHandleSize(QSize(14, 14));
     temperature->setValueColor(QColor("#E4572E")); // of the groove, from the centre to the handle
     temperature->setRange(-50, 50);
     temperature->setValue(20);
 
-    // The second kind has a size of its own, and looks for groove_bidirection.svg where it colours from the centre.
-    auto *loudness = new NewHorizontalSlider(QSize(206, 20), QSize(20, 20), /*bidirectional*/ false, &window);
+    // The second kind has a size of its own, which groove.svg fills, or groove_bidirection.svg where that is asked for.
+    auto *loudness = new NewHorizontalSlider(QSize(206, 14), QSize(14, 14), /*bidirectional*/ false, &window);
     loudness->setSkinPath(":/skin/");
     loudness->setValueColor(QColor("#E4572E"));
     loudness->setValue(70);

@@ -45,6 +45,7 @@ int main(int argc, char **argv)
     combo->setItems({"Front camera", "Desk camera"});
     combo->setCurrentIndex(0);
     combo->setFixedSize(260, 48);
+    combo->setHeaderStyle("QWidget#%1{border:1px solid gray;border-radius:8px;}");
     layout.addWidget(combo, 0, Qt::AlignHCenter);
     window.show();
     return application.exec();
