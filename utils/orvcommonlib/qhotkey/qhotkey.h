@@ -12,6 +12,7 @@ class QHotkeyPrivate;
 
 /// The category "QHotkey", in which everything about global hotkeys warns.
 /// \return the category, which lives as long as the library
+/// \relates QHotkey
 ORVCOMMONLIB_EXPORT const QLoggingCategory &logQHotkey();
 
 /// A keyboard shortcut of the whole desktop: it fires while any program has the focus.
@@ -221,9 +222,11 @@ Q_DECLARE_METATYPE(QHotkey::NativeShortcut)
 /// The key XOR the modifier.
 /// \param key the shortcut
 /// \return the hash
+/// \relates QHotkey::NativeShortcut
 ORVCOMMONLIB_EXPORT uint qHash(const QHotkey::NativeShortcut &key);
 /// The same for every seed: the seed cancels itself out, deliberately.
 /// \param key the shortcut
 /// \param seed of no effect
 /// \return the hash
+/// \relates QHotkey::NativeShortcut
 ORVCOMMONLIB_EXPORT uint qHash(const QHotkey::NativeShortcut &key, orvqt::HashSeed seed);

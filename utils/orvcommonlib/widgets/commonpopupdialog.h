@@ -34,7 +34,7 @@ class QVBoxLayout;
 /// \snippet dialogs.cpp CommonPopupDialog
 ///
 /// \since 1.0
-/// \sa BaseMoveDialog::moveOver(), PopupDlgWithMask, \ref guide_dialogs
+/// \sa BaseMoveDialog::moveOver(), PopupDlgWithMask, \ref guide_dialogs, \ref guide_logging
 /// \ingroup dialogs
 class ORVCOMMONLIB_EXPORT CommonPopupDialog : public BaseMoveDialog
 {

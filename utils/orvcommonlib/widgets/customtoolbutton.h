@@ -13,6 +13,7 @@ class PressGesture;
 class QTimer;
 
 /// The side of a CustomToolButton on which its attached panels open.
+/// \ingroup buttons
 enum SettingWidgetDirection : int {
     Bottom = 0, ///< centred under the button, the offset below it
     Left = 1,   ///< left of the button with a gap of 14, vertically centred
