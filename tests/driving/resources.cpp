@@ -1,8 +1,10 @@
 #include "resources.h"
 
 #include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QMutex>
 #include <QtCore/QSet>
 #include <QtCore/QStringList>
+#include <QtCore/QThread>
 
 #include <QtCore/private/qhooks_p.h>
 
@@ -10,16 +12,24 @@ namespace Resources {
 
 namespace {
 
-QSet<QObject *> *objects = nullptr;
+// Never destroyed: objects are, until the very end of the process, in any thread.
+struct Living
+{
+    QMutex mutex;
+    QSet<QObject *> objects;
+};
+Living *living = nullptr;
 
 void add(QObject *object)
 {
-    objects->insert(object);
+    const QMutexLocker lock(&living->mutex);
+    living->objects.insert(object);
 }
 
 void remove(QObject *object)
 {
-    objects->remove(object);
+    const QMutexLocker lock(&living->mutex);
+    living->objects.remove(object);
 }
 
 bool isMemory(const QString &name)
@@ -31,7 +41,7 @@ bool isMemory(const QString &name)
 
 void begin()
 {
-    objects = new QSet<QObject *>; // objects are destroyed until the very end
+    living = new Living;
     qtHookData[QHooks::AddQObject] = reinterpret_cast<quintptr>(&add);
     qtHookData[QHooks::RemoveQObject] = reinterpret_cast<quintptr>(&remove);
 }
@@ -39,10 +49,15 @@ void begin()
 Counts counted()
 {
     Counts counts;
-    counts.insert(QStringLiteral("objects"), objects->size());
     qint64 timers = 0;
-    for (QObject *object : qAsConst(*objects))
-        timers += QAbstractEventDispatcher::instance()->registeredTimers(object).size();
+    {
+        const QMutexLocker lock(&living->mutex);
+        counts.insert(QStringLiteral("objects"), living->objects.size());
+        for (QObject *object : qAsConst(living->objects)) {
+            if (object->thread() == QThread::currentThread()) // the dispatcher knows no others
+                timers += QAbstractEventDispatcher::instance()->registeredTimers(object).size();
+        }
+    }
     counts.insert(QStringLiteral("timers"), timers);
     countSystem(&counts);
     return counts;

@@ -1,6 +1,7 @@
 #include "customcombox.h"
 #include "customshadowcombox.h"
 #include "customtoolbutton.h"
+#include "orvmaskctrl.h"
 #include "scene.h"
 #include "soak.h"
 #include "widgets/shadowcombotesting.h"
@@ -78,7 +79,8 @@ void openLists(QWidget *window)
 void Soak::openAndCloseEverything(quint8 how)
 {
     const LogCapture quiet;
-    static QWidget window;
+    OrvMaskCtrl::setFollowsWindow(true);
+    QWidget window;
     window.resize(500, 400);
     window.show();
     const QVector<Kind> dialogs = dialogKinds();
