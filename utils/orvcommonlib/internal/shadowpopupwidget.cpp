@@ -78,11 +78,10 @@ ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int margin, int ro
     , m_right(margin)
     , m_bottom(margin)
     , m_rowHeight(rowHeight)
-    , m_smallMargin(margin)
     , m_small(true)
 {
     setWindowFlags(windowFlags() | Qt::Tool);
-    initSmallUI();
+    initUI();
 }
 
 void ShadowPopupWidget::addItem(CustomComboxItem *row)
@@ -119,13 +118,7 @@ void ShadowPopupWidget::removeItem(int index)
 
 void ShadowPopupWidget::clear()
 {
-    m_rows.clear();
-    while (m_contentLayout) {
-        const std::unique_ptr<QLayoutItem> item(m_contentLayout->takeAt(0));
-        if (!item)
-            break;
-        delete item->widget();
-    }
+    qDeleteAll(std::exchange(m_rows, {}));
     updateHeight();
 }
 
@@ -200,7 +193,7 @@ void ShadowPopupWidget::updateHeight()
 {
     if (!m_scrollArea)
         return;
-    const int padding = m_small ? 2 * m_smallMargin : kNormalPadding;
+    const int padding = m_small ? 2 * m_left : kNormalPadding;
     const int listHeight = padding + qMin(count(), m_maxVisibleRows) * m_rowHeight;
     m_scrollArea->setFixedHeight(listHeight);
     setFixedHeight(listHeight + m_top + m_bottom);
@@ -302,25 +295,23 @@ void ShadowPopupWidget::showRowsInViewSoon()
 
 void ShadowPopupWidget::initUI()
 {
-    buildList(QMargins(m_left, m_top, m_right, m_bottom), kContentMargin);
-    LookSheets::apply(m_scrollArea, kScrollAreaStyle);
-    LookSheets::apply(m_content, kContentStyle);
-}
-
-void ShadowPopupWidget::initSmallUI()
-{
-    const int m = m_smallMargin;
-    buildList(QMargins(m, m, m, m), m);
+    buildList(m_small ? m_left : kContentMargin);
+    if (!m_small) {
+        LookSheets::apply(m_scrollArea, kScrollAreaStyle);
+        LookSheets::apply(m_content, kContentStyle);
+        return;
+    }
+    const QString radius = QString::number(m_left);
     m_scrollArea->setObjectName(QStringLiteral("ScrollArea"));
-    LookSheets::apply(m_scrollArea, kSmallScrollAreaStyle, {m_scrollArea->objectName(), QString::number(m)});
+    LookSheets::apply(m_scrollArea, kSmallScrollAreaStyle, {m_scrollArea->objectName(), radius});
     m_content->setObjectName(QStringLiteral("ScrollContentWidget"));
-    LookSheets::apply(m_content, kSmallContentStyle, {m_content->objectName(), QString::number(m)});
+    LookSheets::apply(m_content, kSmallContentStyle, {m_content->objectName(), radius});
 }
 
-void ShadowPopupWidget::buildList(const QMargins &outerMargins, int contentMargin)
+void ShadowPopupWidget::buildList(int contentMargin)
 {
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(outerMargins);
+    layout->setContentsMargins(m_left, m_top, m_right, m_bottom);
     layout->setSpacing(0);
 
     m_scrollArea = new QScrollArea(this);

@@ -73,9 +73,8 @@ private:
     Q_DISABLE_COPY(ShadowPopupWidget)
 
     void initUI();
-    void initSmallUI();
     void tellOpenOrClosed();
-    void buildList(const QMargins &outerMargins, int contentMargin);
+    void buildList(int contentMargin);
     void place(CustomComboxItem *row, int index);
     void renumberFrom(int index);
     void showRowsThatFit();
@@ -95,6 +94,5 @@ private:
     QList<CustomComboxItem *> m_rows;
     int m_maxVisibleRows = 10;
     int m_rowHeight = 48;
-    int m_smallMargin = 0;
     bool m_small = false;
 };

@@ -86,31 +86,11 @@ QHotkey::~QHotkey()
         registry->abandon(this);
 }
 
-bool QHotkey::isRegistered() const
-{
-    return m_registered;
-}
-
 QKeySequence QHotkey::shortcut() const
 {
     if (m_keyCode == Qt::Key_unknown)
         return {};
     return {static_cast<int>(m_keyCode) | static_cast<int>(m_modifiers)};
-}
-
-Qt::Key QHotkey::keyCode() const
-{
-    return m_keyCode;
-}
-
-Qt::KeyboardModifiers QHotkey::modifiers() const
-{
-    return m_modifiers;
-}
-
-QHotkey::NativeShortcut QHotkey::currentNativeShortcut() const
-{
-    return m_nativeShortcut;
 }
 
 bool QHotkey::setRegistered(bool registered)
@@ -235,8 +215,7 @@ QHotkeyPrivate::~QHotkeyPrivate()
 QHotkey::NativeShortcut QHotkeyPrivate::nativeShortcut(Qt::Key keycode, Qt::KeyboardModifiers modifiers)
 {
     QHotkey::NativeShortcut result;
-    if (invokeInOwnThread("nativeShortcutInvoked", Q_RETURN_ARG(QHotkey::NativeShortcut, result),
-                          Q_ARG(Qt::Key, keycode), Q_ARG(Qt::KeyboardModifiers, modifiers)))
+    if (HotkeyCallGate::of(this)->call([&] { result = nativeShortcutInvoked(keycode, modifiers); }))
         return result;
     const bool isOwnThread = QThread::currentThread() == thread();
     qInfo() << "nativeShortcut--QMetaObject::invokeMethod --return false:--keycode:" << keycode
@@ -266,7 +245,7 @@ bool QHotkeyPrivate::addShortcut(QHotkey *hotkey)
     if (!hotkey || hotkey->m_registered)
         return false;
 
-    if (!changeInOwnThread("addShortcutInvoked", hotkey))
+    if (!changeInOwnThread(&QHotkeyPrivate::addShortcutInvoked, hotkey))
         return false;
     Q_EMIT hotkey->registeredChanged(true);
     return true;
@@ -290,7 +269,7 @@ bool QHotkeyPrivate::removeShortcut(QHotkey *hotkey)
         return false;
 
     const QPointer<QHotkey> survivor(hotkey);
-    if (!changeInOwnThread("removeShortcutInvoked", hotkey))
+    if (!changeInOwnThread(&QHotkeyPrivate::removeShortcutInvoked, hotkey))
         return false;
     if (survivor) // a slot that the removal has reached may have deleted it
         Q_EMIT survivor->registeredChanged(false);
@@ -324,21 +303,11 @@ bool QHotkeyPrivate::systemHolds(QHotkey::NativeShortcut /*shortcut*/)
     return true;
 }
 
-bool QHotkeyPrivate::invokeInOwnThread(const char *method, QGenericReturnArgument result,
-                                       QGenericArgument first, QGenericArgument second)
-{
-    bool invoked = false;
-    HotkeyCallGate::of(this)->call([&] {
-        invoked = QMetaObject::invokeMethod(this, method, Qt::DirectConnection, result, first, second);
-    });
-    return invoked;
-}
-
-bool QHotkeyPrivate::changeInOwnThread(const char *method, QHotkey *hotkey)
+bool QHotkeyPrivate::changeInOwnThread(bool (QHotkeyPrivate::*change)(QHotkey *), QHotkey *hotkey)
 {
     bool changed = false;
-    return invokeInOwnThread(method, Q_RETURN_ARG(bool, changed), QArgument<QHotkey *>("QHotkey*", hotkey)) &&
-           changed;
+    HotkeyCallGate::of(this)->call([&] { changed = (this->*change)(hotkey); });
+    return changed;
 }
 
 // A hotkey is destroyed in another thread while the registry's thread does not answer: should that thread

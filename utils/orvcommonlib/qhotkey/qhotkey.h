@@ -131,15 +131,15 @@ public:
     Q_DISABLE_COPY(QHotkey)
 
     /// \return whether the registry holds the hotkey
-    bool isRegistered() const;
+    bool isRegistered() const { return m_registered; }
     /// \return the shortcut; empty when the key is `Qt::Key_unknown`, as it is after setNativeShortcut()
     QKeySequence shortcut() const;
     /// \return the key; `Qt::Key_unknown` when there is no shortcut in Qt's form
-    Qt::Key keyCode() const;
+    Qt::Key keyCode() const { return m_keyCode; }
     /// \return its modifiers; none when there is no shortcut in Qt's form
-    Qt::KeyboardModifiers modifiers() const;
+    Qt::KeyboardModifiers modifiers() const { return m_modifiers; }
     /// \return the shortcut in the system's form; invalid when there is none
-    NativeShortcut currentNativeShortcut() const;
+    NativeShortcut currentNativeShortcut() const { return m_nativeShortcut; }
 
     /// The slot of this name, for a single modifier.
     /// \param keyCode,modifier,autoRegister as there

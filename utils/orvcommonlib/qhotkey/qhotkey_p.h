@@ -96,9 +96,7 @@ private:
     Q_INVOKABLE QHotkey::NativeShortcut nativeShortcutInvoked(Qt::Key keycode,
                                                               Qt::KeyboardModifiers modifiers);
 
-    bool invokeInOwnThread(const char *method, QGenericReturnArgument result, QGenericArgument first,
-                           QGenericArgument second = QGenericArgument());
-    bool changeInOwnThread(const char *method, QHotkey *hotkey);
+    bool changeInOwnThread(bool (QHotkeyPrivate::*change)(QHotkey *), QHotkey *hotkey);
     void abandon(QHotkey *hotkey);
     void catchUp();
 

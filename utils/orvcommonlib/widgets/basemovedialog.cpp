@@ -152,11 +152,6 @@ void BaseMoveDialog::moveOver(const QWidget *window)
     move(isWindow() ? pos : parentWidget()->mapFromGlobal(pos));
 }
 
-bool BaseMoveDialog::isMoving() const
-{
-    return m_isMoving;
-}
-
 void BaseMoveDialog::mousePressEvent(QMouseEvent *event)
 {
     const QPointer<BaseMoveDialog> alive(this);

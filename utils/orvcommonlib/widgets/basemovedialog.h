@@ -119,7 +119,7 @@ public:
 
     /// \return whether a press of any button is under way. While the dialog cannot be moved, the end of a
     ///         press changes nothing, so that this stays true after the first one; clients rely on it.
-    bool isMoving() const;
+    bool isMoving() const { return m_isMoving; }
 
     /// Starts what the signals below report. A press of any button counts for isMoving(), one of the left
     /// button for the rest. The event is left to the parent, as QWidget does it.

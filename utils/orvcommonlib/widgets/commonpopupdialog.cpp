@@ -128,11 +128,6 @@ void CommonPopupDialog::setTitle(QString title)
     AccessibleNotification::nameChanged(this);
 }
 
-void CommonPopupDialog::setKeyboardActions(bool enabled)
-{
-    m_keyboardActions = enabled;
-}
-
 void CommonPopupDialog::exitEventLoop()
 {
     ModalRun::end(m_eventLoop);
@@ -169,11 +164,6 @@ void CommonPopupDialog::hideTitleLine()
 {
     if (m_titleLine)
         m_titleLine->hide();
-}
-
-void CommonPopupDialog::setExecResult(ExecResult result)
-{
-    m_result = result;
 }
 
 void CommonPopupDialog::reSize(QSize size)

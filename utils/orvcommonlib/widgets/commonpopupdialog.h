@@ -90,7 +90,7 @@ public:
     /// nothing, and one that is held down acts once.
     /// \param enabled whether it does, false at first; Return and Enter do nothing either way, as there is no button
     ///        to confirm with
-    void setKeyboardActions(bool enabled);
+    void setKeyboardActions(bool enabled) { m_keyboardActions = enabled; }
     /// \return what setKeyboardActions() has set
     bool keyboardActions() const { return m_keyboardActions; }
     /// Makes a running exec() return, without hiding the dialog. Nothing happens when none is running.
@@ -117,7 +117,7 @@ protected:
     /// Hides the rule below the title row, for subclasses that separate title and body in their own way.
     void hideTitleLine();
     /// \param result what exec() returns from now on
-    void setExecResult(ExecResult result);
+    void setExecResult(ExecResult result) { m_result = result; }
 
 private:
     void buildBody(bool transparentBody);

@@ -51,7 +51,7 @@ void drawLine(QPainter *painter, const QLine &line, int width, const QColor &col
 CustomBidirectionSlider::CustomBidirectionSlider(QWidget *parent)
     : CustomBidirectionSlider(kDefaultLineWidth, kDefaultHandleWidth, QColor(), parent)
 {
-    m_hasOwnColor = false;
+    m_lineColor.reset();
 }
 
 CustomBidirectionSlider::CustomBidirectionSlider(int lineWidth, int handleWidth, QColor lineColor,
@@ -85,21 +85,15 @@ void CustomBidirectionSlider::setHandleWidth(int width)
 
 void CustomBidirectionSlider::setLineColor(const QColor &color)
 {
-    if (m_hasOwnColor && color == m_lineColor)
+    if (color == m_lineColor)
         return;
     m_lineColor = color;
-    m_hasOwnColor = true;
     update();
 }
 
 QColor CustomBidirectionSlider::lineColor() const
 {
-    return m_hasOwnColor ? m_lineColor : lookColor(QStringLiteral("accentValue"));
-}
-
-void CustomBidirectionSlider::enableWheel(bool enable)
-{
-    m_wheelEnabled = enable;
+    return m_lineColor ? *m_lineColor : lookColor(QStringLiteral("accentValue"));
 }
 
 // Of the handle, which its negative margins let overlap the groove, Qt's hint knows nothing.

@@ -5,6 +5,8 @@
 #include <QtGui/QColor>
 #include <QtWidgets/QSlider>
 
+#include <optional>
+
 /// A horizontal QSlider with a tick at the centre of its range and a coloured line from there to the handle.
 ///
 /// \image html class-custombidirectionslider.png
@@ -65,7 +67,7 @@ public:
     void setLineColor(const QColor &color);
 
     /// \param enable whether the wheel changes the value, false at first
-    void enableWheel(bool enable);
+    void enableWheel(bool enable) { m_wheelEnabled = enable; }
     /// \return whether the wheel changes the value
     bool isWheelEnabled() const { return m_wheelEnabled; }
     /// The same as enableWheel().
@@ -91,7 +93,6 @@ private:
 
     int m_lineWidth;
     int m_handleWidth;
-    QColor m_lineColor;
+    std::optional<QColor> m_lineColor; // otherwise the look's
     bool m_wheelEnabled = false;
-    bool m_hasOwnColor = true; // not the look's
 };

@@ -48,11 +48,6 @@ int customcombox::lineEditWidth() const
     return lineEdit() ? lineEdit()->width() : 0;
 }
 
-void customcombox::setSpacingBetweenComboxAndPopupWidget(int spacing)
-{
-    m_popupSpacing = spacing;
-}
-
 void customcombox::showPopup()
 {
     QComboBox::showPopup();

@@ -59,7 +59,7 @@ public:
 
     /// Stores a gap for subclasses that place the list themselves; this class places the list as QComboBox does.
     /// \param spacing in device-independent pixels
-    void setSpacingBetweenComboxAndPopupWidget(int spacing);
+    void setSpacingBetweenComboxAndPopupWidget(int spacing) { m_popupSpacing = spacing; }
     /// The same as setSpacingBetweenComboxAndPopupWidget().
     /// \param spacing in device-independent pixels
     void setPopupSpacing(int spacing) { setSpacingBetweenComboxAndPopupWidget(spacing); }

@@ -115,11 +115,6 @@ void CustomPictureBtn::adjustIconRect(QRect rect)
     update();
 }
 
-void CustomPictureBtn::setSpan(int span)
-{
-    m_span = span;
-}
-
 void CustomPictureBtn::resizeWithIconAndText()
 {
     const QFont &font = stateFont();

@@ -108,7 +108,7 @@ public:
     void adjustIconRect(QRect rect);
     /// Sets the gap between picture and text. Takes effect at the next computation of size or layout.
     /// \param span the gap; 0 at first
-    void setSpan(int span);
+    void setSpan(int span) { m_span = span; }
     /// \return the gap between picture and text
     int span() const { return m_span; }
 

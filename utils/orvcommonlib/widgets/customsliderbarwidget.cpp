@@ -66,11 +66,6 @@ void CustomSliderBarWidget::setCount(int count)
     update();
 }
 
-int CustomSliderBarWidget::getCount() const
-{
-    return m_count;
-}
-
 void CustomSliderBarWidget::setCurrenIndex(int index)
 {
     if (index != m_currentIndex) {
@@ -78,11 +73,6 @@ void CustomSliderBarWidget::setCurrenIndex(int index)
         AccessibleNotification::valueChanged(this, index);
     }
     update();
-}
-
-int CustomSliderBarWidget::getCurrentIndex() const
-{
-    return m_currentIndex;
 }
 
 void CustomSliderBarWidget::setCurrentIndex(int index)

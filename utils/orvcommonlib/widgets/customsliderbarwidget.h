@@ -60,13 +60,13 @@ public:
     /// \param count the number of steps, 2 at first; less than 2 is not taken over, and logged at info level
     void setCount(int count);
     /// \return the number of steps
-    int getCount() const;
+    int getCount() const { return m_count; }
 
     /// Nothing is emitted.
     /// \param index the current step, 0 at first; any number is taken over, deliberately unchecked
     void setCurrenIndex(int index);
     /// \return the current step
-    int getCurrentIndex() const;
+    int getCurrentIndex() const { return m_currentIndex; }
     /// As setCurrenIndex(), but without repainting a bar that shows this step already.
     /// \param index the current step
     void setCurrentIndex(int index);

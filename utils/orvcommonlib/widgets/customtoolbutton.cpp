@@ -90,11 +90,6 @@ void CustomToolButton::showRightClickWidget()
     openPanel(m_rightClickPanel.widget, m_rightClickPanel.takesFocus, m_rightClickPanel.takesFocus);
 }
 
-void CustomToolButton::setSettingWidgetOffset(int offset)
-{
-    m_offset = offset;
-}
-
 void CustomToolButton::adjustWidgetPosition()
 {
     const QPointer<CustomToolButton> guard(this);

@@ -136,7 +136,10 @@ public:
 
     /// \param offset the distance between the button and a panel under it; 6 at first. Panels that are shown stay
     ///               where they are until adjustWidgetPosition().
-    void setSettingWidgetOffset(int offset);
+    void setSettingWidgetOffset(int offset)
+    {
+        m_offset = offset;
+    }
     /// \return the distance between the button and a panel under it
     int settingWidgetOffset() const
     {

@@ -21,26 +21,6 @@ constexpr int kArrowTipFromRight = 44;
 constexpr char kLabelStyle[] = "background:transparent;font-size: 13px;font-weight: 400;color: @bubbleText;"
                                "line-height: 18px;qproperty-wordWrap: true;text-align: left;";
 
-void paintArrowLeft(QPainter &painter, const QRect &r)
-{
-    painter.drawRoundedRect(QRect(r.x() + kArrowLength, r.y(), r.width() - kArrowLength, r.height()),
-                            kCornerRadius, kCornerRadius);
-    const QPoint arrow[] = {QPoint(r.x() + kArrowLength, r.height() / 2 - kArrowLength),
-                            QPoint(r.x(), r.height() / 2),
-                            QPoint(r.x() + kArrowLength, r.height() / 2 + kArrowLength)};
-    painter.drawPolygon(arrow, 3);
-}
-
-void paintArrowBottom(QPainter &painter, const QRect &r)
-{
-    painter.drawRoundedRect(QRect(r.x(), r.y(), r.width(), r.height() - kArrowLength), kCornerRadius,
-                            kCornerRadius);
-    const int tip = r.x() + r.width() - kArrowTipFromRight;
-    const QPoint arrow[] = {QPoint(tip - kArrowLength, r.height() - kArrowLength), QPoint(tip, r.height()),
-                            QPoint(tip + kArrowLength, r.height() - kArrowLength)};
-    painter.drawPolygon(arrow, 3);
-}
-
 } // namespace
 
 customWrapTextToolTip::customWrapTextToolTip(QWidget *parent)
@@ -130,14 +110,23 @@ QPixmap customWrapTextToolTip::paintedBackground(QSize pixelSize) const
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(m_backgroundColor);
     painter.setBrush(m_backgroundColor);
-    switch (m_direction) {
-    case DirectionLeft:
-        paintArrowLeft(painter, rect());
-        break;
-    case DirectionBottom:
-        paintArrowBottom(painter, rect());
-        break;
+    QRect box = rect();
+    QPolygon arrow;
+    if (m_direction == DirectionLeft) {
+        const int tip = height() / 2;
+        box.setLeft(kArrowLength);
+        arrow << QPoint(kArrowLength, tip - kArrowLength) << QPoint(0, tip)
+              << QPoint(kArrowLength, tip + kArrowLength);
+    } else if (m_direction == DirectionBottom) {
+        const int tip = width() - kArrowTipFromRight;
+        box.setHeight(height() - kArrowLength);
+        arrow << QPoint(tip - kArrowLength, box.height()) << QPoint(tip, height())
+              << QPoint(tip + kArrowLength, box.height());
+    } else {
+        return background;
     }
+    painter.drawRoundedRect(box, kCornerRadius, kCornerRadius);
+    painter.drawPolygon(arrow);
     return background;
 }
 

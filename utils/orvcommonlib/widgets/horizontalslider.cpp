@@ -80,22 +80,12 @@ void HorizontalSlider::setSkinPath(QString skinPath)
     update();
 }
 
-QString HorizontalSlider::getSkinPath() const
-{
-    return m_skinPath;
-}
-
 void HorizontalSlider::setGrooveHeight(int height)
 {
     if (height == m_grooveHeight)
         return;
     m_grooveHeight = height;
     update();
-}
-
-int HorizontalSlider::grooveHeight() const
-{
-    return m_grooveHeight;
 }
 
 void HorizontalSlider::setHandleSize(QSize size)
@@ -110,16 +100,15 @@ QSize HorizontalSlider::handleSize() const
 
 void HorizontalSlider::setValueColor(QColor color)
 {
-    if (m_hasOwnColor && color == m_valueColor)
+    if (color == m_valueColor)
         return;
     m_valueColor = color;
-    m_hasOwnColor = true;
     update();
 }
 
 QColor HorizontalSlider::valueColor() const
 {
-    return m_hasOwnColor ? m_valueColor : lookColor(QStringLiteral("plainValue"));
+    return m_valueColor ? *m_valueColor : lookColor(QStringLiteral("plainValue"));
 }
 
 void HorizontalSlider::setBidirectional(bool bidirectional)
@@ -128,16 +117,6 @@ void HorizontalSlider::setBidirectional(bool bidirectional)
         return;
     m_bidirectional = bidirectional;
     update();
-}
-
-bool HorizontalSlider::isBidirectional() const
-{
-    return m_bidirectional;
-}
-
-void HorizontalSlider::showZeroFlag()
-{
-    m_zeroFlag = true;
 }
 
 void HorizontalSlider::updateState(QPoint point)

@@ -10,6 +10,7 @@
 #include <QtWidgets/QWidget>
 
 #include <memory>
+#include <optional>
 
 class HorizontalSliderLogic;
 
@@ -109,12 +110,12 @@ public:
     /// \param skinPath the folder of the skin, ":/images/images/hslider/" at first
     void setSkinPath(QString skinPath);
     /// \return the folder of the skin
-    QString getSkinPath() const;
+    QString getSkinPath() const { return m_skinPath; }
 
     /// \param height the height of the groove, 10 at first
     void setGrooveHeight(int height);
     /// \return the height of the groove
-    int grooveHeight() const;
+    int grooveHeight() const { return m_grooveHeight; }
     /// The slider keeps its size.
     /// \param size the size of the handle, 14 x 14 at first
     void setHandleSize(QSize size);
@@ -129,11 +130,11 @@ public:
     /// \param bidirectional whether the colour starts at the centre of the range
     void setBidirectional(bool bidirectional);
     /// \return whether the colour starts at the centre of the range
-    bool isBidirectional() const;
+    bool isBidirectional() const { return m_bidirectional; }
 
     /// Draws the centre mark from the next paint on. The slider keeps its size, so that the mark of one that
     /// was built without it needs a client that makes room.
-    void showZeroFlag();
+    void showZeroFlag() { m_zeroFlag = true; }
 
 Q_SIGNALS:
     /// The value is another one, by setValue() or by the user: a drag, a click or a key.
@@ -175,6 +176,5 @@ private:
     QSize m_zeroSize;
     std::unique_ptr<HorizontalSliderLogic> m_logic; // range, value, handle and gestures
     int m_grooveHeight = 10;
-    QColor m_valueColor;
-    bool m_hasOwnColor = false; // not the look's
+    std::optional<QColor> m_valueColor; // otherwise the look's
 };

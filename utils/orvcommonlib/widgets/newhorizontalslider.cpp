@@ -74,21 +74,6 @@ void NewHorizontalSlider::setSkinPath(QString skinPath)
     update();
 }
 
-QString NewHorizontalSlider::getSkinPath() const
-{
-    return m_skinPath;
-}
-
-void NewHorizontalSlider::setGrooveHeight(int height)
-{
-    m_grooveHeight = height;
-}
-
-int NewHorizontalSlider::grooveHeight() const
-{
-    return m_grooveHeight;
-}
-
 void NewHorizontalSlider::setHandleSize(QSize size)
 {
     m_logic->setHandleSize(size);
@@ -101,16 +86,15 @@ QSize NewHorizontalSlider::handleSize() const
 
 void NewHorizontalSlider::setValueColor(QColor color)
 {
-    if (m_hasOwnColor && color == m_valueColor)
+    if (color == m_valueColor)
         return;
     m_valueColor = color;
-    m_hasOwnColor = true;
     update();
 }
 
 QColor NewHorizontalSlider::valueColor() const
 {
-    return m_hasOwnColor ? m_valueColor : lookColor(QStringLiteral("accentValue"));
+    return m_valueColor ? *m_valueColor : lookColor(QStringLiteral("accentValue"));
 }
 
 void NewHorizontalSlider::setBidirectional(bool bidirectional)
@@ -119,11 +103,6 @@ void NewHorizontalSlider::setBidirectional(bool bidirectional)
         return;
     m_bidirectional = bidirectional;
     update();
-}
-
-bool NewHorizontalSlider::isBidirectional() const
-{
-    return m_bidirectional;
 }
 
 void NewHorizontalSlider::setSliderEnabled(bool enabled)

@@ -9,6 +9,7 @@
 #include <QtWidgets/QWidget>
 
 #include <memory>
+#include <optional>
 
 class HorizontalSliderLogic;
 
@@ -88,13 +89,13 @@ public:
     /// \param skinPath the folder of the skin, ":/images/images/hslider2/" at first
     void setSkinPath(QString skinPath);
     /// \copydoc HorizontalSlider::getSkinPath
-    QString getSkinPath() const;
+    QString getSkinPath() const { return m_skinPath; }
 
     /// Kept for clients of HorizontalSlider.
     /// \param height not used: the groove fills the slider
-    void setGrooveHeight(int height);
+    void setGrooveHeight(int height) { m_grooveHeight = height; }
     /// \return what setGrooveHeight() has set, 10 at first
-    int grooveHeight() const;
+    int grooveHeight() const { return m_grooveHeight; }
     /// \param size the size of the handle
     void setHandleSize(QSize size);
     /// \return the size of the handle
@@ -108,7 +109,7 @@ public:
     /// \copydoc HorizontalSlider::setBidirectional
     void setBidirectional(bool bidirectional);
     /// \copydoc HorizontalSlider::isBidirectional
-    bool isBidirectional() const;
+    bool isBidirectional() const { return m_bidirectional; }
 
     /// This is not QWidget::setEnabled(). A drag in progress goes on following the pointer while the slider is
     /// disabled; its release is not seen, so that it ends with the first release after the slider is enabled
@@ -150,7 +151,6 @@ private:
     QSize m_size;
     std::unique_ptr<HorizontalSliderLogic> m_logic; // range, value, handle and gestures
     int m_grooveHeight = 10;
-    QColor m_valueColor;
+    std::optional<QColor> m_valueColor; // otherwise the look's
     bool m_sliderEnabled = true;
-    bool m_hasOwnColor = false; // not the look's
 };

@@ -59,6 +59,17 @@ constexpr int kButtonSpacing = 12;
 constexpr QSize kButtonSize(116, 36);
 constexpr QSize kCompactButtonSize(97, 36);
 
+// The widget at the top of a column of its own.
+void addColumn(QHBoxLayout *row, QWidget *widget, int top)
+{
+    auto *column = new QVBoxLayout;
+    column->setContentsMargins(0, top, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(widget);
+    column->addStretch();
+    row->addLayout(column);
+}
+
 } // namespace
 
 OrvUpdateTipDlg::OrvUpdateTipDlg(QSize size, QString backgroundImage, int border1, int border2, int border3,
@@ -94,12 +105,7 @@ QWidget *OrvUpdateTipDlg::createTitleArea()
 
     m_titleLabel = createStyledLabel(area, tr("Update Tips"), Qt::AlignLeft | Qt::AlignVCenter, kTitleStyle);
     m_titleLabel->setFixedWidth(kTitleWidth);
-    auto *titleColumn = new QVBoxLayout;
-    titleColumn->setContentsMargins(0, 0, 0, 0);
-    titleColumn->setSpacing(0);
-    titleColumn->addWidget(m_titleLabel);
-    titleColumn->addStretch();
-    row->addLayout(titleColumn);
+    addColumn(row, m_titleLabel, 0);
 
     m_closeButton = new QPushButton(area);
     m_closeButton->setFixedSize(kCloseButtonSize);
@@ -108,12 +114,7 @@ QWidget *OrvUpdateTipDlg::createTitleArea()
     LookSheets::apply(m_closeButton, kCloseButtonStyle);
     connect(m_closeButton, &QPushButton::clicked, this,
             [this] { tellAndClose(&OrvUpdateTipDlg::sig_closeMsgBox); });
-    auto *closeColumn = new QVBoxLayout;
-    closeColumn->setContentsMargins(0, kCloseButtonTop, 0, 0);
-    closeColumn->setSpacing(0);
-    closeColumn->addWidget(m_closeButton);
-    closeColumn->addStretch();
-    row->addLayout(closeColumn);
+    addColumn(row, m_closeButton, kCloseButtonTop);
     return area;
 }
 
@@ -195,11 +196,6 @@ void OrvUpdateTipDlg::setNewVersionLink(QString link)
 {
     if (m_linkLabel)
         m_linkLabel->setText(link);
-}
-
-void OrvUpdateTipDlg::setKeyboardActions(bool enabled)
-{
-    m_keyboardActions = enabled;
 }
 
 void OrvUpdateTipDlg::keyPressEvent(QKeyEvent *event)

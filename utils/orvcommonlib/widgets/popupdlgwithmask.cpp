@@ -290,11 +290,6 @@ void PopupDlgWithMask::setConfirmBtnText(QString text)
         m_confirmButton->setText(text);
 }
 
-void PopupDlgWithMask::setKeyboardActions(bool enabled)
-{
-    m_keyboardActions = enabled;
-}
-
 void PopupDlgWithMask::setVisible(bool visible)
 {
     const QPointer<PopupDlgWithMask> alive(this);

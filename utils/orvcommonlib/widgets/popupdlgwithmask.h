@@ -157,7 +157,7 @@ public:
     /// signals in the same order. Nothing happens while that button is hidden. Keys that the focused content uses
     /// itself do not come here, those with a modifier mean nothing, and one that is held down acts once.
     /// \param enabled whether they do, false at first
-    void setKeyboardActions(bool enabled);
+    void setKeyboardActions(bool enabled) { m_keyboardActions = enabled; }
     /// \return what setKeyboardActions() has set
     bool keyboardActions() const { return m_keyboardActions; }
 

@@ -294,11 +294,6 @@ void TipsDlgWithCheckbox::setContent(QString content)
     AccessibleNotification::descriptionChanged(this);
 }
 
-void TipsDlgWithCheckbox::setKeyboardActions(bool enabled)
-{
-    m_keyboardActions = enabled;
-}
-
 void TipsDlgWithCheckbox::setVisible(bool visible)
 {
     const QPointer<TipsDlgWithCheckbox> alive(this);
@@ -339,9 +334,4 @@ void TipsDlgWithCheckbox::confirmButtonClicked()
     close();
     if (alive && m_checkboxState)
         Q_EMIT sig_checkboxStateChanged(true);
-}
-
-void TipsDlgWithCheckbox::checkboxClicked(bool checked)
-{
-    m_checkboxState = checked;
 }

@@ -81,7 +81,7 @@ public:
     /// signals in the same order. Nothing happens while that button is hidden. Keys that the focused content uses
     /// itself do not come here, those with a modifier mean nothing, and one that is held down acts once.
     /// \param enabled whether they do, false at first
-    void setKeyboardActions(bool enabled);
+    void setKeyboardActions(bool enabled) { m_keyboardActions = enabled; }
     /// \return what setKeyboardActions() has set
     bool keyboardActions() const { return m_keyboardActions; }
 
@@ -120,7 +120,7 @@ private:
 
     void closeButtonClicked();
     void confirmButtonClicked();
-    void checkboxClicked(bool checked);
+    void checkboxClicked(bool checked) { m_checkboxState = checked; }
 
     QVBoxLayout *m_mainLayout = nullptr;
     QLabel *m_titleLabel = nullptr;
