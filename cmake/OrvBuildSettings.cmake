@@ -91,6 +91,7 @@ function(orv_harden target)
     if(NOT ORV_HARDENING)
         return()
     endif()
+    target_compile_options(${target} PRIVATE -g) # packages split it off, for debuggers
     if(WIN32)
         # The checks of the other branch would need one more DLL of mingw-w64's there.
         target_link_options(${target} PRIVATE LINKER:--dynamicbase,--nxcompat,--high-entropy-va)

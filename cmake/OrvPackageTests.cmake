@@ -104,6 +104,30 @@ endforeach()
 add_test(NAME package_choice COMMAND ${CMAKE_COMMAND} -G ${CMAKE_GENERATOR} -DPACKAGES=${PROJECT_BINARY_DIR}/choice
     -S ${PROJECT_SOURCE_DIR}/tests/consumer/choice -B ${PROJECT_BINARY_DIR}/consumers/choice)
 
+orv_add_consumer_test(package_components consumer/components)
+
+# The library as a part of another project, whose settings it leaves alone. Configured only; where packages are made, one
+# such project is built and run.
+function(orv_add_parent_test name)
+    set(build_folder ${PROJECT_BINARY_DIR}/consumers/${name})
+    add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -G ${CMAKE_GENERATOR} ${consumer_options} ${ARGN}
+        -DCMAKE_BUILD_TYPE=Debug -DLIBRARY_SOURCES=${PROJECT_SOURCE_DIR}
+        -S ${PROJECT_SOURCE_DIR}/tests/consumer/parent -B ${build_folder})
+endfunction()
+orv_add_parent_test(package_in_parent)
+orv_add_parent_test(package_in_parent_static -DSHARED=OFF)
+orv_add_parent_test(package_in_parent_fetched -DFETCHED=ON -DSHARED=ON)
+if(ORV_HARDENING AND NOT CMAKE_CROSSCOMPILING)
+    set(build_folder ${PROJECT_BINARY_DIR}/consumers/package_in_parent_fetched)
+    add_test(NAME package_in_parent_build COMMAND ${CMAKE_COMMAND} --build ${build_folder} --target program)
+    add_test(NAME package_in_parent_run COMMAND ${build_folder}/programs/program)
+    set_tests_properties(package_in_parent_fetched PROPERTIES FIXTURES_SETUP parent_configured)
+    set_tests_properties(package_in_parent_build PROPERTIES FIXTURES_REQUIRED parent_configured FIXTURES_SETUP parent
+        TIMEOUT 900)
+    set_tests_properties(package_in_parent_run PROPERTIES FIXTURES_REQUIRED parent
+        ENVIRONMENT QT_QPA_PLATFORM=${consumer_platform})
+endif()
+
 # What a header says does not depend on sanitizers.
 if(NOT ORV_SANITIZERS)
     orv_add_consumer_test(package_headers consumer/headers)
@@ -120,6 +144,30 @@ if(NOT ORV_SANITIZERS)
     endif()
 endif()
 
+# What Windows tells of the DLL, what debuggers find in the one that has not been stripped, and the gallery in a folder of its
+# own on a machine that has no Qt.
+if(WIN32 AND CMAKE_CROSSCOMPILING)
+    find_package(Python3 REQUIRED COMPONENTS Interpreter)
+    add_test(NAME package_version_resource COMMAND ${Python3_EXECUTABLE}
+        ${PROJECT_SOURCE_DIR}/tests/consumer/check_version_resource.py --version ${PROJECT_VERSION}
+        --text ProductName=orvcommonlib --text "FileDescription=${PROJECT_DESCRIPTION} (Qt ${ORV_QT_MAJOR})"
+        --text OriginalFilename=${ORV_PACKAGE}.dll ${package}/${CMAKE_INSTALL_BINDIR}/${ORV_PACKAGE}.dll)
+    add_test(NAME package_symbols COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -DPACKAGE=${package}
+        -DDLL=${CMAKE_INSTALL_BINDIR}/${ORV_PACKAGE}.dll -DOBJCOPY=${CMAKE_OBJCOPY} -DOBJDUMP=${CMAKE_OBJDUMP}
+        -P ${PROJECT_SOURCE_DIR}/tests/consumer/symbols.cmake)
+    set_tests_properties(package_version_resource package_symbols PROPERTIES FIXTURES_REQUIRED package)
+    add_test(NAME package_debug_postfix COMMAND ${CMAKE_COMMAND} -DSOURCES=${PROJECT_SOURCE_DIR}
+        -DBUILD=${PROJECT_BINARY_DIR}/consumers/debug -DGENERATOR=${CMAKE_GENERATOR} -DTOOLCHAIN=${CMAKE_TOOLCHAIN_FILE}
+        -DORV_WINDOWS_QT=${ORV_WINDOWS_QT} -DPACKAGE=${ORV_PACKAGE}
+        -P ${PROJECT_SOURCE_DIR}/tests/consumer/debug_postfix.cmake)
+    if(TARGET gallery)
+        add_test(NAME package_gallery COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR}
+            -DPAGES=${PROJECT_SOURCE_DIR}/gallery/pages -DTOOLS=${ORV_TOOLS}
+            -P ${PROJECT_SOURCE_DIR}/tests/consumer/gallery.cmake)
+        set_tests_properties(package_gallery PROPERTIES TIMEOUT 300)
+    endif()
+endif()
+
 # The protections of what is delivered, and that it does not tell where it was built.
 if(ORV_HARDENING)
     find_package(Python3 REQUIRED COMPONENTS Interpreter)
@@ -127,4 +175,14 @@ if(ORV_HARDENING)
         --readelf ${CMAKE_READELF} --objdump ${CMAKE_OBJDUMP} --build-folders ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}
         --package ${package})
     set_tests_properties(package_hardening PROPERTIES FIXTURES_REQUIRED package)
+endif()
+
+# The tool that compares the library with that of an older release.
+find_program(ORV_ABIDIFF abidiff)
+mark_as_advanced(ORV_ABIDIFF)
+if(ORV_ABIDIFF AND NOT CMAKE_CROSSCOMPILING AND NOT ORV_SANITIZERS)
+    find_package(Python3 REQUIRED COMPONENTS Interpreter)
+    add_test(NAME compare_abi COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tests/abi/check_compare_abi.py
+        --tool ${PROJECT_SOURCE_DIR}/tools/compare-abi --compiler ${CMAKE_CXX_COMPILER}
+        --folder ${PROJECT_BINARY_DIR}/consumers/compare_abi)
 endif()
