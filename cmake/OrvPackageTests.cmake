@@ -78,7 +78,7 @@ endfunction()
 orv_add_qmake_test(package_qmake ${package} package)
 
 # The static library is a build of its own, which is made and used where packages are.
-if(ORV_HARDENING AND NOT CMAKE_CROSSCOMPILING AND ORV_LIBRARY_TYPE STREQUAL SHARED)
+if(ORV_HARDENING AND ORV_LIBRARY_TYPE STREQUAL SHARED)
     set(static_package ${PROJECT_BINARY_DIR}/install-test-static)
     add_test(NAME package_static_install COMMAND ${CMAKE_CTEST_COMMAND}
         --build-and-test ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/consumers/static
@@ -89,7 +89,7 @@ if(ORV_HARDENING AND NOT CMAKE_CROSSCOMPILING AND ORV_LIBRARY_TYPE STREQUAL SHAR
     set_tests_properties(package_static_install PROPERTIES FIXTURES_SETUP static_package TIMEOUT 900)
     orv_add_consumer_test(package_static_consumer consumer STATIC PROGRAM consumer
         OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE})
-    if(PkgConfig_FOUND)
+    if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
         orv_add_consumer_test(package_static_pkg_config consumer STATIC PROGRAM consumer
             OPTIONS -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCONSUMER_WITH_PKG_CONFIG=ON)
     endif()

@@ -17,6 +17,9 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QPushButton>
 
+/// Whether the classes are as large in the library as they were when this program was compiled.
+bool layoutsHold();
+
 namespace {
 
 int failures = 0;
@@ -163,6 +166,7 @@ int main(int argc, char **argv)
     checkControls();
     checkPictures();
     checkHotkeys();
+    CHECK(layoutsHold());
     return failures == 0 ? 0 : 1;
 }
 

@@ -39,6 +39,11 @@ constexpr bool orvcommonlibVersionAtLeast(int major, int minor = 0, int patch = 
 #endif
 
 /// Whether what version \a major.\a minor has deprecated is still declared: the condition that stands around it.
+/// \code
+/// #if ORV_DEPRECATED_SINCE(1, 1)
+///     ORV_DEPRECATED_X("use setNewWay()") void setOldWay(int way);
+/// #endif
+/// \endcode
 #define ORV_DEPRECATED_SINCE(major, minor)                                                                   \
     (ORVCOMMONLIB_VERSION_CHECK(major, minor, 0) > ORV_DISABLE_DEPRECATED_BEFORE)
 
