@@ -161,8 +161,7 @@ if(WIN32 AND CMAKE_CROSSCOMPILING)
         -DORV_WINDOWS_QT=${ORV_WINDOWS_QT} -DPACKAGE=${ORV_PACKAGE}
         -P ${PROJECT_SOURCE_DIR}/tests/consumer/debug_postfix.cmake)
     if(TARGET gallery)
-        add_test(NAME package_gallery COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR}
-            -DPAGES=${PROJECT_SOURCE_DIR}/gallery/pages -DTOOLS=${ORV_TOOLS}
+        add_test(NAME package_gallery COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -DTOOLS=${ORV_TOOLS}
             -P ${PROJECT_SOURCE_DIR}/tests/consumer/gallery.cmake)
         set_tests_properties(package_gallery PROPERTIES TIMEOUT 300)
     endif()

@@ -12,8 +12,12 @@ foreach(plugin IN ITEMS platforms/qwindows imageformats/qgif imageformats/qjpeg 
     install(FILES ${qt}/plugins/${plugin}.dll DESTINATION ${folder} COMPONENT Gallery EXCLUDE_FROM_ALL)
 endforeach()
 
-# Qt's libraries and the compiler's: those of all that the program and the plugins link that lie where these do. What lies
-# nowhere is Windows' own.
+foreach(module IN ITEMS Core Gui Widgets Svg)
+    install(FILES $<TARGET_FILE:${ORV_QT}::${module}> DESTINATION . COMPONENT Gallery EXCLUDE_FROM_ALL)
+endforeach()
+
+# What all these link and lies where Qt's libraries and the compiler's do. What lies nowhere is Windows' own. CMake looks for
+# names in lower case, as the compiler's are and Qt's are not.
 set(runtime_folders ${qt_dlls})
 foreach(name IN ITEMS libstdc++-6.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name} OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
@@ -25,11 +29,10 @@ install(CODE "
     set(CMAKE_GET_RUNTIME_DEPENDENCIES_TOOL objdump)
     set(CMAKE_OBJDUMP \"${CMAKE_OBJDUMP}\")
     set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")
-    file(GLOB plugins \"\${folder}/*/*.dll\")
-    file(GET_RUNTIME_DEPENDENCIES EXECUTABLES \"\${folder}/gallery.exe\" LIBRARIES \${plugins}
+    file(GLOB libraries \"\${folder}/*.dll\" \"\${folder}/*/*.dll\")
+    file(GET_RUNTIME_DEPENDENCIES EXECUTABLES \"\${folder}/gallery.exe\" LIBRARIES \${libraries}
         DIRECTORIES ${runtime_folders}
-        RESOLVED_DEPENDENCIES_VAR found UNRESOLVED_DEPENDENCIES_VAR of_windows
-        POST_EXCLUDE_REGEXES \"/orvcommonlib[^/]*$\")
+        RESOLVED_DEPENDENCIES_VAR found UNRESOLVED_DEPENDENCIES_VAR of_windows)
     file(COPY \${found} DESTINATION \"\${folder}\")
 " COMPONENT Gallery EXCLUDE_FROM_ALL)
 
