@@ -53,6 +53,8 @@ constexpr char kEdit[] = "QComboBox sets the text of its line edit, which goes o
 constexpr char kCurrent[] = "the list's QItemSelectionModel goes on with itself";
 constexpr char kDocument[] = "QPlainTextEdit goes on with its document";
 constexpr char kDialog[] = "QDialog goes on with itself when it is done";
+constexpr char kFinish[] =
+    "QKeySequenceEdit::focusOutEvent() goes on with itself when it has finished the editing";
 
 const Exception kImpossible[] = {
     {nullptr, "destroyed(QObject*)", nullptr, "it is being destroyed already"},
@@ -132,6 +134,14 @@ const Exception kImpossible[] = {
     {"customWrapTextToolTip", "rejected()", nullptr, kDialog},
 };
 
+/// The same of Qt 6 alone.
+const Exception kImpossibleInQt6[] = {
+    {nullptr, "HoverEnter", "!hover", kPointer},
+    {nullptr, "watched HoverEnter", "!hover", kPointer},
+    {"CustomKeySequenceEdit", "editingFinished()", "no focus", kFinish},
+    {"CustomKeySequenceEdit", "keySequenceChanged(QKeySequence)", "no focus", kFinish},
+};
+
 /// What is never told in the lives of these objects, with the reason.
 const Exception kUntold[] = {
     {nullptr, "destroyed(QObject*)", nullptr, "it outlives its life here"},
@@ -153,7 +163,9 @@ bool isAmong(const Exception *begin, const Exception *end, const QByteArray &kin
 
 bool isPossible(const QByteArray &kind, const What &what, const QByteArray &step)
 {
-    return !isAmong(std::begin(kImpossible), std::end(kImpossible), kind, what, step);
+    const bool impossible = isAmong(std::begin(kImpossible), std::end(kImpossible), kind, what, step);
+    return !impossible && (QT_VERSION_MAJOR < 6 || !isAmong(std::begin(kImpossibleInQt6),
+                                                            std::end(kImpossibleInQt6), kind, what, step));
 }
 
 } // namespace

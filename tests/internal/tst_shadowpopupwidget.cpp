@@ -6,6 +6,7 @@
 #include <QtCore/QMetaMethod>
 #include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
+#include <QtGui/QCursor>
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QVBoxLayout>
 
@@ -195,6 +196,7 @@ void tst_ShadowPopupWidget::paintsItsShadow_data()
 void tst_ShadowPopupWidget::paintsItsShadow()
 {
     QFETCH(bool, small);
+    QCursor::setPos(0, 0); // not on a row
     const QScopedPointer<List> list(small ? new List(4, 28) : new List);
     list->add(2);
     QVERIFY(list->showAndWait());

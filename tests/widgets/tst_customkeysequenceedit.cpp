@@ -197,7 +197,9 @@ void tst_CustomKeySequenceEdit::cutsAtTheFirstComma()
     CustomKeySequenceEdit edit(QKeySequence(Qt::CTRL | Qt::Key_A), nullptr, QString());
     QSignalSpy changed(&edit, &QKeySequenceEdit::keySequenceChanged);
     QTest::keyClick(&edit, Qt::Key_Comma, Qt::ControlModifier);
-    QCOMPARE(edit.keySequence(), cut);
+    QKeySequenceEdit stock; // that of Qt 6 forgets a sequence that has no text
+    stock.setKeySequence(cut);
+    QCOMPARE(edit.keySequence(), stock.keySequence());
     QCOMPARE(changed.constLast().constFirst().value<QKeySequence>(), cut);
     // The cut takes what it finds, also between chords.
     edit.QKeySequenceEdit::setKeySequence(QKeySequence(Qt::CTRL | Qt::Key_X, Qt::CTRL | Qt::Key_Y));
