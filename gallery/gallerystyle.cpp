@@ -2,6 +2,7 @@
 #include "orvlook.h"
 #include "orvresloader.h"
 
+#include <QtCore/QEvent>
 #include <QtCore/QMap>
 #include <QtCore/QSettings>
 #include <QtGui/QPalette>
@@ -67,17 +68,27 @@ void styleApplication()
     qApp->setStyleSheet(loader.loadQssFile(QStringLiteral(":/gallery/gallery.qss")));
 }
 
+/// Follows a desktop that turns dark or light.
+class SystemLook : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange && !settingPalette)
+            OrvLook::setDark(isDark(QApplication::palette()));
+        return false;
+    }
+};
+
 } // namespace
 
 void setUpGalleryStyle()
 {
     OrvLook::setDark(isDark(QApplication::palette()));
     followLook(OrvLook::instance(), styleApplication);
-    QObject::connect(qApp, &QGuiApplication::paletteChanged, OrvLook::instance(),
-                     [](const QPalette &palette) {
-                         if (!settingPalette)
-                             OrvLook::setDark(isDark(palette));
-                     });
+    qApp->installEventFilter(new SystemLook(qApp));
 }
 
 QColor galleryColor(const char *name)
