@@ -148,7 +148,7 @@ private:
 };
 
 /// Tells each window of the application that it is on the screen on which its middle lies, as a platform with several
-/// screens does and the offscreen one does not.
+/// screens does and the offscreen one does not. It is as large there as it was, in device-independent pixels.
 class WindowsFollowScreens : public QObject
 {
 public:
@@ -174,9 +174,13 @@ private:
             if (screen == window->screen() || !screen->handle()->geometry().contains(middle))
                 continue;
             m_following = true;
+            const QSize size = window->size();
             QWindowSystemInterface::handleWindowScreenChanged<QWindowSystemInterface::SynchronousDelivery>(
                 window, screen);
+            const QPoint place = window->handle()->geometry().topLeft();
+            window->handle()->setGeometry({place, (QSizeF(size) * window->devicePixelRatio()).toSize()});
             m_following = false;
+            return;
         }
     }
 

@@ -1,9 +1,15 @@
 #pragma once
 
 #include "fakescreens.h"
+#include "seed.h"
 
 #include <QtCore/QRandomGenerator>
+#include <QtTest/QTest>
 #include <QtWidgets/QWidget>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
 
 /// A desktop of two to four screens of any ratio, beside, above and left of the platform's own one, and the windows on
 /// it. What it is follows from its seed.
@@ -39,6 +45,11 @@ public:
 
     QRect anyPlace(QSize size) { return placeOn(screen(below(count())), size); }
 
+    void makePrimary(int index)
+    {
+        m_screens.makePrimary(index);
+        settle();
+    }
     void unplug(int index)
     {
         m_screens.remove(index);
@@ -95,3 +106,44 @@ private:
     FakeScreens m_screens;
     WindowsFollowScreens m_follower;
 };
+
+/// What the tests on such desktops share. ORV_TEST_SEED repeats a desktop: it is printed with what fails.
+namespace MixedScreens {
+
+constexpr int kDesktops = 12;
+constexpr QSize kWindow(360, 240);
+
+/// Does it on one desktop after the other, and says which one failed.
+inline void onDesktops(const std::function<void(RandomDesktop &)> &action)
+{
+    const quint32 first = firstSeed();
+    for (quint32 seed = first; seed != first + kDesktops; ++seed) {
+        RandomDesktop desktop(seed);
+        action(desktop);
+        if (QTest::currentTestFailed())
+            QFAIL(qPrintable(QStringLiteral("ORV_TEST_SEED=%1").arg(seed)));
+    }
+}
+
+inline std::unique_ptr<QWidget> shownWindow(const QRect &geometry)
+{
+    auto window = std::make_unique<QWidget>(nullptr, Qt::FramelessWindowHint);
+    window->setGeometry(geometry);
+    window->show();
+    RandomDesktop::settle();
+    return window;
+}
+
+inline bool isOnSomeScreen(const QRect &rect)
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    return std::any_of(screens.cbegin(), screens.cend(),
+                       [&](const QScreen *screen) { return screen->geometry().intersects(rect); });
+}
+
+inline QRect globalRect(const QWidget *widget)
+{
+    return {widget->mapToGlobal(QPoint()), widget->size()};
+}
+
+} // namespace MixedScreens

@@ -9,22 +9,22 @@
 #include "mouseevents.h"
 #include "newhorizontalslider.h"
 #include "randomdesktop.h"
-#include "seed.h"
 #include "shadowcombotesting.h"
 #include "testmain.h"
 
 #include <QtTest/QTest>
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 
+using MixedScreens::globalRect;
+using MixedScreens::isOnSomeScreen;
+using MixedScreens::kWindow;
+using MixedScreens::onDesktops;
+using MixedScreens::shownWindow;
 using ShadowComboTesting::Combo;
 
 namespace {
-
-constexpr int kDesktops = 12;
-constexpr QSize kWindow(360, 240);
 
 using Made = std::unique_ptr<QWidget>;
 struct Kind
@@ -73,27 +73,6 @@ void addKinds(const QVector<Kind> &kinds)
         QTest::newRow(kinds.at(i).name) << i;
 }
 
-std::unique_ptr<QWidget> shownWindow(const QRect &geometry)
-{
-    auto window = std::make_unique<QWidget>(nullptr, Qt::FramelessWindowHint);
-    window->setGeometry(geometry);
-    window->show();
-    RandomDesktop::settle();
-    return window;
-}
-
-bool isOnSomeScreen(const QRect &rect)
-{
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    return std::any_of(screens.cbegin(), screens.cend(),
-                       [&](const QScreen *screen) { return screen->geometry().intersects(rect); });
-}
-
-QRect globalRect(const QWidget *widget)
-{
-    return {widget->mapToGlobal(QPoint()), widget->size()};
-}
-
 } // namespace
 
 /// Lists, windows that are dragged and resized, and pictures, on desktops of screens of any shape and ratio.
@@ -111,22 +90,7 @@ private Q_SLOTS:
     void gesturesReturnToWhereTheyBegan();
     void picturesAreThoseOfTheRatio_data();
     void picturesAreThoseOfTheRatio();
-
-private:
-    /// Does it on one desktop after the other, and says which one failed.
-    void onDesktops(const std::function<void(RandomDesktop &)> &action);
 };
-
-void tst_MixedScreens::onDesktops(const std::function<void(RandomDesktop &)> &action)
-{
-    const quint32 first = firstSeed();
-    for (quint32 seed = first; seed != first + kDesktops; ++seed) {
-        RandomDesktop desktop(seed);
-        action(desktop);
-        if (QTest::currentTestFailed())
-            QFAIL(qPrintable(QStringLiteral("ORV_TEST_SEED=%1").arg(seed)));
-    }
-}
 
 void tst_MixedScreens::desktopsHaveTheirRatios()
 {

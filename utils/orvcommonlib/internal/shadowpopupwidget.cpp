@@ -4,8 +4,11 @@
 #include "customcomboxitem.h"
 #include "looksheets.h"
 
+#include <QtCore/QTimer>
 #include <QtGui/QHideEvent>
+#include <QtGui/QScreen>
 #include <QtGui/QShowEvent>
+#include <QtGui/QWindow>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
@@ -83,6 +86,8 @@ ShadowPopupWidget::ShadowPopupWidget(QString backgroundImage, int margin, int ro
     setWindowFlags(windowFlags() | Qt::Tool);
     initUI();
 }
+
+ShadowPopupWidget::~ShadowPopupWidget() = default;
 
 void ShadowPopupWidget::addItem(CustomComboxItem *row)
 {
@@ -202,8 +207,10 @@ void ShadowPopupWidget::updateHeight()
 void ShadowPopupWidget::showEvent(QShowEvent *event)
 {
     BaseMoveDialogWithBackImage::showEvent(event);
-    if (!event->spontaneous())
+    if (!event->spontaneous()) {
+        watchScreen();
         tellOpenOrClosed();
+    }
     showRowsInViewSoon();
 }
 
@@ -226,14 +233,31 @@ void ShadowPopupWidget::hideEvent(QHideEvent *event)
         if (row->isHovered())
             row->setHovered(false);
     }
-    if (!event->spontaneous())
+    if (!event->spontaneous()) {
+        m_screenWatch.reset();
         tellOpenOrClosed();
+    }
 }
 
 void ShadowPopupWidget::tellOpenOrClosed()
 {
     if (QWidget *combo = parentWidget())
         AccessibleNotification::expandedChanged(combo);
+}
+
+// Told later: a slot may destroy windows, which Qt is going through while it unplugs a screen.
+void ShadowPopupWidget::watchScreen()
+{
+    const QWindow *window = parentWidget() ? parentWidget()->window()->windowHandle() : nullptr;
+    if (!window)
+        return;
+    m_screenWatch = std::make_unique<QTimer>();
+    m_screenWatch->setSingleShot(true);
+    connect(m_screenWatch.get(), &QTimer::timeout, this, &ShadowPopupWidget::screenChanged);
+    const auto start = qOverload<>(&QTimer::start);
+    connect(window, &QWindow::screenChanged, m_screenWatch.get(), start);
+    connect(window->screen(), &QScreen::geometryChanged, m_screenWatch.get(), start);
+    connect(window->screen(), &QScreen::logicalDotsPerInchChanged, m_screenWatch.get(), start);
 }
 
 void ShadowPopupWidget::place(CustomComboxItem *row, int index)

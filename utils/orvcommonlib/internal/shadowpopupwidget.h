@@ -6,8 +6,11 @@
 #include <QtCore/QVariant>
 #include <QtCore/QVector>
 
+#include <memory>
+
 class CustomComboxItem;
 class QScrollArea;
+class QTimer;
 class QVBoxLayout;
 
 /// The list of the shadow combo box: a frameless tool window painted from a nine-patch shadow image, with a
@@ -22,6 +25,7 @@ public:
                       QWidget *parent);
     /// The small look, with rows of `rowHeight`.
     ShadowPopupWidget(QString backgroundImage, int margin, int rowHeight, QWidget *parent);
+    ~ShadowPopupWidget() override;
 
     /// The parent that rows are best constructed with: a row that is moved there afterwards has its style
     /// sheets parsed on the way.
@@ -63,6 +67,9 @@ public:
 Q_SIGNALS:
     void currentIndexChanged(int index);
     void currentGrayIndexChanged(int index);
+    /// The window that the open list belongs to has come to another screen, or its screen has another ratio or
+    /// place: the list does not stand at its header any more. Told by the event loop, once for each opening.
+    void screenChanged();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -74,6 +81,7 @@ private:
 
     void initUI();
     void tellOpenOrClosed();
+    void watchScreen();
     void buildList(int contentMargin);
     void place(CustomComboxItem *row, int index);
     void renumberFrom(int index);
@@ -95,4 +103,5 @@ private:
     int m_maxVisibleRows = 10;
     int m_rowHeight = 48;
     bool m_small = false;
+    std::unique_ptr<QTimer> m_screenWatch; // while the list is open
 };

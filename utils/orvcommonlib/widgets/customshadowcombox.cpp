@@ -472,6 +472,7 @@ void CustomShadowCombox::init()
             &CustomShadowCombox::slotCurrentIndexChanged);
     connect(m_popup, &ShadowPopupWidget::currentGrayIndexChanged, this,
             &CustomShadowCombox::slotCurrentGrayIndexChanged);
+    connect(m_popup, &ShadowPopupWidget::screenChanged, this, &CustomShadowCombox::hidePopup);
     m_popup->hide();
     if (QCoreApplication *application = QCoreApplication::instance())
         application->installEventFilter(this);

@@ -21,8 +21,9 @@ class ShadowPopupWidget;
 ///
 /// Rows can be gray, as not available: a click on one is reported separately and selects nothing. The list
 /// opens below the header, or above it where the screen has no room, and the arrow tells which; it closes on
-/// a click on a row or the header, on any key, on a press elsewhere, with the combo box or its window, and
-/// when the list is deactivated while the pointer is outside combo box and list.
+/// a click on a row or the header, on any key, on a press elsewhere, with the combo box or its window, when
+/// the window comes to another screen or its screen changes in ratio, size or place, and when the list is
+/// deactivated while the pointer is outside combo box and list.
 ///
 /// Once it has a focus policy, which it has not at first, the closed combo box answers keys: Space, Return, Enter, F4
 /// and Alt+Down open the list, Up, Down, Home and End choose the next row that is not gray, as a click on it. It then
@@ -32,8 +33,9 @@ class ShadowPopupWidget;
 /// - a click on another row: the row becomes current, `currentIndexChanged()`, then the list hides;
 /// - a click on the current row: the list hides, nothing is emitted;
 /// - a click on a gray row: the list hides, then `currentGrayIndexChanged()`;
-/// - a press outside, a deactivation with the pointer outside, a key press, `hidePopup()`, or a combo box or
-///   window that is hidden or closed: the list hides, then `signalPopWidHideWhenClickOtherPos()` once;
+/// - a press outside, a deactivation with the pointer outside, a key press, `hidePopup()`, a change of screen,
+///   or a combo box or window that is hidden or closed: the list hides, then
+///   `signalPopWidHideWhenClickOtherPos()` once;
 /// - a click on the header while the list is open: the list hides, nothing is emitted;
 /// - `setCurrentIndex()` emits nothing, nor does a change of the rows.
 ///
