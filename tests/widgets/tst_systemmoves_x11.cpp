@@ -121,7 +121,7 @@ void tst_SystemMovesX11::windowFollowsThePointer()
         pressAt(start + kTitle);
         XPointer::glideTo(start + kTitle + QPoint(60, 40));
         QVERIFY(!anyBandVisible());
-        QCOMPARE(geometryOnTheServer(&window).topLeft(), start + QPoint(60, 40));
+        QTRY_COMPARE(geometryOnTheServer(&window).topLeft(), start + QPoint(60, 40));
         XPointer::release();
         QTRY_COMPARE(window.geometry(), kFrame.translated(QPoint(60, 40) * round));
         start += QPoint(60, 40);

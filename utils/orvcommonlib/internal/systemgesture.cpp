@@ -19,12 +19,14 @@ void SystemGesture::begin()
     m_window = m_widget->window()->windowHandle();
     if (!m_window)
         return;
+    m_hasHappened = false;
     m_widget->installEventFilter(this);
     m_window->installEventFilter(this);
 }
 
 void SystemGesture::end()
 {
+    m_moveIsDue = false;
     m_widget->removeEventFilter(this);
     if (m_window)
         m_window->removeEventFilter(this);
@@ -34,30 +36,48 @@ void SystemGesture::end()
 bool SystemGesture::eventFilter(QObject *receiver, QEvent *event)
 {
     const QPointer<QObject> alive(receiver);
-    std::function<void()> announcement; // a copy, which outlives the gesture
+    if (receiver == m_widget && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
+        m_hasHappened = true;
+    const QPointer<SystemGesture> guard(this);
     if (isOver(receiver, event)) {
-        end();
-        announcement = m_ended;
-    } else if (isUnderWay() && receiver == m_widget && event->type() == QEvent::Move) {
-        announcement = m_moved;
+        tellMove();
+        if (guard && isUnderWay()) {
+            end();
+            const std::function<void()> ended = m_ended; // which outlives the gesture
+            ended();
+        }
+    } else if (isUnderWay() && receiver == m_widget && event->type() == QEvent::Move &&
+               !std::exchange(m_moveIsDue, true)) {
+        QMetaObject::invokeMethod(this, &SystemGesture::tellMove, Qt::QueuedConnection);
     }
-    if (announcement)
-        announcement();
     // Nothing is consumed; but what is gone cannot get its event any more.
     return alive.isNull();
+}
+
+// Not within the event: Qt goes on with a window that it has told of its move.
+void SystemGesture::tellMove()
+{
+    if (!std::exchange(m_moveIsDue, false))
+        return;
+    const std::function<void()> moved = m_moved;
+    moved();
 }
 
 bool SystemGesture::isOver(QObject *receiver, QEvent *event) const
 {
     if (receiver != m_window)
         return false;
+    const auto isWithoutButton = [event] {
+        return !static_cast<const QMouseEvent *>(event)->buttons().testFlag(Qt::LeftButton);
+    };
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
         return true;
     case QEvent::MouseMove:
+        return isWithoutButton();
     case QEvent::MouseButtonRelease:
-        return !static_cast<const QMouseEvent *>(event)->buttons().testFlag(Qt::LeftButton);
+        return m_hasHappened && isWithoutButton();
     default:
         return false;
     }

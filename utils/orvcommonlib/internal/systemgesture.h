@@ -12,12 +12,15 @@ class QWindow;
 /// that it is over.
 ///
 /// The window manager keeps the release to itself on some platforms, so that the gesture counts as over as soon as the
-/// pointer is seen in the window without the button, or with a press. GUI thread only.
+/// pointer is seen in the window without the button, or with a press. On others the release comes first, and then the
+/// place where the window has been left: a release before which nothing happened to the window is not the end. GUI
+/// thread only.
 class SystemGesture : public QObject
 {
 public:
     /// \param widget the widget whose window is moved or resized; not owned
-    /// \param moved  called for each place that the window gets meanwhile; may destroy anything
+    /// \param moved  called by the event loop after the window has got another place meanwhile, and before `ended` at the
+    ///               latest; may destroy anything
     /// \param ended  called once when the gesture is over; may destroy anything
     SystemGesture(QWidget *widget, std::function<void()> moved, std::function<void()> ended);
 
@@ -33,10 +36,13 @@ protected:
 private:
     Q_DISABLE_COPY(SystemGesture)
 
+    void tellMove();
     bool isOver(QObject *receiver, QEvent *event) const;
 
     QWidget *const m_widget;
     QPointer<QWindow> m_window; // while the gesture is under way
+    bool m_moveIsDue = false;
+    bool m_hasHappened = false; // a move or a resize since its begin
     std::function<void()> m_moved;
     std::function<void()> m_ended;
 };

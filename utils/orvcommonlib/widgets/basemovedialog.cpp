@@ -210,7 +210,8 @@ void BaseMoveDialog::followSystemMove()
 void BaseMoveDialog::mouseReleaseEvent(QMouseEvent *event)
 {
     const QPointer<BaseMoveDialog> alive(this);
-    endPress(event->button() == Qt::LeftButton && event->pos() != m_pressPosition);
+    if (!m_systemGesture->isUnderWay())
+        endPress(event->button() == Qt::LeftButton && event->pos() != m_pressPosition);
     if (survived(alive, event))
         QWidget::mouseReleaseEvent(event);
 }
