@@ -19,6 +19,8 @@ using ShadowComboTesting::SignalLog;
 
 namespace {
 
+constexpr int kKeptSize = 16;
+
 /// What happens to a desktop while something is open on it.
 enum class Change { Shape, Order, Unplug, Leave };
 
@@ -63,12 +65,33 @@ bool isAtHeader(const Combo &combo)
     return list.x() == header.x() - 4 && (list.y() == header.bottom() + 1 || list.bottom() + 1 == header.y());
 }
 
-class OpenCombo : public customcombox
+/// A combo box of Qt's kind, with three rows.
+template<typename ComboBox>
+class OpenCombo : public ComboBox
 {
 public:
-    using customcombox::customcombox;
-    using customcombox::hidePopup;
-    using customcombox::showPopup;
+    explicit OpenCombo(QWidget *window)
+        : ComboBox(window)
+    {
+        this->setEditable(true);
+        this->setGeometry(20, 20, 200, 48);
+        this->addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
+        this->show();
+    }
+
+    using ComboBox::hidePopup;
+    using ComboBox::showPopup;
+
+    /// Where its list opens.
+    QRect openedList()
+    {
+        showPopup();
+        RandomDesktop::settle();
+        const QWidget *list = this->view()->window();
+        const QRect geometry = list->isVisible() ? list->geometry() : QRect();
+        hidePopup();
+        return geometry;
+    }
 };
 
 } // namespace
@@ -175,28 +198,23 @@ void tst_MixedScreensLists::plainListsOpenAtTheirLineEdit_data()
     addChanges();
 }
 
+// Its list is Qt's, and stands where Qt's own combo box opens one.
 void tst_MixedScreensLists::plainListsOpenAtTheirLineEdit()
 {
     QFETCH(const Change, change);
     onDesktops([change](RandomDesktop &desktop) {
         const int index = desktop.below(desktop.count());
         const auto window = shownWindow(desktop.placeOn(desktop.screen(index), kWindow));
-        OpenCombo combo(window.get());
-        combo.setGeometry(20, 20, 200, 48);
-        combo.addItems({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")});
-        combo.show();
-        const auto opensBesideIt = [&] {
-            combo.showPopup();
-            RandomDesktop::settle();
-            const QWidget *list = combo.view()->window();
-            return list->isVisible() && window->screen()->geometry().contains(list->geometry()) &&
-                   list->geometry().adjusted(0, -2, 0, 2).intersects(globalRect(&combo));
-        };
-        QVERIFY(opensBesideIt());
+        OpenCombo<customcombox> combo(window.get());
+        OpenCombo<QComboBox> stock(window.get());
+        const QRect list = combo.openedList();
+        QVERIFY(window->screen()->geometry().contains(list));
+        QCOMPARE(list, stock.openedList());
+        combo.showPopup();
+        RandomDesktop::settle();
         happen(desktop, change, index, window.get());
         combo.hidePopup();
-        QVERIFY(opensBesideIt());
-        combo.hidePopup();
+        QVERIFY(isOnSomeScreen(combo.openedList()));
     });
 }
 
@@ -237,7 +255,8 @@ void tst_MixedScreensLists::panelsOpenAtTheirButton()
             QVERIFY(qAbs(before.x()) < 120 && qAbs(before.y()) < 120);
             happen(desktop, change, index, window.get());
             panel->hide();
-            QCOMPARE(offset(), before);
+            // A window that was hidden has kept its size in the pixels of the screen that it was on.
+            QVERIFY((offset() - before).manhattanLength() <= (isWindow ? kKeptSize : 0));
             QCOMPARE(panel->grab().devicePixelRatio(), window->screen()->devicePixelRatio());
             panel->hide();
         }
