@@ -117,6 +117,7 @@ private Q_SLOTS:
     void staysWhenPulledElsewhere();
     void resizes_data() { addPlaces(); }
     void resizes();
+    void doesNotCreep();
     void resizesByTheEnlargedCorner();
     void keepsTheMinimumSize();
     void movesARubberBand();
@@ -196,6 +197,23 @@ void tst_FramelessHelper_x11::resizes()
         at(local) - QPoint(pulled.testFlag(Qt::LeftEdge) ? -50 : 50, pulled.testFlag(Qt::TopEdge) ? -40 : 40);
     XPointer::drag(at(local), inwards);
     QTRY_COMPARE(m_window->geometry(), pulledTo(pulled, inwards));
+}
+
+// However often it goes to and fro: at a fractional ratio not every place is one of the screen's own pixels.
+void tst_FramelessHelper_x11::doesNotCreep()
+{
+    const QPoint corner(kFrame.width() - 3, kFrame.height() - 3);
+    QRect expected = kFrame;
+    for (int round = 1; round <= 4; ++round) {
+        const QPoint there(7 * round, -3 * round);
+        XPointer::drag(at(kTitle), at(kTitle) + there);
+        XPointer::drag(at(kTitle) + there, at(kTitle));
+        QTRY_COMPARE(m_window->geometry(), expected);
+        XPointer::drag(at(corner), at(corner) + there);
+        XPointer::drag(at(corner) + there, at(corner));
+        expected = pulledTo(Qt::RightEdge | Qt::BottomEdge, at(corner));
+        QTRY_COMPARE(m_window->geometry(), expected);
+    }
 }
 
 void tst_FramelessHelper_x11::resizesByTheEnlargedCorner()
