@@ -108,8 +108,7 @@ void tst_LiveStudio::takenCameraIsExplained()
 {
     CLICK(kCamera);
     CLICK(named("CustomComboxItem/Capture card"));
-    SEES(kMessageButton);
-    RealPointer::key(QStringLiteral("Return"));
+    CLICK(kMessageButton);
     SEES_NO(kMessageButton);
     QCOMPARE(m_studio.value(kCamera), QStringLiteral("Desk camera"));
 }
@@ -186,14 +185,13 @@ void tst_LiveStudio::theHelpShowsItsDialogs()
     const QString tool = named("CustomToolButton/Help");
     CLICK(tool);
     CLICK(named("QPushButton/Tips"));
-    SEES(kTipsButton);
-    RealPointer::key(QStringLiteral("Return"));
+    CLICK(kTipsButton);
     SEES_NO(kTipsButton);
 
     CLICK(tool);
     CLICK(named("QPushButton/What is new"));
     SEES(named("PopupDlgWithMask/What is new"));
-    RealPointer::key(QStringLiteral("Escape"));
+    CLICK(kMessageButton);
     SEES_NO(named("PopupDlgWithMask/What is new"));
 
     CLICK(tool);
@@ -223,8 +221,7 @@ void tst_LiveStudio::theWindowIsMaximisedAndRestored()
 void tst_LiveStudio::quittingIsConfirmed()
 {
     CLICK(kClose);
-    SEES(kLeave);
-    RealPointer::key(QStringLiteral("Escape"));
+    CLICK(named("QPushButton/Close"));
     SEES_NO(kLeave);
     CLICK(kClose);
     CLICK(kLeave);
