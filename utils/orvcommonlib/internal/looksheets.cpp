@@ -9,6 +9,7 @@
 #include <QtCore/QPointer>
 #include <QtCore/QVector>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 
 #include <utility>
 
