@@ -24,7 +24,8 @@ NinePatchRecipe anyRecipe(Input &input)
 {
     NinePatchRecipe recipe{};
     for (int *border : {&recipe.left, &recipe.top, &recipe.right, &recipe.bottom})
-        *border = input.anyInt();
+        *border =
+            qMax(input.anyInt(), -kFarthest * 10); // a piece that far outside takes the memory for itself
     recipe.width = input.anyInt();
     recipe.height = input.anyInt();
     // No more memory than there is, nor more time.

@@ -56,6 +56,11 @@ void trySmooth(QPixmap source, QSizeF size, double radius)
               "scaleAndClipPixmap2() differs from its steps");
 }
 
+qreal atMost(qreal length)
+{
+    return length > 300 ? 300 : length; // which leaves what is no number
+}
+
 void tryThumbnail(Input &input)
 {
     const quint8 kind = input.byte();
@@ -69,10 +74,8 @@ void tryThumbnail(Input &input)
     qreal width = input.anyReal();
     qreal height = input.anyReal();
     const qreal radius = input.anyReal();
-    if (kind % 4 == 3) { // no more memory than there is, nor more time
-        width = qMin(width, 300.0);
-        height = qMin(height, 300.0);
-    }
+    width = atMost(width); // what is larger is made, if there is the memory and the time
+    height = atMost(height);
     trySmooth(anyPixmap(input), QSizeF(width, height), radius);
 }
 

@@ -303,7 +303,8 @@ Kind pictureButton()
 {
     return {"CustomPictureBtn",
             [](QWidget *parent, quint8 how) {
-                const QImage image(how % 40, 12, QImage::Format_ARGB32);
+                QImage image(how % 40, 12, QImage::Format_ARGB32);
+                image.fill(Qt::green);
                 return how % 2 == 0 ? new CustomPictureBtn(Values::anyText(how), parent)
                                     : new CustomPictureBtn(image, Values::anyText(how), how % 20, parent,
                                                            how % 4 == 1);
@@ -316,6 +317,7 @@ Kind pictureButton()
              }),
              own<CustomPictureBtn>([](auto *button, quint8, quint8 much) {
                  QImage image(much % 30, 10, QImage::Format_RGB32);
+                 image.fill(Qt::blue);
                  button->setHoverIcon(image);
                  button->setDisabledIcon(image);
              })},
