@@ -109,6 +109,8 @@ set(CPACK_PACKAGE_FILE_NAME ${ORV_PACKAGE}-${PROJECT_VERSION}-linux-${CMAKE_SYST
 if(WIN32)
     set(CPACK_GENERATOR ZIP)
     set(CPACK_PACKAGE_FILE_NAME ${ORV_PACKAGE}-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR})
+endif()
+if(MINGW)
     # An archive of its own: the DLL as it was linked, for debuggers. What is installed as a file is not stripped.
     install(FILES $<TARGET_FILE:orvcommonlib> DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Symbols EXCLUDE_FROM_ALL)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/readme-symbols.txt.in ${PROJECT_BINARY_DIR}/symbols/README.txt @ONLY
