@@ -13,7 +13,7 @@ public:
     void setResolution(int row);
     void explainPlan(int row);
     void startAfresh(CustomShadowCombox *combo, const QStringList &cameras);
-    void follow(CustomShadowCombox *header);
+    void follow(CustomShadowCombox *combo);
 };
 
 CustomShadowCombox *Page::newCombo()

@@ -1,16 +1,13 @@
 #include "orvcommonlib.h"
-#include "orvcommonlib_version.h"
-
-#include <QtWidgets/QWidget>
 
 #include <QtCore/QDebug>
+#include <QtWidgets/QWidget>
 
 //! [version of the headers]
 #include <orvcommonlib_version.h>
 
 #if ORVCOMMONLIB_VERSION >= ORVCOMMONLIB_VERSION_CHECK(1, 1, 0)
 //! [version of the headers]
-#    error "The examples are those of 1.0."
 #endif
 
 namespace helpers_snippets {
