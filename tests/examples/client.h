@@ -22,6 +22,8 @@ public:
     /// What it has said on standard error since start(), without what the platform says of itself.
     QString warnings() const;
 
+    /// What has been seen until now counts no more, but only what the probe tells next.
+    void forget() { m_seen = {}; }
     /// Whether a widget is visible now, as "class/name".
     bool sees(const QString &widget) const { return m_seen.contains(widget); }
     QRect place(const QString &widget) const;

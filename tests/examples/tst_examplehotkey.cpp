@@ -23,7 +23,9 @@ void tst_ExampleHotkey::countsPressesOfTheChosenKeys()
     Client example(QStringLiteral("hotkey"));
     example.start();
     QTRY_VERIFY_WITH_TIMEOUT(example.sees(label("Not pressed yet")), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(example.hasFocus(edit), 20000);
     RealPointer::click(example.place(edit).center());
+    example.forget();
     QTRY_VERIFY_WITH_TIMEOUT(example.hasFocus(edit), 20000);
 
     RealPointer::key(QStringLiteral("Escape"));
