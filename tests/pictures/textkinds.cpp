@@ -27,7 +27,7 @@ QVector<State> statesOfTextEdit()
 QWidget *keyEdit()
 {
     auto *edit = new CustomKeySequenceEdit(nullptr, QStringLiteral("Press a key"));
-    edit->setKeySequence(QKeySequence(Qt::CTRL + Qt::Key_F5));
+    edit->setKeySequence(QKeySequence(QStringLiteral("Ctrl+F5")));
     edit->setEditSize(QSize(140, 28));
     edit->resize(140, 28);
     return edit;
