@@ -68,16 +68,16 @@ Relocations relocationsOf(const char *file)
     void *const handle = opened(file);
     link_map *map = nullptr;
     dlinfo(handle, RTLD_DI_LINKMAP, &map);
-    double all = 0;
-    double relative = 0;
+    quint64 all = 0;
+    quint64 relative = 0;
     for (const ElfW(Dyn) *entry = map->l_ld; entry->d_tag != DT_NULL; ++entry) {
         if (entry->d_tag == DT_RELASZ || entry->d_tag == DT_PLTRELSZ)
-            all += double(entry->d_un.d_val / sizeof(ElfW(Rela)));
+            all += entry->d_un.d_val / sizeof(ElfW(Rela));
         else if (entry->d_tag == DT_RELACOUNT)
-            relative = double(entry->d_un.d_val);
+            relative = entry->d_un.d_val;
     }
     dlclose(handle);
-    return {relative, all - relative};
+    return {double(relative), double(all - relative)};
 }
 
 double kilobytes(const char *file)
