@@ -197,7 +197,7 @@ void tst_CustomKeySequenceEdit::cutsAtTheFirstComma()
     CustomKeySequenceEdit edit(QKeySequence(Qt::CTRL | Qt::Key_A), nullptr, QString());
     QSignalSpy changed(&edit, &QKeySequenceEdit::keySequenceChanged);
     QTest::keyClick(&edit, Qt::Key_Comma, Qt::ControlModifier);
-    QKeySequenceEdit stock; // that of Qt 6 forgets a sequence that has no text
+    QKeySequenceEdit stock(QKeySequence(Qt::CTRL | Qt::Key_A)); // in Qt 6 it forgets what has no text
     stock.setKeySequence(cut);
     QCOMPARE(edit.keySequence(), stock.keySequence());
     QCOMPARE(changed.constLast().constFirst().value<QKeySequence>(), cut);
