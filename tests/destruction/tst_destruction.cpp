@@ -139,7 +139,13 @@ const Exception kImpossibleInQt6[] = {
     {nullptr, "HoverEnter", "!hover", kPointer},
     {nullptr, "watched HoverEnter", "!hover", kPointer},
     {"CustomKeySequenceEdit", "editingFinished()", "no focus", kFinish},
+    {"CustomKeySequenceEdit", "editingFinished()", "disable", kFinish},
+    {"CustomKeySequenceEdit", "editingFinished()", "hide", kFinish},
+    {"CustomKeySequenceEdit", "editingFinished()", "close", kFinish},
     {"CustomKeySequenceEdit", "keySequenceChanged(QKeySequence)", "no focus", kFinish},
+    {"CustomKeySequenceEdit", "keySequenceChanged(QKeySequence)", "disable", kFinish},
+    {"CustomKeySequenceEdit", "keySequenceChanged(QKeySequence)", "hide", kFinish},
+    {"CustomKeySequenceEdit", "keySequenceChanged(QKeySequence)", "close", kFinish},
 };
 
 /// What is never told in the lives of these objects, with the reason.
