@@ -169,9 +169,11 @@ private:
         if (m_following || !window->handle() || !window->isTopLevel())
             return;
         const QPoint middle = window->handle()->geometry().center();
+        if (window->screen()->handle()->geometry().contains(middle))
+            return; // where screens overlap it stays
         const QList<QScreen *> screens = QGuiApplication::screens();
         for (QScreen *screen : screens) {
-            if (screen == window->screen() || !screen->handle()->geometry().contains(middle))
+            if (!screen->handle()->geometry().contains(middle))
                 continue;
             m_following = true;
             const QSize size = window->size();
