@@ -92,14 +92,16 @@ QString withArguments(const QString &sheet, const QStringList &arguments)
 }
 
 // A sheet and its text in the look in force.
-QHash<Sheet, QString>::const_iterator known(const Sheet &sheet)
+using Known = QHash<Sheet, QString>::const_iterator;
+Known known(const Sheet &sheet)
 {
-    const auto found = texts().constFind(sheet);
+    const Known found = texts().constFind(sheet);
     if (found != texts().constEnd())
         return found;
     if (texts().size() >= kMostTexts)
         texts().clear();
-    return texts().insert(sheet, withArguments(colored(QString::fromLatin1(sheet.first)), sheet.second));
+    return Known(
+        texts().insert(sheet, withArguments(colored(QString::fromLatin1(sheet.first)), sheet.second)));
 }
 
 // In a dark look pictures may have come or gone.
