@@ -83,8 +83,12 @@ foreach(list IN ITEMS exclusions without-display)
 endforeach()
 
 function(orv_register_test test_name target x11 serial environment)
+    set(timeout 300)
+    if(ORV_SANITIZERS)
+        set(timeout 900) # the longest draws every page of the gallery three times
+    endif()
     add_test(NAME ${test_name} COMMAND ${target})
-    set_tests_properties(${test_name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
+    set_tests_properties(${test_name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${timeout})
     if(WIN32 AND test_name IN_LIST ORV_WINE_exclusions)
         set_tests_properties(${test_name} PROPERTIES DISABLED TRUE)
     endif()
