@@ -302,7 +302,8 @@ void bringInto(State state, QWidget *carrier)
     }
     carrier->setAttribute(Qt::WA_UnderMouse, state == Hover);
     if (state == Hover) { // which a push button believes only when the pointer moves
-        QMouseEvent move(QEvent::MouseMove, QRectF(carrier->rect()).center(), Qt::NoButton, Qt::NoButton,
+        const QPoint centre = carrier->rect().center();
+        QMouseEvent move(QEvent::MouseMove, centre, carrier->mapToGlobal(centre), Qt::NoButton, Qt::NoButton,
                          Qt::NoModifier);
         QCoreApplication::sendEvent(carrier, &move);
     }
