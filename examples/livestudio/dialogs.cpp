@@ -6,36 +6,26 @@
 
 #include <QtCore/QSettings>
 
-namespace {
-
-PopupDlgWithMask::ExecResult run(const PopupMessage &message, QWidget *window)
+static bool isConfirmed(const PopupMessage &message, QWidget *window)
 {
     PopupDlgWithMask dialog(message, window);
     dialog.setKeyboardActions(true);
     dialog.moveOver(window);
-    return dialog.exec();
+    return dialog.exec() == PopupDlgWithMask::Confirmed;
 }
-
-} // namespace
 
 void Dialogs::showTips(QWidget *window)
 {
-    auto *dialog =
-        new TipsDlgWithCheckbox(window, QSize(420, 210), tr("Before you go live"),
-                                tr("Let the light come from the front, and look into the camera. The hotkey "
-                                   "takes a snapshot while any program has the focus."),
-                                tr("Do not show again"), tr("Got it"));
+    const QString text =
+        tr("Let the light come from the front, and look into the camera. The hotkey takes a snapshot "
+           "while any program has the focus.");
+    auto *dialog = new TipsDlgWithCheckbox(window, QSize(420, 210), tr("Before you go live"), text,
+                                           tr("Do not show again"), tr("Got it"));
     dialog->setKeyboardActions(true);
     QObject::connect(dialog, &TipsDlgWithCheckbox::sig_checkboxStateChanged, window,
                      [](bool enough) { QSettings().setValue("noTips", enough); });
     dialog->moveOver(window);
     dialog->exec(); // deletes itself
-}
-
-void Dialogs::showTipsAtStart(QWidget *window)
-{
-    if (!QSettings().value("noTips").toBool())
-        showTips(window);
 }
 
 void Dialogs::showNews(QWidget *window)
@@ -46,7 +36,7 @@ void Dialogs::showNews(QWidget *window)
     news.pages = {
         {":/studio/news1.svg", tr("Beauty that stays natural"), tr("One slider, and it is still you")},
         {":/studio/news2.svg", tr("A hotkey of your own"), tr("Snapshots from within any program")}};
-    run(news, window);
+    isConfirmed(news, window);
 }
 
 void Dialogs::showUpdate(QWidget *window)
@@ -57,10 +47,11 @@ void Dialogs::showUpdate(QWidget *window)
     dialog->setContentTips(tr("Version 2.1 brings steadier pictures and a faster start."));
     dialog->setNewVersionLink(tr("What is new"));
     dialog->setKeyboardActions(true);
-    QObject::connect(
-        dialog, &OrvUpdateTipDlg::sig_confirmBtnClicked, window,
-        [window] { explain(window, tr("Updates"), tr("A real client would fetch the new version now.")); },
-        Qt::QueuedConnection); // when the dialog has gone
+    const auto update = [window] {
+        explain(window, tr("Updates"), tr("A real client would fetch it now."));
+    };
+    QObject::connect(dialog, &OrvUpdateTipDlg::sig_confirmBtnClicked, window, update,
+                     Qt::QueuedConnection); // when the dialog has gone
     dialog->moveOver(window);
     dialog->show();
 }
@@ -70,7 +61,7 @@ void Dialogs::explain(QWidget *window, const QString &title, const QString &text
     PopupMessage message;
     message.title = title;
     message.content = text;
-    run(message, window);
+    isConfirmed(message, window);
 }
 
 bool Dialogs::askToQuit(QWidget *window)
@@ -79,5 +70,5 @@ bool Dialogs::askToQuit(QWidget *window)
     question.title = tr("Leave the studio?");
     question.content = tr("The live picture ends. Your snapshots and settings are kept.");
     question.confirmText = tr("Leave");
-    return run(question, window) == PopupDlgWithMask::Confirmed;
+    return isConfirmed(question, window);
 }

@@ -11,11 +11,8 @@ class Dialogs
 
 public:
     static void showTips(QWidget *window);
-    /// The tips, unless the user has had enough of them.
-    static void showTipsAtStart(QWidget *window);
     static void showNews(QWidget *window);
     static void showUpdate(QWidget *window);
     static void explain(QWidget *window, const QString &title, const QString &text);
-    /// \return whether the user wants to quit
     static bool askToQuit(QWidget *window);
 };

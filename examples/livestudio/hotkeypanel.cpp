@@ -6,13 +6,11 @@
 
 #include <QtCore/QSettings>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QVBoxLayout>
-
-namespace {
+#include <QtWidgets/QLayout>
 
 // A key that the whole desktop loses must not be one that people type: it needs a modifier beside Shift, unless it is a
 // function key. Escape stays what it is everywhere.
-bool isFitForTheDesktop(const QKeySequence &sequence)
+static bool isFitForTheDesktop(const QKeySequence &sequence)
 {
     const int combination = orvqt::firstCombination(sequence);
     const int key = combination & ~int(Qt::KeyboardModifierMask);
@@ -20,31 +18,22 @@ bool isFitForTheDesktop(const QKeySequence &sequence)
     return key != Qt::Key_Escape && (modified || (key >= Qt::Key_F1 && key <= Qt::Key_F35));
 }
 
-} // namespace
-
 HotkeyPanel::HotkeyPanel(CustomToolButton *button)
-    : ToolPanel(tr("Snapshot hotkey"), button)
+    : ToolPanel(button)
     , m_hotkey(new QHotkey(this))
     , m_edit(new CustomKeySequenceEdit(this, tr("Press the keys")))
     , m_note(new QLabel(this))
 {
-    m_edit->setAccessibleName(tr("Snapshot hotkey"));
+    m_edit->setAccessibleName(accessibleName());
     m_edit->setEditSize(QSize(240, 34));
     m_edit->setNoContextMenu(true);
-    setFocusProxy(m_edit);
-    m_note->setObjectName("note");
     m_note->setWordWrap(true);
     m_note->setFixedSize(240, 34);
-    column()->addWidget(m_edit);
-    column()->addWidget(m_note);
+    layout()->addWidget(m_edit);
+    layout()->addWidget(m_note);
     connect(m_edit, &QKeySequenceEdit::editingFinished, this, &HotkeyPanel::choose);
     connect(m_hotkey, &QHotkey::activated, this, &HotkeyPanel::pressed);
-}
-
-void HotkeyPanel::start()
-{
-    const QKeySequence standard(Qt::CTRL | Qt::SHIFT | Qt::Key_F9);
-    take(QKeySequence::fromString(QSettings().value("hotkey", standard.toString()).toString()));
+    take(QKeySequence::fromString(QSettings().value("hotkey", "Ctrl+Shift+F9").toString()));
 }
 
 void HotkeyPanel::choose()
@@ -52,12 +41,10 @@ void HotkeyPanel::choose()
     const QKeySequence sequence = m_edit->keySequence();
     if (sequence == m_hotkey->shortcut())
         return;
-    if (sequence.isEmpty() || isFitForTheDesktop(sequence)) {
-        take(sequence);
-    } else {
-        m_note->setText(tr("Add Ctrl or Alt to it: the hotkey is taken from all programs."));
-        m_edit->setKeySequence(m_hotkey->shortcut());
-    }
+    if (sequence.isEmpty() || isFitForTheDesktop(sequence))
+        return take(sequence);
+    m_note->setText(tr("Add Ctrl or Alt to it: the hotkey is taken from all programs."));
+    m_edit->setKeySequence(m_hotkey->shortcut());
 }
 
 void HotkeyPanel::take(const QKeySequence &sequence)

@@ -16,9 +16,6 @@ class HotkeyPanel : public ToolPanel
 public:
     explicit HotkeyPanel(CustomToolButton *button);
 
-    /// Registers the hotkey of the settings.
-    void start();
-
 Q_SIGNALS:
     void pressed();
 

@@ -4,10 +4,7 @@
 
 #include <orvqtcompat.h>
 
-#include <QtCore/QCommandLineParser>
 #include <QtCore/QLoggingCategory>
-#include <QtCore/QSettings>
-#include <QtGui/QFont>
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
@@ -21,32 +18,16 @@ int main(int argc, char **argv)
     QApplication::setWindowIcon(QIcon(":/studio/logo.svg"));
     QLoggingCategory::setFilterRules(
         "default.debug=false\ndefault.info=false"); // what the library tells support
-
-    QCommandLineParser parser;
-    const QCommandLineOption shot("shot", "Write a picture of the window, as it is at first, and exit.",
-                                  "file");
-    const QCommandLineOption dark("dark", "Start in the dark look.");
-    parser.addHelpOption();
-    parser.addOptions({shot, dark});
-    parser.process(application);
-    if (parser.isSet(shot)) {
-        QApplication::setApplicationName("livestudio-shot"); // nothing of the user's in the picture
-        QSettings().clear();
-        QSettings().setValue("contrast", 14);
-        QSettings().setValue("beauty", 45);
-    }
-    if (parser.isSet(dark))
-        QSettings().setValue("dark", true);
-
-    QFont font = QApplication::font();
+    QFont font;
     font.setFamilies({"Segoe UI", "Microsoft YaHei", "Noto Sans CJK SC", "Noto Sans", "DejaVu Sans"});
     font.setPixelSize(13);
     QApplication::setFont(font);
     StudioStyle::followLook();
 
     MainWindow window;
-    if (parser.isSet(shot))
-        return window.writeShot(parser.value(shot)) ? 0 : 1;
-    window.start();
+    window.show();
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.value(1) == "--shot")
+        return window.grabAt(42).save(arguments.value(2)) ? 0 : 1;
     return QApplication::exec();
 }

@@ -4,72 +4,147 @@
 #include "preview.h"
 #include "snapshotpage.h"
 #include "studiostyle.h"
-#include "titlebar.h"
 #include "toolstrip.h"
 
 #include <orvcommonlib.h>
+#include <orvlook.h>
 #include <orvmaskctrl.h>
 
 #include <QtCore/QSettings>
 #include <QtCore/QTimer>
+#include <QtCore/QVariant>
 #include <QtGui/QCloseEvent>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QButtonGroup>
-#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStackedWidget>
+#include <QtWidgets/QToolButton>
 
-namespace {
-
-constexpr int kHairline = 1;
-constexpr int kSideWidth = 300;
-
-} // namespace
+constexpr int kTitleHeight = 48;
 
 MainWindow::MainWindow()
     : BaseMoveDialog(nullptr, true, false, false)
-    , m_titleBar(new TitleBar(this))
     , m_preview(new Preview(this))
-    , m_tools(new ToolStrip(m_preview, this))
     , m_snapshots(new SnapshotPage(this))
-    , m_pages(new QStackedWidget(this))
 {
     setObjectName("studio");
     setWindowTitle(tr("Live Studio"));
     setWidgetResizable(true);
     setSystemMoveResize(true);
+    setWidgetTitleHeight(kTitleHeight);
     setFocusPolicy(Qt::ClickFocus); // a press beside the controls closes the panels
-    setWidgetTitleHeight(TitleBar::kHeight);
+    OrvMaskCtrl::setFollowsWindow(true);
+
+    auto *tools = new ToolStrip(m_preview, this);
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(1, 1, 1, 1);
+    grid->setSpacing(0);
+    grid->addWidget(newTitleBar(), 0, 0, 1, 2);
+    grid->addWidget(m_preview, 1, 0);
+    grid->addWidget(tools, 2, 0);
+    grid->addWidget(newSide(), 1, 1, 2, 1);
+    grid->setRowStretch(1, 1);
+    connect(tools, &ToolStrip::snapshotWanted, this, [this] { m_snapshots->add(m_preview->picture()); });
+    connect(this, &BaseMoveDialog::sig_doubleclickCanDragRect, this, &MainWindow::toggleMaximised);
+
     setMinimumSize(860, 600);
     resize(1120, 640);
-    buildContents();
-    OrvMaskCtrl::setFollowsWindow(true);
-    connect(m_tools, &ToolStrip::snapshotWanted, this, [this] { m_snapshots->add(m_preview->picture()); });
-    connect(this, &BaseMoveDialog::sig_doubleclickCanDragRect, m_titleBar, &TitleBar::toggleMaximised);
-}
-
-void MainWindow::start()
-{
-    m_tools->start();
     totalcommon::moveToScreenCenter(this, 0);
     restoreGeometry(QSettings().value("geometry").toByteArray());
-    show();
-    QTimer::singleShot(0, this, [this] { Dialogs::showTipsAtStart(this); });
+    if (!QSettings().value("noTips").toBool())
+        QTimer::singleShot(0, this, [this] { Dialogs::showTips(this); });
 }
 
-bool MainWindow::writeShot(const QString &file)
+QPixmap MainWindow::grabAt(double seconds)
 {
-    setAttribute(Qt::WA_DontShowOnScreen);
-    show();
-    m_preview->freezeAt(42);
-    QApplication::processEvents();
-    return grab().save(file);
+    m_preview->freezeAt(seconds);
+    QCoreApplication::processEvents();
+    return grab();
+}
+
+QWidget *MainWindow::newTitleBar()
+{
+    auto *bar = new QWidget(this);
+    bar->setObjectName("titleBar");
+    bar->setAttribute(Qt::WA_StyledBackground);
+    bar->setFixedHeight(kTitleHeight);
+    auto *row = new QHBoxLayout(bar);
+    row->setContentsMargins(16, 0, 8, 0);
+    row->setSpacing(4);
+    auto *logo = new QLabel(bar);
+    logo->setPixmap(windowIcon().pixmap(24, 24));
+    row->addWidget(logo);
+    auto *name = new QLabel(windowTitle(), bar);
+    name->setObjectName("titleName");
+    row->addWidget(name, 1);
+
+    QToolButton *dark = newTitleButton("look", tr("Dark look"), bar);
+    dark->setCheckable(true);
+    dark->setChecked(OrvLook::isDark());
+    connect(dark, &QToolButton::toggled, this, &OrvLook::setDark);
+    QToolButton *minimise = newTitleButton("minimise", tr("Minimise"), bar);
+    connect(minimise, &QToolButton::clicked, this, &QWidget::showMinimized);
+    m_maximise = newTitleButton("maximise", tr("Maximise"), bar);
+    m_maximise->setCheckable(true);
+    connect(m_maximise, &QToolButton::clicked, this, &MainWindow::toggleMaximised);
+    QToolButton *close = newTitleButton("close", tr("Close"), bar);
+    connect(close, &QToolButton::clicked, this, &QWidget::close);
+    return bar;
+}
+
+QToolButton *MainWindow::newTitleButton(const char *picture, const QString &name, QWidget *bar)
+{
+    auto *button = new QToolButton(bar);
+    button->setProperty("picture", picture); // for the style sheet
+    button->setAccessibleName(name);
+    button->setToolTip(name);
+    button->setFixedSize(36, 32);
+    bar->layout()->addWidget(button);
+    return button;
+}
+
+QWidget *MainWindow::newSide()
+{
+    auto *side = new QWidget(this);
+    side->setObjectName("side");
+    side->setAttribute(Qt::WA_StyledBackground);
+    side->setFixedWidth(300);
+    auto *pages = new QStackedWidget(side);
+    auto *grid = new QGridLayout(side);
+    grid->setContentsMargins(20, 16, 19, 16);
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(16);
+    grid->addWidget(pages, 1, 0, 1, 2);
+    const auto addPage = [=](QWidget *page, const QString &name) {
+        QPushButton *tab = StudioStyle::newButton("tab", name, side);
+        tab->setCheckable(true);
+        tab->setAutoExclusive(true);
+        tab->setChecked(pages->count() == 0);
+        grid->addWidget(tab, 0, pages->addWidget(page));
+        connect(tab, &QPushButton::clicked, pages, [=] { pages->setCurrentWidget(page); });
+        return tab;
+    };
+    addPage(new PicturePage(m_preview, side), tr("Picture"));
+    QPushButton *tab = addPage(m_snapshots, tr("Snapshots"));
+    const auto tellCount = [tab](int count) {
+        tab->setText(count > 0 ? tr("Snapshots (%1)").arg(count) : tr("Snapshots"));
+    };
+    connect(m_snapshots, &SnapshotPage::countChanged, tab, tellCount);
+    tellCount(m_snapshots->count());
+    return side;
+}
+
+void MainWindow::toggleMaximised()
+{
+    setWindowState(windowState() ^ Qt::WindowMaximized);
 }
 
 void MainWindow::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowStateChange) {
-        m_titleBar->followWindowState();
+        m_maximise->setChecked(isMaximized());
+        m_maximise->setAccessibleName(isMaximized() ? tr("Restore") : tr("Maximise"));
+        m_maximise->setToolTip(m_maximise->accessibleName());
         setCanMove(!isMaximized());
         setWidgetResizable(!isMaximized());
     }
@@ -78,10 +153,8 @@ void MainWindow::changeEvent(QEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (!Dialogs::askToQuit(this)) {
-        event->ignore();
-        return;
-    }
+    if (!Dialogs::askToQuit(this))
+        return event->ignore();
     QSettings().setValue("geometry", saveGeometry());
     BaseMoveDialog::closeEvent(event);
 }
@@ -89,56 +162,5 @@ void MainWindow::closeEvent(QCloseEvent *event)
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     BaseMoveDialog::resizeEvent(event);
-    setRectOfCanDrag(QRect(0, 0, width(), TitleBar::kHeight));
-}
-
-void MainWindow::buildContents()
-{
-    auto *stage = new QVBoxLayout;
-    stage->setSpacing(0);
-    stage->addWidget(m_preview, 1);
-    stage->addWidget(m_tools);
-    auto *body = new QHBoxLayout;
-    body->setSpacing(0);
-    body->addLayout(stage, 1);
-    body->addWidget(newSide());
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(kHairline, kHairline, kHairline, kHairline);
-    column->setSpacing(0);
-    column->addWidget(m_titleBar);
-    column->addLayout(body);
-}
-
-QWidget *MainWindow::newSide()
-{
-    auto *side = new QWidget(this);
-    side->setObjectName("side");
-    side->setAttribute(Qt::WA_StyledBackground);
-    side->setFixedWidth(kSideWidth);
-    auto *tabs = new QHBoxLayout;
-    tabs->setSpacing(8);
-    auto *group = new QButtonGroup(this);
-    for (const QString &name : {tr("Picture"), tr("Snapshots")}) {
-        QPushButton *tab = StudioStyle::newButton("tab", name, side);
-        tab->setCheckable(true);
-        group->addButton(tab, group->buttons().size());
-        tabs->addWidget(tab);
-        connect(tab, &QPushButton::clicked, m_pages,
-                [this, group] { m_pages->setCurrentIndex(group->checkedId()); });
-    }
-    group->button(0)->setChecked(true);
-    const auto tellCount = [tab = group->button(1)](int count) {
-        tab->setText(count > 0 ? tr("Snapshots (%1)").arg(count) : tr("Snapshots"));
-    };
-    connect(m_snapshots, &SnapshotPage::countChanged, side, tellCount);
-    tellCount(m_snapshots->count());
-
-    m_pages->addWidget(new PicturePage(m_preview, m_pages));
-    m_pages->addWidget(m_snapshots);
-    auto *column = new QVBoxLayout(side);
-    column->setContentsMargins(20, 16, 20 - kHairline, 16);
-    column->setSpacing(16);
-    column->addLayout(tabs);
-    column->addWidget(m_pages);
-    return side;
+    setRectOfCanDrag(QRect(0, 0, width(), kTitleHeight));
 }

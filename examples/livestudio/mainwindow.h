@@ -3,23 +3,20 @@
 #include <basemovedialog.h>
 
 class Preview;
-class QStackedWidget;
+class QToolButton;
 class SnapshotPage;
-class TitleBar;
-class ToolStrip;
 
-/// The window of the studio: title bar, live picture, tools, and the pages beside them.
+/// The window of the studio, which has no frame: it is moved by its own title bar.
 class MainWindow : public BaseMoveDialog
 {
     Q_OBJECT
 
 public:
+    /// As the user left it.
     MainWindow();
 
-    /// Shows it as the user left it.
-    void start();
-    /// Writes a picture of it, with nothing on the screen.
-    bool writeShot(const QString &file);
+    /// A picture of it, so many seconds after its start.
+    QPixmap grabAt(double seconds);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -27,12 +24,12 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void buildContents();
+    QWidget *newTitleBar();
+    QToolButton *newTitleButton(const char *picture, const QString &name, QWidget *bar);
     QWidget *newSide();
+    void toggleMaximised();
 
-    TitleBar *m_titleBar;
     Preview *m_preview;
-    ToolStrip *m_tools;
     SnapshotPage *m_snapshots;
-    QStackedWidget *m_pages;
+    QToolButton *m_maximise;
 };

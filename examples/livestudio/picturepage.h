@@ -4,11 +4,9 @@
 
 class CustomShadowCombox;
 class Preview;
-class QHBoxLayout;
-class QPushButton;
 class QVBoxLayout;
 
-/// The page with the camera and what can be set of its picture. The settings keep it all.
+/// The page with the camera and what can be set of its picture.
 class PicturePage : public QWidget
 {
     Q_OBJECT
@@ -19,17 +17,11 @@ public:
 private:
     void addCameras();
     void addResolutions();
-    void addSlider(const QString &name, int minimum, int maximum, const QString &key,
-                   void (Preview::*set)(int));
+    void addSlider(const QString &name, int minimum, int maximum, const char *property);
     void addZoom();
-    CustomShadowCombox *addCombo(const QString &name);
-    QHBoxLayout *addRow(QWidget *left, QWidget *right);
-    void addCamera(const QString &name);
-    void chooseCamera(int row);
+    CustomShadowCombox *newCombo(const QString &name, const QStringList &rows, const QString &whyNot);
+    void addRow(const QList<QWidget *> &widgets);
 
     Preview *m_preview;
     QVBoxLayout *m_column;
-    CustomShadowCombox *m_camera;
-    QPushButton *m_unplug;
-    int m_cameras = 0; // that there ever were
 };

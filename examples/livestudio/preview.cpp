@@ -1,119 +1,128 @@
 #include "preview.h"
-#include "testpicture.h"
 
+#include <QtCore/QSettings>
+#include <QtCore/QTime>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 
-#include <array>
+#include <cmath>
 
-namespace {
-
-constexpr int kFrameMs = 40;
+constexpr QRectF kScene(-640, -360, 1280, 720); // what is painted is measured in these units
 constexpr int kInset = 16;
-constexpr double kCorner = 8;
-
-using Levels = std::array<uchar, 256>;
-
-Levels levels(double brightness, double contrast, double gain)
-{
-    Levels levels;
-    for (int level = 0; level < 256; ++level)
-        levels[size_t(level)] = uchar(qBound(0., ((level - 128) * contrast + 128 + brightness) * gain, 255.));
-    return levels;
-}
-
-} // namespace
 
 Preview::Preview(QWidget *parent)
     : QWidget(parent)
+    , m_person(":/studio/person.svg")
 {
     setAccessibleName(tr("Live picture"));
     setMinimumSize(400, 240);
-    connect(&m_timer, &QTimer::timeout, this, [this] { show(m_clock.elapsed() / 1000.); });
-    m_timer.start(kFrameMs);
+    set("resolution", QSettings().value("resolution", QSize(960, 540)));
+    for (const char *name : {"camera", "brightness", "contrast", "beauty", "zoom", "effect", "mirrored"})
+        set(name, QSettings().value(name, 0));
+    connect(&m_timer, &QTimer::timeout, this, [this] { takePicture(m_clock.elapsed() / 1000.); });
+    m_timer.start(40);
     m_clock.start();
+}
+
+void Preview::set(const char *name, const QVariant &value)
+{
+    setProperty(name, value);
+    QSettings().setValue(name, value);
+}
+
+int Preview::number(const char *name) const
+{
+    return property(name).toInt();
 }
 
 void Preview::freezeAt(double seconds)
 {
     m_timer.stop();
-    show(seconds);
+    takePicture(seconds);
 }
 
-void Preview::show(double seconds)
+void Preview::takePicture(double seconds)
 {
     m_seconds = seconds;
-    m_picture = zoomed(TestPicture::draw(m_resolution, seconds, m_camera));
-    if (m_mirrored)
-        m_picture = m_picture.mirrored(true, false);
-    soften(&m_picture);
-    colour(&m_picture);
+    m_picture = QImage(property("resolution").toSize(), QImage::Format_RGB32);
+    QPainter painter(&m_picture);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setPen(Qt::NoPen);
+    painter.translate(QRectF(m_picture.rect()).center());
+    const double scale = zoomFactor(number("zoom")) * m_picture.width() / kScene.width();
+    painter.scale(property("mirrored").toBool() ? -scale : scale, scale);
+    paintScene(painter);
+    painter.end();
+    treatPicture();
     update();
 }
 
-QImage Preview::zoomed(const QImage &picture) const
+// Each camera sees the room in a light of its own.
+void Preview::paintScene(QPainter &painter) const
 {
-    QRect part(QPoint(), (QSizeF(picture.size()) / m_zoom).toSize());
-    part.moveCenter(picture.rect().center());
-    return m_zoom > 1
-               ? picture.copy(part).scaled(picture.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-               : picture;
-}
-
-void Preview::soften(QImage *picture) const
-{
-    if (m_beauty == 0)
-        return;
-    const QImage soft = picture->scaled(picture->size() / 8, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    QPainter painter(picture);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.setOpacity(m_beauty / 130.);
-    painter.drawImage(picture->rect(), soft);
-}
-
-void Preview::colour(QImage *picture) const
-{
-    const double brightness = m_brightness * 1.6;
-    const double contrast = 1 + m_contrast / 60.;
-    const Levels red = levels(brightness, contrast, m_effect == Cool ? 0.86 : 1);
-    const Levels green = levels(brightness, contrast, 1);
-    const Levels blue = levels(brightness, contrast, m_effect == Warm ? 0.78 : 1);
-    for (int y = 0; y < picture->height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(picture->scanLine(y));
-        for (int x = 0; x < picture->width(); ++x) {
-            const int gray = m_effect == Mono ? qGray(line[x]) : -1;
-            line[x] = gray < 0 ? qRgb(red[size_t(qRed(line[x]))], green[size_t(qGreen(line[x]))],
-                                      blue[size_t(qBlue(line[x]))])
-                               : qRgb(green[size_t(gray)], green[size_t(gray)], green[size_t(gray)]);
-        }
+    const int hue = 232 + number("camera") * 67;
+    QLinearGradient wall(kScene.topLeft(), kScene.bottomRight());
+    wall.setColorAt(0, QColor::fromHsv(hue % 360, 150, 82));
+    wall.setColorAt(1, QColor::fromHsv((hue + 70) % 360, 120, 150));
+    painter.fillRect(kScene, wall);
+    for (int light = 0; light < 14; ++light) {
+        const double radius = 26 + (light * 29) % 64;
+        const double x = std::fmod(m_seconds * (6 + light % 4) + light * 137, 1480) - 740;
+        painter.setBrush(QColor::fromHsv((hue + 160 + light * 11) % 360, 90, 255, 60));
+        painter.drawEllipse(QPointF(x, (light * 83) % 420 - 250 + 18 * std::sin(m_seconds + light)), radius,
+                            radius);
     }
+    painter.translate(26 * std::sin(m_seconds * 0.8), 60 + 6 * std::sin(m_seconds * 1.7));
+    painter.rotate(1.5 * std::sin(m_seconds * 0.8 + 0.6));
+    painter.drawPixmap(QPointF(-m_person.width() / 2., -220), m_person);
+}
+
+void Preview::treatPicture()
+{
+    const int effect = number("effect");
+    if (effect == Mono)
+        m_picture =
+            m_picture.convertToFormat(QImage::Format_Grayscale8).convertToFormat(QImage::Format_RGB32);
+    const QRect all = m_picture.rect();
+    QPainter painter(&m_picture);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setOpacity(number("beauty") / 130.);
+    painter.drawImage(all, m_picture.scaled(all.size() / 8, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    painter.setOpacity(qAbs(number("brightness")) / 80.);
+    painter.fillRect(all, number("brightness") > 0 ? Qt::white : Qt::black);
+    painter.setOpacity(qAbs(number("contrast")) / 60.);
+    if (number("contrast") < 0) {
+        painter.fillRect(all, Qt::gray);
+    } else {
+        painter.setCompositionMode(QPainter::CompositionMode_Overlay);
+        painter.drawImage(all, m_picture.copy());
+    }
+    painter.setOpacity(1);
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    if (effect == Warm || effect == Cool)
+        painter.fillRect(all, QColor(effect == Warm ? "#FFE9C4" : "#C9DEFF"));
 }
 
 void Preview::paintEvent(QPaintEvent *)
 {
+    const QRect room = rect().adjusted(kInset, kInset, -kInset, -kInset);
+    QRect place(QPoint(), m_picture.size().scaled(room.size(), Qt::KeepAspectRatio));
+    place.moveCenter(room.center());
+    QPainterPath frame;
+    frame.addRoundedRect(place, 8, 8);
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    QRectF place(QPointF(),
-                 QSizeF(m_resolution).scaled(size() - QSize(2 * kInset, 2 * kInset), Qt::KeepAspectRatio));
-    place.moveCenter(QRectF(rect()).center());
-    QPainterPath frame;
-    frame.addRoundedRect(place, kCorner, kCorner);
     painter.setClipPath(frame);
     painter.drawImage(place, m_picture);
-    paintBadge(painter, place);
-}
 
-void Preview::paintBadge(QPainter &painter, const QRectF &place) const
-{
-    const int seconds = int(m_seconds);
-    const QString text = tr("LIVE  %1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0'));
-    const QRectF badge(place.topLeft() + QPointF(kInset, kInset),
-                       QSizeF(fontMetrics().horizontalAdvance(text) + 38, 26));
+    const QString text = tr("LIVE  %1").arg(QTime(0, 0).addSecs(int(m_seconds)).toString("m:ss"));
+    const QRect badge(place.topLeft() + QPoint(kInset, kInset),
+                      QSize(fontMetrics().horizontalAdvance(text) + 38, 26));
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0, 0, 0, 130));
     painter.drawRoundedRect(badge, 13, 13);
     painter.setBrush(QColor("#FF4D5E"));
-    painter.drawEllipse(badge.topLeft() + QPointF(15, 13), 4, 4);
+    painter.drawEllipse(badge.left() + 11, badge.top() + 9, 8, 8);
     painter.setPen(Qt::white);
-    painter.drawText(badge.adjusted(26, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text);
+    painter.drawText(badge.adjusted(26, 0, 0, 0), Qt::AlignVCenter, text);
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QtCore/QFileInfo>
 #include <QtWidgets/QWidget>
 
 class QListWidget;
 class QPushButton;
 
-/// The page with the snapshots that were taken, as thumbnails.
+/// The page with the snapshots that were taken, each a file. They are exported as JPEG.
 class SnapshotPage : public QWidget
 {
     Q_OBJECT
@@ -20,11 +21,11 @@ Q_SIGNALS:
     void countChanged(int count);
 
 private:
-    void show(const QString &file);
+    QFileInfoList files() const;
+    void show(const QFileInfo &file);
     void removeChosen();
     void exportAll();
-    void followCount();
-    QPushButton *addButton(const char *kind, const QString &text, void (SnapshotPage::*act)());
+    void followList();
 
     QString m_folder;
     QListWidget *m_list;

@@ -1,25 +1,27 @@
 #include "toolpanel.h"
+#include "studiostyle.h"
 
 #include <customtoolbutton.h>
 
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
-ToolPanel::ToolPanel(const QString &title, CustomToolButton *button)
+ToolPanel::ToolPanel(CustomToolButton *button)
     : QFrame(button->window())
-    , m_column(new QVBoxLayout(this))
     , m_button(button)
 {
     setObjectName("toolPanel");
-    setAccessibleName(title);
+    setAccessibleName(button->accessibleName());
     hide();
-    auto *heading = new QLabel(title, this);
+    auto *heading = new QLabel(button->accessibleName(), this);
     heading->setObjectName("heading");
-    m_column->setContentsMargins(16, 12, 16, 16);
-    m_column->setSpacing(10);
-    m_column->addWidget(heading);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 12, 16, 16);
+    column->setSpacing(10);
+    column->addWidget(heading);
 
     // The library shows it at the release of the mouse, in the size that it has; keys and focus are the client's part.
     button->setClickWidget(this, false);
@@ -31,15 +33,19 @@ ToolPanel::ToolPanel(const QString &title, CustomToolButton *button)
     });
 }
 
+QPushButton *ToolPanel::addButton(const QString &text)
+{
+    QPushButton *button = StudioStyle::newButton("choice", text, this);
+    layout()->addWidget(button);
+    return button;
+}
+
 void ToolPanel::setOpen(bool open)
 {
     setVisible(open);
     raise();
-    const QList<QWidget *> children = findChildren<QWidget *>();
-    for (QWidget *child : children) {
-        if (open && child->focusPolicy() & Qt::TabFocus)
-            return child->setFocus();
-    }
+    if (open)
+        focusNextChild(); // what is in it
 }
 
 void ToolPanel::keyPressEvent(QKeyEvent *event)

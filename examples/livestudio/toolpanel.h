@@ -3,19 +3,18 @@
 #include <QtWidgets/QFrame>
 
 class CustomToolButton;
-class QVBoxLayout;
+class QPushButton;
 
-/// A panel above a tool button, which opens it by mouse or key. It closes with Escape, with another click on the button,
-/// and when the focus goes elsewhere.
+/// A panel above a tool button, which opens it by mouse or key. It closes with Escape, with another click on the button, and
+/// when the focus goes elsewhere. What is added to its layout() stands below the button's name.
 class ToolPanel : public QFrame
 {
     Q_OBJECT
 
 public:
-    ToolPanel(const QString &title, CustomToolButton *button);
+    explicit ToolPanel(CustomToolButton *button);
 
-    /// Where the content goes.
-    QVBoxLayout *column() const { return m_column; }
+    QPushButton *addButton(const QString &text);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -24,6 +23,5 @@ protected:
 private:
     void setOpen(bool open);
 
-    QVBoxLayout *m_column;
     CustomToolButton *m_button;
 };

@@ -2,13 +2,10 @@
 #include "dialogs.h"
 #include "hotkeypanel.h"
 #include "preview.h"
-#include "studiostyle.h"
 
 #include <customizeiconbutton.h>
 #include <customtoolbutton.h>
 
-#include <QtCore/QSettings>
-#include <QtWidgets/QButtonGroup>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QPushButton>
 
@@ -23,14 +20,10 @@ ToolStrip::ToolStrip(Preview *preview, QWidget *parent)
     addEffects();
     addMirror();
     addSnapshotButton();
-    addHotkey();
+    auto *hotkey = new HotkeyPanel(addTool("keyboard", tr("Snapshot hotkey")));
+    connect(hotkey, &HotkeyPanel::pressed, this, &ToolStrip::snapshotWanted);
     addHelp();
     row->addStretch();
-}
-
-void ToolStrip::start()
-{
-    m_hotkey->start();
 }
 
 CustomToolButton *ToolStrip::addTool(const QString &picture, const QString &name)
@@ -49,41 +42,34 @@ CustomToolButton *ToolStrip::addTool(const QString &picture, const QString &name
 
 void ToolStrip::addEffects()
 {
-    auto *panel = new ToolPanel(tr("Effects"), addTool("effects", tr("Effects")));
-    auto *row = new QHBoxLayout;
-    panel->column()->addLayout(row);
-    auto *group = new QButtonGroup(panel);
+    auto *panel = new ToolPanel(addTool("effects", tr("Effects")));
+    int effect = Preview::NoEffect;
     for (const QString &name : {tr("None"), tr("Warm"), tr("Cool"), tr("Mono")}) {
-        QPushButton *choice = StudioStyle::newButton("choice", name, panel);
-        const auto effect = Preview::Effect(group->buttons().size());
+        QPushButton *choice = panel->addButton(name);
         choice->setCheckable(true);
-        group->addButton(choice, effect);
-        row->addWidget(choice);
-        connect(choice, &QPushButton::clicked, m_preview, [this, effect] {
-            m_preview->setEffect(effect);
-            QSettings().setValue("effect", int(effect));
-        });
+        choice->setAutoExclusive(true);
+        choice->setChecked(m_preview->property("effect") == effect);
+        connect(choice, &QPushButton::clicked, m_preview,
+                [this, effect] { m_preview->set("effect", effect); });
+        ++effect;
     }
-    group->button(qBound(0, QSettings().value("effect").toInt(), 3))->click();
 }
 
 void ToolStrip::addMirror()
 {
     CustomToolButton *tool = addTool("mirror", tr("Mirror"));
-    connect(tool, &QToolButton::toggled, this, [this](bool mirrored) {
-        m_preview->setMirrored(mirrored);
-        QSettings().setValue("mirrored", mirrored);
-    });
-    tool->setChecked(QSettings().value("mirrored").toBool());
+    tool->setChecked(m_preview->property("mirrored").toBool());
+    connect(tool, &QToolButton::toggled, m_preview,
+            [this](bool mirrored) { m_preview->set("mirrored", mirrored); });
 }
 
 void ToolStrip::addSnapshotButton()
 {
     auto *button = new CustomizeIconButton(QSize(20, 20), tr("Snapshot"), 8, this, true);
     const QString ground("QWidget#snapshot{background:%1;border-radius:20px;}");
+    const QString picture(":/studio/snapshot.svg");
     button->setObjectName("snapshot");
     button->setOveralStyle(ground.arg("#4257FF"), ground.arg("#5B6CFF"), ground.arg("#3546DB"), "");
-    const QString picture(":/studio/snapshot.svg");
     button->setIconImage(picture, picture, picture, picture);
     button->setTextStyle("color:white;font-size:14px;", "", "", "");
     button->setFixedSize(148, 40);
@@ -92,19 +78,11 @@ void ToolStrip::addSnapshotButton()
     connect(button, &CustomizeIconButton::clicked, this, &ToolStrip::snapshotWanted);
 }
 
-void ToolStrip::addHotkey()
-{
-    m_hotkey = new HotkeyPanel(addTool("keyboard", tr("Snapshot hotkey")));
-    connect(m_hotkey, &HotkeyPanel::pressed, this, &ToolStrip::snapshotWanted);
-}
-
 void ToolStrip::addHelp()
 {
-    auto *panel = new ToolPanel(tr("Help"), addTool("help", tr("Help")));
-    const auto addEntry = [this, panel](const QString &text, void (*showDialog)(QWidget *)) {
-        QPushButton *button = StudioStyle::newButton("choice", text, panel);
-        panel->column()->addWidget(button);
-        connect(button, &QPushButton::clicked, panel, [this, showDialog] {
+    auto *panel = new ToolPanel(addTool("help", tr("Help")));
+    const auto addEntry = [=](const QString &text, void (*showDialog)(QWidget *)) {
+        connect(panel->addButton(text), &QPushButton::clicked, this, [=] {
             window()->setFocus(); // which closes the panel
             showDialog(window());
         });

@@ -3,19 +3,15 @@
 #include <QtWidgets/QWidget>
 
 class CustomToolButton;
-class HotkeyPanel;
 class Preview;
 
-/// The tools below the live picture. The settings keep what they set.
+/// The tools below the live picture.
 class ToolStrip : public QWidget
 {
     Q_OBJECT
 
 public:
     ToolStrip(Preview *preview, QWidget *parent);
-
-    /// Registers the hotkey.
-    void start();
 
 Q_SIGNALS:
     void snapshotWanted();
@@ -25,9 +21,7 @@ private:
     void addEffects();
     void addMirror();
     void addSnapshotButton();
-    void addHotkey();
     void addHelp();
 
     Preview *m_preview;
-    HotkeyPanel *m_hotkey;
 };

@@ -1,7 +1,5 @@
-// Every dialog of the library over the middle of its window. The client has no pictures but those that its pages show, and
-// places nothing by itself.
-#include <commonpopupdialog.h>
-#include <orvlook.h>
+// Every ready-made dialog of the library over the middle of its window. The client has no pictures but those that its pages
+// show, and places nothing by itself.
 #include <orvmaskctrl.h>
 #include <orvupdatetipdlg.h>
 #include <popupdlgwithmask.h>
@@ -10,14 +8,12 @@
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
 static void showMessage(QWidget *window)
 {
-    PopupDlgWithMask::message(window, "Camera in use",
-                              "Another application is using the camera. Close it first.");
+    PopupDlgWithMask::message(window, "Camera in use", "Another application has it. Close it first.");
 }
 
 static void showPages(QWidget *window)
@@ -25,7 +21,6 @@ static void showPages(QWidget *window)
     PopupMessage message;
     message.size = QSize(332, 425);
     message.title = "What is new";
-    message.noteText = "2.0";
     message.pages = {{":/messages/page1.png", "Steadier pictures", "Also where there is little light"},
                      {":/messages/page2.png", "A faster start", "The camera is there before you are"}};
     PopupDlgWithMask dialog(message, window);
@@ -33,13 +28,13 @@ static void showPages(QWidget *window)
     dialog.exec();
 }
 
+// Deletes itself, as the next two do.
 static void showTips(QWidget *window)
 {
-    auto *dialog =
-        new TipsDlgWithCheckbox(window, QSize(420, 210), "Before you start",
-                                "Let the light come from the front.", "Do not show again", "Got it");
+    auto *dialog = new TipsDlgWithCheckbox(window, QSize(420, 210), "Before you start",
+                                           "Let the light come from the front.", "Do not show again", "OK");
     dialog->moveOver(window);
-    dialog->exec(); // deletes itself, as the next two do
+    dialog->exec();
 }
 
 static void showUpdate(QWidget *window)
@@ -61,44 +56,18 @@ static void showLoading(QWidget *window)
     QTimer::singleShot(3000, dialog, &QWidget::close);
 }
 
-static void showOwn(QWidget *window)
-{
-    CommonPopupDialog dialog(window, "Camera settings", QSize(420, 240), true, true, false, true, true);
-    auto *layout = new QVBoxLayout(&dialog);
-    layout->addWidget(new QLabel("What stands here is the client's own."), 0, Qt::AlignCenter);
-    dialog.moveOver(window);
-    dialog.exec();
-}
-
-// The one dialog that has no look of its own finds it in the application's style sheet.
-static void style()
-{
-    qApp->setStyleSheet(
-        QString("QWidget#CommonPopupDialog{background:%1; border:1px solid %4; border-radius:8px;} "
-                "QLabel{color:%2;}"
-                "QPushButton#PopupDialogCloseButton{border-image:url(:/resources/common_icons/close%3.png);}")
-            .arg(OrvLook::color("dialogGround").name(), OrvLook::color("titleText").name(),
-                 OrvLook::isDark() ? "_dark" : "", OrvLook::color("cancelBorder").name()));
-}
-
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    QObject::connect(OrvLook::instance(), &OrvLook::changed, style);
-    style();
-    OrvLook::setDark(application.arguments().contains("--dark"));
     OrvMaskCtrl::setFollowsWindow(true);
-
     QWidget window;
     QVBoxLayout layout(&window);
     for (auto [text, show] :
          {std::pair("message", showMessage), std::pair("pages", showPages), std::pair("tips", showTips),
-          std::pair("update", showUpdate), std::pair("loading", showLoading), std::pair("own", showOwn)}) {
+          std::pair("update", showUpdate), std::pair("loading", showLoading)}) {
         auto *button = new QPushButton(text);
         layout.addWidget(button);
         QObject::connect(button, &QPushButton::clicked, &window, [show = show, &window] { show(&window); });
-        if (application.arguments().contains(text))
-            QTimer::singleShot(500, button, &QPushButton::click);
     }
     window.resize(800, 600);
     window.show();
