@@ -3,6 +3,7 @@
 #include "customcomboxheader.h"
 #include "customizeiconbutton.h"
 #include "custompicturebtn.h"
+#include "customslider.h"
 #include "customsliderbarwidget.h"
 #include "framelesshelper.h"
 #include "horizontalslider.h"
@@ -12,6 +13,7 @@
 #include "shadowcombotesting.h"
 #include "testmain.h"
 
+#include <QtCore/QMetaProperty>
 #include <QtTest/QTest>
 
 #include <functional>
@@ -66,6 +68,35 @@ const QVector<Kind> kControls{
      }},
 };
 
+const QVector<Kind> kSliders{
+    kControls.at(0),
+    kControls.at(1),
+    kControls.at(2),
+    kControls.at(3),
+    {"slider of the style",
+     [](QWidget *parent) {
+         return std::make_unique<CustomSlider>(Qt::Horizontal, parent);
+     }},
+};
+
+int valueOf(const QWidget *slider)
+{
+    return slider->metaObject()->userProperty().read(slider).toInt();
+}
+
+/// The pointer over a point of a widget, as the window system tells it: in pixels of the screen.
+void point(const QWidget *widget, QPoint local, QEvent::Type type)
+{
+    QWindow *window = widget->window()->windowHandle();
+    const QPointF inWindow =
+        QPointF(widget->mapTo(widget->window(), local)) * window->screen()->devicePixelRatio();
+    const QPointF onScreen = window->handle()->geometry().topLeft() + inWindow;
+    const bool isMove = type == QEvent::MouseMove;
+    QWindowSystemInterface::handleMouseEvent<QWindowSystemInterface::SynchronousDelivery>(
+        window, inWindow, onScreen, type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
+        isMove ? Qt::NoButton : Qt::LeftButton, type);
+}
+
 void addKinds(const QVector<Kind> &kinds)
 {
     QTest::addColumn<int>("kind");
@@ -88,6 +119,8 @@ private Q_SLOTS:
     void dragsFollowThePointer();
     void gesturesReturnToWhereTheyBegan_data();
     void gesturesReturnToWhereTheyBegan();
+    void slidersKeepToThePointer_data();
+    void slidersKeepToThePointer();
     void picturesAreThoseOfTheRatio_data();
     void picturesAreThoseOfTheRatio();
 };
@@ -215,6 +248,50 @@ void tst_MixedScreens::gesturesReturnToWhereTheyBegan()
             MouseEvents::release(window.get(), start);
             QCOMPARE(window->geometry(), before);
         }
+    });
+}
+
+void tst_MixedScreens::slidersKeepToThePointer_data()
+{
+    addKinds(kSliders);
+}
+
+// In a drag during which the ratio changes and the window goes to another screen, a slider takes the values that
+// another one takes whose screen stays as it is.
+void tst_MixedScreens::slidersKeepToThePointer()
+{
+    QFETCH(const int, kind);
+    onDesktops([kind](RandomDesktop &desktop) {
+        const auto window = shownWindow(desktop.placeOn(desktop.screen(0), kWindow));
+        const Made slider = kSliders.at(kind).make(window.get());
+        slider->setGeometry(20, 20, 206, 24);
+        slider->show();
+        const Made other = kSliders.at(kind).make(nullptr);
+        other->resize(slider->size());
+        other->grab(); // a paint lays it out
+        RandomDesktop::settle();
+
+        const int middle = slider->height() / 2;
+        point(slider.get(), {6, middle}, QEvent::MouseButtonPress);
+        MouseEvents::press(other.get(), other->mapToGlobal(QPoint(6, middle)));
+        for (int step = 0; step < 12; ++step) {
+            if (step % 3 == 1)
+                desktop.change(0);
+            if (step % 3 == 2)
+                window->move(desktop.anyPlace(kWindow).topLeft());
+            RandomDesktop::settle();
+            const QPoint pointer(desktop.below(slider->width()), middle);
+            point(slider.get(), pointer, QEvent::MouseMove);
+            MouseEvents::move(other.get(), other->mapToGlobal(pointer));
+            QCOMPARE(valueOf(slider.get()), valueOf(other.get()));
+        }
+        const QPoint end(slider->width() - 1, middle);
+        point(slider.get(), end, QEvent::MouseMove);
+        const int last = valueOf(slider.get());
+        QVERIFY(last > 0);
+        point(slider.get(), end, QEvent::MouseButtonRelease);
+        point(slider.get(), {6, middle}, QEvent::MouseMove);
+        QCOMPARE(valueOf(slider.get()), last);
     });
 }
 
