@@ -62,6 +62,8 @@ private Q_SLOTS:
     void grayStatesMustFitTheRows();
     void clears();
     void clearedListStartsOver();
+    void forgetsRowsOfOthers_data();
+    void forgetsRowsOfOthers();
     void hidingEndsTheHovering();
     void clearedByAClick();
     void destroyedByAClick();
@@ -428,6 +430,44 @@ void tst_ShadowPopupWidget::clearedListStartsOver()
     list.setCurrentIndex(0);
     QVERIFY(isChecked(list.row(0)));
     QVERIFY(!isChecked(list.row(1)));
+}
+
+void tst_ShadowPopupWidget::forgetsRowsOfOthers_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<bool>("isDestroyed");
+    QTest::addColumn<int>("current");
+    for (const bool isDestroyed : {true, false}) {
+        const char *how = isDestroyed ? "destroyed" : "moved away";
+        QTest::addRow("%s before the current one", how) << 0 << isDestroyed << 0;
+        QTest::addRow("the current one, %s", how) << 1 << isDestroyed << -1;
+        QTest::addRow("%s after the current one", how) << 2 << isDestroyed << 1;
+    }
+}
+
+void tst_ShadowPopupWidget::forgetsRowsOfOthers()
+{
+    QFETCH(int, row);
+    QFETCH(bool, isDestroyed);
+    QWidget elsewhere;
+    List list;
+    list.add(3);
+    list.setCurrentIndex(1);
+    QVERIFY(list.showAndWait());
+    const QPointer<CustomComboxItem> gone(list.row(row));
+    if (isDestroyed)
+        delete gone;
+    else
+        gone->setParent(&elsewhere);
+    QCOMPARE(list.count(), 2);
+    QTEST(list.currentIndex(), "current");
+    QCOMPARE(list.height(), 24 + 2 * 48);
+    QCOMPARE(list.itemText(row), row < 2 ? QStringLiteral("Row %1").arg(row + 1) : QString());
+    const QSignalSpy chosen(&list, &ShadowPopupWidget::currentIndexChanged);
+    QTest::mouseClick(list.row(1), Qt::LeftButton);
+    QCOMPARE(QList<QVariantList>(chosen), (QList<QVariantList>{{1}}));
+    list.clear();
+    QCOMPARE(gone.isNull(), isDestroyed);
 }
 
 void tst_ShadowPopupWidget::hidingEndsTheHovering()

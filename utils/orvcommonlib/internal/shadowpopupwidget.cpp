@@ -109,12 +109,18 @@ void ShadowPopupWidget::removeItem(int index)
 {
     if (!hasRow(index))
         return;
-    if (isCurrentRow(index))
+    const std::unique_ptr<CustomComboxItem> row(m_rows.at(index));
+    forget(index, isCurrentRow(index));
+    m_contentLayout->removeWidget(row.get());
+}
+
+void ShadowPopupWidget::forget(int index, bool isCurrent)
+{
+    if (isCurrent)
         m_currentIndex = -1;
     else if (index < m_currentIndex && isCurrentRow(m_currentIndex))
         --m_currentIndex;
-    const std::unique_ptr<CustomComboxItem> row(m_rows.takeAt(index));
-    m_contentLayout->removeWidget(row.get());
+    m_rows.removeAt(index);
     renumberFrom(index);
     updateHeight();
     showRowsThatFit();
@@ -202,6 +208,23 @@ void ShadowPopupWidget::updateHeight()
     const int listHeight = padding + qMin(count(), m_maxVisibleRows) * m_rowHeight;
     m_scrollArea->setFixedHeight(listHeight);
     setFixedHeight(listHeight + m_top + m_bottom);
+}
+
+// A row that goes away by itself is not asked any more: it may be half destroyed.
+bool ShadowPopupWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_content && event->type() == QEvent::ChildRemoved) {
+        const QObject *child = static_cast<QChildEvent *>(event)->child();
+        const auto isChild = [child](const CustomComboxItem *row) {
+            return row == child;
+        };
+        const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), isChild);
+        if (row != m_rows.cend()) {
+            const int index = int(row - m_rows.cbegin());
+            forget(index, index == m_currentIndex);
+        }
+    }
+    return BaseMoveDialogWithBackImage::eventFilter(watched, event);
 }
 
 void ShadowPopupWidget::showEvent(QShowEvent *event)
@@ -344,11 +367,11 @@ void ShadowPopupWidget::buildList(int contentMargin)
     m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     hideUntilNeeded(m_scrollArea->verticalScrollBar());
     m_scrollArea->setFocusPolicy(Qt::NoFocus);
-    m_scrollArea->installEventFilter(this);
     connect(m_scrollArea->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &ShadowPopupWidget::showRowsInView);
 
     m_content = new QWidget;
+    m_content->installEventFilter(this);
     m_contentLayout = new QVBoxLayout(m_content);
     m_contentLayout->setContentsMargins(contentMargin, contentMargin, contentMargin, contentMargin);
     m_contentLayout->setSpacing(0);

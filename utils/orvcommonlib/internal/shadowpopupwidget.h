@@ -30,7 +30,7 @@ public:
     /// The parent that rows are best constructed with: a row that is moved there afterwards has its style
     /// sheets parsed on the way.
     QWidget *rowParent() const { return m_content; }
-    /// Appends the row, which then belongs to the list.
+    /// Appends the row, which then belongs to the list: destroyed by somebody else or moved away it is as if removed.
     void addItem(CustomComboxItem *row);
     /// Puts a new row of the list's own look before the one at `index`, which lies within 0 to count(). The
     /// current index goes with its row.
@@ -72,6 +72,7 @@ Q_SIGNALS:
     void screenChanged();
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void hideEvent(QHideEvent *event) override;
@@ -84,6 +85,7 @@ private:
     void watchScreen();
     void buildList(int contentMargin);
     void place(CustomComboxItem *row, int index);
+    void forget(int index, bool isCurrent);
     void renumberFrom(int index);
     void showRowsThatFit();
     void fixWidth(CustomComboxItem *row) const;

@@ -36,8 +36,9 @@ void SystemGesture::end()
 bool SystemGesture::eventFilter(QObject *receiver, QEvent *event)
 {
     const QPointer<QObject> alive(receiver);
-    if (receiver == m_widget && (event->type() == QEvent::Move || event->type() == QEvent::Resize))
-        m_hasHappened = true;
+    const bool isFromOutside = receiver == m_widget && event->spontaneous();
+    const bool isMove = isFromOutside && event->type() == QEvent::Move;
+    m_hasHappened |= isMove || (isFromOutside && event->type() == QEvent::Resize);
     const QPointer<SystemGesture> guard(this);
     if (isOver(receiver, event)) {
         tellMove();
@@ -46,8 +47,7 @@ bool SystemGesture::eventFilter(QObject *receiver, QEvent *event)
             const std::function<void()> ended = m_ended; // which outlives the gesture
             ended();
         }
-    } else if (isUnderWay() && receiver == m_widget && event->type() == QEvent::Move &&
-               !std::exchange(m_moveIsDue, true)) {
+    } else if (isMove && !std::exchange(m_moveIsDue, true)) {
         QMetaObject::invokeMethod(this, &SystemGesture::tellMove, Qt::QueuedConnection);
     }
     // Nothing is consumed; but what is gone cannot get its event any more.

@@ -13,14 +13,14 @@ class QWindow;
 ///
 /// The window manager keeps the release to itself on some platforms, so that the gesture counts as over as soon as the
 /// pointer is seen in the window without the button, or with a press. On others the release comes first, and then the
-/// place where the window has been left: a release before which nothing happened to the window is not the end. GUI
-/// thread only.
+/// place where the window has been left: a release before which nothing happened to the window is not the end. What the
+/// program does to the window meanwhile is not the gesture's. GUI thread only.
 class SystemGesture : public QObject
 {
 public:
     /// \param widget the widget whose window is moved or resized; not owned
-    /// \param moved  called by the event loop after the window has got another place meanwhile, and before `ended` at the
-    ///               latest; may destroy anything
+    /// \param moved  called by the event loop after the window manager has given the window another place, and before
+    ///               `ended` at the latest; may destroy anything
     /// \param ended  called once when the gesture is over; may destroy anything
     SystemGesture(QWidget *widget, std::function<void()> moved, std::function<void()> ended);
 
