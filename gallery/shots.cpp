@@ -106,11 +106,12 @@ bool writeLook(MainWindow *window, const QDir &folder)
     return everythingWritten;
 }
 
-// The same page in both looks, the left half of one and the right half of the other.
+// The beginning of the same page in both looks, the left half of one and the right half of the other.
 bool writeBothLooks(const QDir &light, const QDir &dark)
 {
-    QPixmap picture(light.filePath(kPageInBothLooks));
+    const QPixmap lightPicture(light.filePath(kPageInBothLooks));
     const QPixmap darkPicture(dark.filePath(kPageInBothLooks));
+    QPixmap picture = lightPicture.copy(0, 0, lightPicture.width(), lightPicture.width() * 2 / 3);
     const int half = picture.width() / 2;
     QPainter painter(&picture);
     painter.drawPixmap(half, 0, darkPicture, half, 0, half, picture.height());

@@ -64,7 +64,7 @@ void tst_HelpFile::findsClasses()
 {
     QFETCH(QString, name);
     const QList<QHelpLink> found = m_engine->documentsForKeyword(name);
-    QVERIFY(!found.isEmpty());
+    QCOMPARE(found.size(), 1); // for several Assistant would ask which
     QVERIFY(textOf(found.constFirst().url).contains(name.section(QStringLiteral("::"), -1)));
 }
 

@@ -19,11 +19,7 @@
 #include <functional>
 #include <memory>
 
-using MixedScreens::globalRect;
-using MixedScreens::isOnSomeScreen;
-using MixedScreens::kWindow;
-using MixedScreens::onDesktops;
-using MixedScreens::shownWindow;
+using namespace MixedScreens;
 using ShadowComboTesting::Combo;
 
 namespace {

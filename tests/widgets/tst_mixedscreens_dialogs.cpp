@@ -16,10 +16,7 @@
 #include <QtGui/QMovie>
 #include <QtTest/QTest>
 
-using MixedScreens::isOnSomeScreen;
-using MixedScreens::kWindow;
-using MixedScreens::onDesktops;
-using MixedScreens::shownWindow;
+using namespace MixedScreens;
 
 namespace {
 

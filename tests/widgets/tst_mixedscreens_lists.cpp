@@ -8,11 +8,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
 
-using MixedScreens::globalRect;
-using MixedScreens::isOnSomeScreen;
-using MixedScreens::kWindow;
-using MixedScreens::onDesktops;
-using MixedScreens::shownWindow;
+using namespace MixedScreens;
 using ShadowComboTesting::Combo;
 using ShadowComboTesting::kHiddenOnce;
 using ShadowComboTesting::SignalLog;

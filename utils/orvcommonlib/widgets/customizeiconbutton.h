@@ -72,7 +72,8 @@ public:
 
     /// Sets the icon's pictures, each a file name or resource path. A path with a quote, a comma, a parenthesis or a
     /// backslash does not work in a style sheet.
-    /// \param normal,hover,pressed,disabled the picture in each state
+    /// \param normal,hover,pressed,disabled the picture in each state; for an empty path Qt warns of a file without a
+    ///        name
     void setIconImage(QString normal, QString hover, QString pressed, QString disabled);
     /// Sets the style sheets of the text label.
     /// \param normal,hover,pressed,disabled the sheet in each state; an empty one leaves the look alone

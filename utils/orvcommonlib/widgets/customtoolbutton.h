@@ -32,7 +32,8 @@ enum SettingWidgetDirection : int {
 /// events, neither its own nor the panels'.
 ///
 /// - The click panel opens at the release of any mouse button. A click never closes it. One that takes the
-///   focus closes when it loses it while the pointer is not on the button; any other stays open.
+///   focus closes when it loses it, also to a control within it, while the pointer is not on the button; any
+///   other stays open.
 /// - The right-click panel opens at the release of the right mouse button, or of any that was held for 1001
 ///   milliseconds or longer. A press that loses its release (the button is hidden, closed or disabled
 ///   meanwhile, a modal window blocks it, or a popup opens) is no long one. The panel never closes by itself.
