@@ -13,9 +13,11 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QTextStream>
+#include <QtGui/QCursor>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QMovie>
 #include <QtGui/QPainter>
+#include <QtGui/QScreen>
 #include <QtTest/QTest>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
@@ -386,10 +388,16 @@ class tst_Contrast : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void cleanup();
     void contrast_data();
     void contrast();
 };
+
+void tst_Contrast::initTestCase()
+{
+    QCursor::setPos(qApp->primaryScreen()->geometry().bottomRight()); // what lies under it would be hovered
+}
 
 void tst_Contrast::cleanup()
 {
