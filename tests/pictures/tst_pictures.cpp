@@ -7,6 +7,7 @@
 #include "testmain.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtGui/QCursor>
 #include <QtGui/QFontDatabase>
@@ -25,7 +26,8 @@ using namespace Pictures;
 namespace {
 
 const QString kFamily = QStringLiteral("Orv Boxes");
-const QString kKept = QStringLiteral(ORV_KEPT_PICTURES);
+const QString kKept = QStringLiteral(ORV_KEPT_PICTURES "/");
+const QString kOwn = QStringLiteral(ORV_OWN_PICTURES "/"); // of this Qt alone, where it has any
 
 QVector<Kind> allKinds()
 {
@@ -73,6 +75,20 @@ QImage pictureOf(const Kind &kind, const State &state, const QColor &paper)
 QString fileName(const QString &widget)
 {
     return QStringLiteral("%1@%2.png").arg(widget, QString::number(qApp->devicePixelRatio()));
+}
+
+/// What is expected: the own sheet of this Qt, or else the one in common.
+Sheet keptSheet(const QString &file)
+{
+    return Sheet::load((QFileInfo::exists(kOwn + file) ? kOwn : kKept) + file);
+}
+
+/// Keeps what is painted, as a sheet of this Qt's own only where the one in common is another.
+bool keep(const Sheet &painted, const QString &file)
+{
+    if (kOwn != kKept && differingNames(Sheet::load(kKept + file), painted).isEmpty())
+        return QFile::remove(kOwn + file);
+    return QDir().mkpath(kOwn) && painted.save(kOwn + file);
 }
 
 } // namespace
@@ -139,13 +155,13 @@ void tst_Pictures::looksAsKept()
     }
 
     const QString name = QLatin1String(kind.name);
-    const QString file = kKept + QLatin1Char('/') + fileName(name);
-    const Sheet kept = Sheet::load(file);
+    const QString file = fileName(name);
+    const Sheet kept = keptSheet(file);
     const QStringList names = differingNames(kept, painted);
     if (names.isEmpty())
         return;
     if (qEnvironmentVariableIsSet("ORV_ACCEPT_PICTURES")) {
-        QVERIFY(painted.save(file));
+        QVERIFY(keep(painted, file));
         return;
     }
     m_report->add(name, kept, painted);
@@ -161,9 +177,18 @@ void tst_Pictures::keepsNothingElse()
     const QVector<Kind> kinds = allKinds();
     for (const Kind &kind : kinds)
         files << fileName(QLatin1String(kind.name));
-    const QStringList kept = QDir(kKept).entryList({fileName(QStringLiteral("*"))}, QDir::Files);
+    const QStringList filter{fileName(QStringLiteral("*"))};
+    const QStringList kept = QDir(kKept).entryList(filter, QDir::Files);
     for (const QString &file : kept)
         QVERIFY2(files.contains(file), qPrintable(file + QLatin1String(" is of no widget: remove it")));
+    if (kOwn == kKept)
+        return;
+    const QStringList own = QDir(kOwn).entryList(filter, QDir::Files);
+    for (const QString &file : own) {
+        QVERIFY2(!differingNames(Sheet::load(kKept + file), Sheet::load(kOwn + file)).isEmpty(),
+                 qPrintable(kOwn + file + QLatin1String(" is that of both: remove it")));
+        QVERIFY2(kept.contains(file), qPrintable(kOwn + file + QLatin1String(" is of no widget: remove it")));
+    }
 }
 
 ORV_TEST_MAIN(tst_Pictures)
