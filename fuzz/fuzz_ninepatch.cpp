@@ -3,7 +3,7 @@
 #include "support/memoryresource.h"
 #include "support/ninepatchrecipe.h"
 
-#include <QtCore/QScopedPointer>
+#include <limits>
 
 using namespace Fuzzing;
 
@@ -20,17 +20,33 @@ bool isModest(const NinePatchRecipe &recipe)
     return recipe.width > 0 && recipe.height > 0;
 }
 
+/// Pieces that the library makes, and that take their time.
+bool hasLargePieces(const NinePatchRecipe &recipe)
+{
+    constexpr qint64 kLarge = 1 << 16;
+    constexpr qint64 kNone = std::numeric_limits<int>::max() / 4; // beyond which there is no piece
+    const qint64 widths[] = {recipe.left, kFarthest - qint64(recipe.left) - recipe.right, recipe.right};
+    const qint64 heights[] = {recipe.top, kFarthest - qint64(recipe.top) - recipe.bottom, recipe.bottom};
+    for (const qint64 width : widths) {
+        for (const qint64 height : heights) {
+            if (width > 0 && height > 0 && width * height > kLarge && width * height <= kNone)
+                return true;
+        }
+    }
+    return false;
+}
+
 NinePatchRecipe anyRecipe(Input &input)
 {
     NinePatchRecipe recipe{};
     for (int *border : {&recipe.left, &recipe.top, &recipe.right, &recipe.bottom})
-        *border =
-            qMax(input.anyInt(), -kFarthest * 10); // a piece that far outside takes the memory for itself
-    recipe.width = input.anyInt();
-    recipe.height = input.anyInt();
-    // No more memory than there is, nor more time.
-    recipe.width = qMin(recipe.width, kFarthest);
-    recipe.height = qMin(recipe.height, kFarthest);
+        *border = input.anyInt();
+    recipe.width = qMin(input.anyInt(), kFarthest);
+    recipe.height = qMin(input.anyInt(), kFarthest);
+    if (hasLargePieces(recipe)) {
+        for (int *border : {&recipe.left, &recipe.top, &recipe.right, &recipe.bottom})
+            *border %= kFarthest;
+    }
     return recipe;
 }
 

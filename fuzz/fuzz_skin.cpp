@@ -2,6 +2,8 @@
 #include "internal/skintesting.h"
 #include "support/memoryresource.h"
 
+#include <QtCore/QMap>
+
 using namespace Fuzzing;
 
 namespace {
@@ -87,12 +89,21 @@ QRectF anyRect(Input &input)
 
 QImage ground(qreal ratio)
 {
-    QImage image = SkinTesting::blank(QSize(40, 30), ratio);
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            image.setPixel(x, y, 0xff000000U | uint(x) * 0x123457U | uint(y) * 0x3571U);
+    static QMap<qreal, QImage> grounds; // to fill one takes longer than most documents
+    QImage &image = grounds[ratio];
+    if (image.isNull()) {
+        image = SkinTesting::blank(QSize(40, 30), ratio);
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                image.setPixel(x, y, 0xff000000U | uint(x) * 0x123457U | uint(y) * 0x3571U);
+        }
     }
     return image;
+}
+
+bool isAlike(const QImage &image, const QImage &expected)
+{
+    return image == expected || differingPixels(image, expected, 1) == 0;
 }
 
 void tryPiece(const QRectF &target, qreal ratio)
@@ -107,7 +118,7 @@ void tryPiece(const QRectF &target, qreal ratio)
     for (int time = 0; time < 2; ++time) { // what is kept is made by the first time
         QImage image = ground(ratio);
         SkinPainter(&image, kFolder).paint(QStringLiteral("groove.svg"), target);
-        check(differingPixels(image, expected, 1) == 0, "a piece differs from the recipe");
+        check(isAlike(image, expected), "a piece differs from the recipe");
     }
 }
 
@@ -124,7 +135,7 @@ void tryGroove(const SkinTesting::Groove &groove, qreal ratio)
         SkinPainter(&image, kFolder)
             .paintColored(QStringLiteral("groove.svg"), groove.area, groove.pixels, groove.columns,
                           groove.color);
-        check(differingPixels(image, expected, 1) == 0, "a groove differs from the recipe");
+        check(isAlike(image, expected), "a groove differs from the recipe");
     }
 }
 

@@ -6,9 +6,12 @@ using namespace Fuzzing;
 
 namespace {
 
+constexpr int kLargestResult = 120;
+constexpr int kLargest = 400; // of what lies in between
+
 bool isModest(qreal length)
 {
-    return length >= 1 && length <= 120;
+    return length >= 1 && length <= kLargestResult;
 }
 
 QPixmap anyPixmap(Input &input)
@@ -24,8 +27,8 @@ QPixmap anyPixmap(Input &input)
 bool hasPlainResult(const QPixmap &source, QSizeF size)
 {
     const qreal factor = qMax(size.width() / source.width(), size.height() / source.height());
-    return isModest(size.width()) && isModest(size.height()) && int(source.width() * factor) <= 2000 &&
-           int(source.height() * factor) <= 2000;
+    return isModest(size.width()) && isModest(size.height()) && source.width() * factor <= kLargest &&
+           source.height() * factor <= kLargest;
 }
 
 void tryPlain(QPixmap source, QSize size, int radius)
@@ -58,15 +61,15 @@ void trySmooth(QPixmap source, QSizeF size, double radius)
 
 qreal atMost(qreal length)
 {
-    return length > 300 ? 300 : length; // which leaves what is no number
+    return length > kLargestResult ? kLargestResult : length; // which leaves what is no number
 }
 
 void tryThumbnail(Input &input)
 {
     const quint8 kind = input.byte();
     if (kind % 2 == 0) {
-        const int width = qMin(input.anyInt(), 300);
-        const int height = qMin(input.anyInt(), 300);
+        const int width = qMin(input.anyInt(), kLargestResult);
+        const int height = qMin(input.anyInt(), kLargestResult);
         const int radius = input.anyInt();
         tryPlain(anyPixmap(input), QSize(width, height), radius);
         return;
