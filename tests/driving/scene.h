@@ -48,7 +48,7 @@ inline QVector<Kind> allKinds()
     return controlKinds() + dialogKinds();
 }
 
-/// Takes owners of the mask as well as the widgets, all of which it owns. It is used once.
+/// Takes owners of the mask as well as the widgets, all of which it owns. After its end it is not used again.
 class Scene : public QObject
 {
     Q_OBJECT
