@@ -1,9 +1,8 @@
 #include "fuzzing.h"
 #include "orvcommonlib.h"
+#include "picturecanvas.h"
 #include "support/memoryresource.h"
 #include "support/ninepatchrecipe.h"
-
-#include <limits>
 
 using namespace Fuzzing;
 
@@ -24,12 +23,16 @@ bool isModest(const NinePatchRecipe &recipe)
 bool hasLargePieces(const NinePatchRecipe &recipe)
 {
     constexpr qint64 kLarge = 1 << 16;
-    constexpr qint64 kNone = std::numeric_limits<int>::max() / 4; // beyond which there is no piece
-    const qint64 widths[] = {recipe.left, kFarthest - qint64(recipe.left) - recipe.right, recipe.right};
-    const qint64 heights[] = {recipe.top, kFarthest - qint64(recipe.top) - recipe.bottom, recipe.bottom};
-    for (const qint64 width : widths) {
-        for (const qint64 height : heights) {
-            if (width > 0 && height > 0 && width * height > kLarge && width * height <= kNone)
+    const auto sane = [](int border) {
+        return qint64(qBound(-kMeasureLimit, border, kMeasureLimit));
+    };
+    const qint64 left = sane(recipe.left);
+    const qint64 top = sane(recipe.top);
+    const qint64 right = sane(recipe.right);
+    const qint64 bottom = sane(recipe.bottom);
+    for (const qint64 width : {left, kFarthest - left - right, right}) {
+        for (const qint64 height : {top, kFarthest - top - bottom, bottom}) {
+            if (width * height > kLarge && isPictureSize(width, height))
                 return true;
         }
     }
