@@ -53,7 +53,8 @@ public:
     ///
     /// \param source the picture; only read. A device pixel ratio other than 1 makes a source of another shape
     ///        than `size` that much smaller; give it one without.
-    /// \param size the size of the result. One that no picture can have makes `output` null.
+    /// \param size the size of the result. One that no picture can have (2^29 pixels or more) makes `output` null;
+    ///        a little less takes several gigabytes for a while.
     /// \param radius of the corners; 0 or less leaves them square
     /// \param output receives the result; may be the source itself
     /// \return false, with `output` untouched, only for a null source
@@ -67,8 +68,8 @@ public:
     ///
     /// \param source the picture; only read
     /// \param size the size of the result, whose fractions are dropped. Only when the source has its shape they
-    ///        are rounded, and the corners lie on the fractional size. A size that no picture can have makes
-    ///        `output` null.
+    ///        are rounded, and the corners lie on the fractional size. A size that no picture can have (2^29 pixels
+    ///        or more) makes `output` null; a little less takes several gigabytes for a while.
     /// \param radius of the corners; 0 or less leaves them square
     /// \param output receives the result; may be the source itself
     /// \return false, with `output` untouched, only for a null source
@@ -101,7 +102,11 @@ namespace totalcommon {
 ///
 /// What the image does not cover is transparent, as is all of it when the file cannot be read. A target smaller
 /// than its borders has no edges and no centre, only corners. A target size that is not positive, or that no
-/// image can have, gives a null image.
+/// image can have (2^29 pixels or more), gives a null image.
+///
+/// Borders are taken as they are, also those that lie outside of the image. Each piece is then as large as they say, and
+/// is made whole, unless no image can have its size: negative borders of some thousand pixels take gigabytes for a
+/// while, and so do large ones of an image with a device pixel ratio of its own. Check borders that come from elsewhere.
 ///
 /// An image with a device pixel ratio of its own, as the name of a file `...@2x.png` gives it one, does not fill
 /// the target: its pieces are cut in its own pixels and placed as always, but each is drawn that much smaller.
