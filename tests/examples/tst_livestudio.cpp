@@ -108,7 +108,8 @@ void tst_LiveStudio::takenCameraIsExplained()
 {
     CLICK(kCamera);
     CLICK(named("CustomComboxItem/Capture card"));
-    CLICK(kMessageButton);
+    SEES(kMessageButton);
+    RealPointer::key(QStringLiteral("Return"));
     SEES_NO(kMessageButton);
     QCOMPARE(m_studio.value(kCamera), QStringLiteral("Desk camera"));
 }

@@ -119,6 +119,8 @@ private Q_SLOTS:
     void nothingUnlessAskedFor();
     void actLikeTheButtons_data() { dialogs(); }
     void actLikeTheButtons();
+    void shownDialogGetsTheKeys_data() { dialogs(); }
+    void shownDialogGetsTheKeys();
     void nothingWithoutAButton();
     void hiddenAndDisabledButtons_data() { dialogs(); }
     void hiddenAndDisabledButtons();
@@ -193,6 +195,20 @@ void tst_DialogKeys::actLikeTheButtons()
         check(Qt::Key_Return, Qt::NoModifier, confirmButton);
         check(Qt::Key_Enter, Qt::KeypadModifier, confirmButton);
     }
+}
+
+// As a tool window, which Windows does not activate by itself.
+void tst_DialogKeys::shownDialogGetsTheKeys()
+{
+    QFETCH(Maker, maker);
+    QWidget window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const Dialog dialog = maker();
+    dialog.setKeyboardActions(true);
+    dialog.widget->show();
+    QTRY_COMPARE(QApplication::activeWindow(), dialog.widget.data());
+    delete dialog.widget;
 }
 
 void tst_DialogKeys::nothingWithoutAButton()

@@ -4,6 +4,8 @@
 #include "looksheets.h"
 #include "plainkey.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QPushButton>
 
 namespace {
@@ -44,4 +46,12 @@ bool DialogButtons::clickByKey(const QKeyEvent *event, QPushButton *closeButton,
     if (button && button->isVisibleTo(button->window()) && !event->isAutoRepeat())
         button->click();
     return true;
+}
+
+void DialogButtons::takeKeys(QWidget *dialog)
+{
+    QTimer::singleShot(0, dialog, [dialog] {
+        if (dialog->isVisible() && QGuiApplication::applicationState() == Qt::ApplicationActive)
+            dialog->activateWindow();
+    });
 }

@@ -22,4 +22,8 @@ QPushButton *createActionButton(QWidget *dialog, const QString &text, const char
 /// \return false if the key stands for neither
 bool clickByKey(const QKeyEvent *event, QPushButton *closeButton, QPushButton *confirmButton);
 
+/// Makes a dialog that is being shown the active window, soon: Windows activates no tool window by itself, so that it
+/// would get no keys. Another application that is active stays so.
+void takeKeys(QWidget *dialog);
+
 } // namespace DialogButtons

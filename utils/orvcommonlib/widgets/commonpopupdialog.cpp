@@ -147,6 +147,13 @@ void CommonPopupDialog::keyPressEvent(QKeyEvent *event)
         BaseMoveDialog::keyPressEvent(event);
 }
 
+void CommonPopupDialog::showEvent(QShowEvent *event)
+{
+    if (m_keyboardActions)
+        DialogButtons::takeKeys(this);
+    BaseMoveDialog::showEvent(event);
+}
+
 void CommonPopupDialog::resizeEvent(QResizeEvent *event)
 {
     reSize(event->size());

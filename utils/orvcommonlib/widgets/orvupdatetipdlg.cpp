@@ -203,3 +203,10 @@ void OrvUpdateTipDlg::keyPressEvent(QKeyEvent *event)
     if (!m_keyboardActions || !DialogButtons::clickByKey(event, m_closeButton, m_confirmButton))
         BaseMoveDialogWithBackImage::keyPressEvent(event);
 }
+
+void OrvUpdateTipDlg::showEvent(QShowEvent *event)
+{
+    if (m_keyboardActions)
+        DialogButtons::takeKeys(this);
+    BaseMoveDialogWithBackImage::showEvent(event);
+}

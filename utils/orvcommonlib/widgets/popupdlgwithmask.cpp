@@ -324,6 +324,13 @@ void PopupDlgWithMask::keyPressEvent(QKeyEvent *event)
         BaseMoveDialog::keyPressEvent(event);
 }
 
+void PopupDlgWithMask::showEvent(QShowEvent *event)
+{
+    if (m_keyboardActions)
+        DialogButtons::takeKeys(this);
+    BaseMoveDialog::showEvent(event);
+}
+
 void PopupDlgWithMask::exitEventLoop()
 {
     ModalRun::end(m_eventLoop);

@@ -156,6 +156,7 @@ public:
     /// Lets Escape act as the close button, and Return and Enter as the confirm button, with the same actions and
     /// signals in the same order. Nothing happens while that button is hidden. Keys that the focused content uses
     /// itself do not come here, those with a modifier mean nothing, and one that is held down acts once.
+    /// A dialog that is shown with this set becomes the active window, if the application is active.
     /// \param enabled whether they do, false at first
     void setKeyboardActions(bool enabled) { m_keyboardActions = enabled; }
     /// \return what setKeyboardActions() has set
@@ -172,6 +173,7 @@ protected:
     /// \return whether it was handled
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     /// Hiding releases the mask, ends a running exec() and stops the page timer; showing starts the page
     /// timer anew.
     /// \param visible whether the dialog is to be shown

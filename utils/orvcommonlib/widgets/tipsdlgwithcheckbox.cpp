@@ -316,6 +316,13 @@ void TipsDlgWithCheckbox::keyPressEvent(QKeyEvent *event)
         BaseMoveDialogWithBackImage::keyPressEvent(event);
 }
 
+void TipsDlgWithCheckbox::showEvent(QShowEvent *event)
+{
+    if (m_keyboardActions)
+        DialogButtons::takeKeys(this);
+    BaseMoveDialogWithBackImage::showEvent(event);
+}
+
 void TipsDlgWithCheckbox::exitEventLoop()
 {
     ModalRun::end(m_eventLoop);

@@ -80,6 +80,7 @@ public:
     /// Lets Escape act as the close button, and Return and Enter as the other button, with the same actions and
     /// signals in the same order. Nothing happens while that button is hidden. Keys that the focused content uses
     /// itself do not come here, those with a modifier mean nothing, and one that is held down acts once.
+    /// A dialog that is shown with this set becomes the active window, if the application is active.
     /// \param enabled whether they do, false at first
     void setKeyboardActions(bool enabled) { m_keyboardActions = enabled; }
     /// \return what setKeyboardActions() has set
@@ -101,6 +102,7 @@ protected:
     /// \return whether it was handled
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     /// Hiding ends a running exec().
     /// \param visible whether the dialog is to be shown
     void setVisible(bool visible) override;
