@@ -79,9 +79,20 @@ QVector<State> statesOfNewHorizontalSlider()
     return states + values<Slider>();
 }
 
+/// Makes one step for a press: a QSlider steps on when half a second passes before it is painted.
+template<typename Slider>
+class WithoutRepeats : public Slider
+{
+public:
+    using Slider::Slider;
+
+protected:
+    void timerEvent(QTimerEvent *) override {}
+};
+
 QWidget *plainSlider()
 {
-    auto *slider = new CustomSlider(Qt::Horizontal, nullptr);
+    auto *slider = new WithoutRepeats<CustomSlider>(Qt::Horizontal, nullptr);
     slider->setValue(70);
     slider->resize(160, 24);
     return slider;
@@ -99,7 +110,7 @@ QVector<State> statesOfPlainSlider()
 
 QWidget *bidirectionSlider()
 {
-    auto *slider = new CustomBidirectionSlider;
+    auto *slider = new WithoutRepeats<CustomBidirectionSlider>;
     slider->setRange(-50, 50);
     slider->setValue(20);
     slider->resize(160, 30);

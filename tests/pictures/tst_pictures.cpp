@@ -118,6 +118,7 @@ void tst_Pictures::initTestCase()
         QVERIFY(QFontDatabase::addApplicationFont(QLatin1String(ORV_BOX_FONTS) + QLatin1String(file)) >= 0);
     QFont font(kFamily);
     font.setPixelSize(13);
+    font.setHintingPreference(QFont::PreferNoHinting); // fitting to whole pixels is the system's own
     QApplication::setFont(font);
     QApplication::setCursorFlashTime(0);
     QCursor::setPos(700, 500);
