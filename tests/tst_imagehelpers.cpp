@@ -194,6 +194,7 @@ void tst_imagehelpers::thumbnailWithoutSize_data()
     QTest::newRow("negative") << QSize(-10, -10);
     QTest::newRow("largest") << QSize(kLargest, kLargest);
     QTest::newRow("more than fits into memory") << QSize(100000, 100000);
+    QTest::newRow("a pixel more than there can be") << QSize(1 << 15, 1 << 14);
 }
 
 void tst_imagehelpers::thumbnailWithoutSize()

@@ -452,6 +452,7 @@ void tst_ninepatch::noSize_data()
     QTest::newRow("smallest") << kSmallest << kSmallest;
     QTest::newRow("largest") << kLargest << kLargest;
     QTest::newRow("more than fits into memory") << 100000 << 100000;
+    QTest::newRow("a pixel more than there can be") << (1 << 15) << (1 << 14);
 }
 
 void tst_ninepatch::noSize()

@@ -4,6 +4,7 @@
 #include <QtTest/QTest>
 
 #include <type_traits>
+#include <utility>
 
 class tst_orvcommonlib : public QObject
 {
@@ -11,6 +12,7 @@ class tst_orvcommonlib : public QObject
 
 private Q_SLOTS:
     void holdsNoData();
+    void isCopiedAndMoved();
 };
 
 void tst_orvcommonlib::holdsNoData()
@@ -19,6 +21,18 @@ void tst_orvcommonlib::holdsNoData()
     orvcommonlib second;
     second = first;
     QVERIFY(std::is_empty<orvcommonlib>::value);
+}
+
+// By functions of the library, which clients of every compiler find there.
+void tst_orvcommonlib::isCopiedAndMoved()
+{
+    orvcommonlib first;
+    orvcommonlib second(first);
+    orvcommonlib third(std::move(second));
+    first = third;
+    third = std::move(first);
+    QVERIFY(std::is_nothrow_move_constructible<orvcommonlib>::value);
+    QVERIFY(std::is_nothrow_move_assignable<orvcommonlib>::value);
 }
 
 ORV_TEST_MAIN(tst_orvcommonlib)

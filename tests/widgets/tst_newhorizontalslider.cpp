@@ -73,6 +73,7 @@ private Q_SLOTS:
     void behaves_data();
     void behaves();
     void beforeTheFirstPaint();
+    void protectedSteps();
     void destroyedInSlots();
     void lostPresses_data();
     void lostPresses();
@@ -414,6 +415,20 @@ void tst_newhorizontalslider::beforeTheFirstPaint()
 {
     Slider slider;
     Checks::checkBeforeTheFirstPaint(&slider);
+}
+
+// A subclass may drive the slider itself; nothing is reported as moved outside a drag.
+void tst_newhorizontalslider::protectedSteps()
+{
+    Slider slider;
+    Checks::prepare(&slider, kMeasures);
+    Checks::Recorder<NewHorizontalSlider> recorder(&slider);
+    slider.updateState(QPoint(33, 0));
+    QCOMPARE(recorder.taken(), QStringLiteral("changed 33"));
+    slider.updateValue();
+    QCOMPARE(recorder.taken(), QString());
+    painted(&slider);
+    QCOMPARE(slider.value(), 33);
 }
 
 void tst_newhorizontalslider::destroyedInSlots()
