@@ -136,7 +136,10 @@ QWidget *MainWindow::newSide()
 
 void MainWindow::toggleMaximised()
 {
-    setWindowState(windowState() ^ Qt::WindowMaximized);
+    if (isMaximized())
+        showNormal();
+    else
+        showMaximized();
 }
 
 void MainWindow::changeEvent(QEvent *event)
