@@ -121,6 +121,7 @@ void tst_ShadowPopupWidget::buildsTheNormalLook()
     QCOMPARE(area->styleSheet(),
              QStringLiteral("QScrollArea{background:#FFFFFF; border:none; border-radius:4px; }"));
     QVERIFY(area->widgetResizable());
+    QCOMPARE(area->focusPolicy(), Qt::NoFocus); // keys go to the combo box, while the list is open too
     QCOMPARE(area->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
     QCOMPARE(area->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
     QVERIFY(area->verticalScrollBar()->isHidden());
