@@ -40,7 +40,7 @@ private:
     static QByteArray packed(const QMap<QString, QByteArray> &files)
     {
         QMap<quint32, QString> names;
-        for (auto file = files.begin(); file != files.end(); ++file)
+        for (auto file = files.cbegin(); file != files.cend(); ++file)
             names.insert(hash(file.key()), file.key());
 
         QByteArray tree;
@@ -50,7 +50,7 @@ private:
         QDataStream nameStream(&nameBytes, QIODevice::WriteOnly);
         QDataStream dataStream(&data, QIODevice::WriteOnly);
         treeStream << quint32(0) << quint16(2) << quint32(names.size()) << quint32(1); // the folder itself
-        for (auto name = names.begin(); name != names.end(); ++name) {
+        for (auto name = names.cbegin(); name != names.cend(); ++name) {
             treeStream << quint32(nameBytes.size()) << quint16(0) << quint16(0) << quint16(1)
                        << quint32(data.size());
             nameStream << quint16(name->size()) << name.key();
