@@ -21,7 +21,7 @@ void HeaderText::setFullText(const QString &text)
     m_full = m_shown = text;
     setText(text);
     const QWidget *header = parentWidget();
-    if (!hasWidth() || !header || !header->layout())
+    if (!hasWidth() || !header || !header->layout() || elided(text) == text)
         return;
     header->layout()->activate(); // the width at hand is that for the old text
     elide();
@@ -71,6 +71,11 @@ void HeaderText::elide()
     if (!hasWidth() || Qt::mightBeRichText(full) || full.contains(QLatin1Char('\n')))
         return;
     m_full = full;
-    m_shown = fontMetrics().elidedText(full, Qt::ElideRight, contentsRect().width());
+    m_shown = elided(full);
     setText(m_shown);
+}
+
+QString HeaderText::elided(const QString &full) const
+{
+    return fontMetrics().elidedText(full, Qt::ElideRight, contentsRect().width());
 }

@@ -28,6 +28,7 @@ private:
 
     bool hasWidth() const;
     void elide();
+    QString elided(const QString &full) const;
     QSize forFullText(QSize hint) const;
 
     QString m_full;
