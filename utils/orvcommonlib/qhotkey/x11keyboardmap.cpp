@@ -135,10 +135,16 @@ xcb_keysym_t X11KeyboardMap::keysym(int qtKey) const
 
 QVector<xcb_keycode_t> X11KeyboardMap::keycodes(xcb_keysym_t keysym) const
 {
-    QVector<xcb_keycode_t> found;
     if (!m_keyboard || keysym == XKB_KEY_NoSymbol)
-        return found;
+        return {};
     keysym = oneSpelling(keysym);
+    const auto known = m_found.constFind(keysym);
+    return known != m_found.constEnd() ? *known : *m_found.insert(keysym, findKeycodes(keysym));
+}
+
+QVector<xcb_keycode_t> X11KeyboardMap::findKeycodes(xcb_keysym_t keysym) const
+{
+    QVector<xcb_keycode_t> found;
     auto *const keyboard = static_cast<XkbDescPtr>(m_keyboard.get());
     int best = kNowhere - 1;
     for (int keycode = keyboard->min_key_code; keycode <= keyboard->max_key_code; ++keycode) {

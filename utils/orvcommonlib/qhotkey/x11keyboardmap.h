@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QHash>
 #include <QtCore/QVector>
 
 #include <xcb/xcb.h>
@@ -29,9 +30,11 @@ public:
     bool isOutdatedBy(const xcb_generic_event_t *event) const;
 
 private:
+    QVector<xcb_keycode_t> findKeycodes(xcb_keysym_t keysym) const;
     void readLocks();
 
     std::shared_ptr<void> m_keyboard; // an XkbDescRec of Xlib's, whose headers define too many macros
+    mutable QHash<xcb_keysym_t, QVector<xcb_keycode_t>> m_found; // every key has to be looked at for a symbol
     QVector<quint16> m_lockCombinations{0};
     int m_group = 0; // the layout in effect
     int m_extensionEvent = -1;
