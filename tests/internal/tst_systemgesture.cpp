@@ -19,6 +19,13 @@ void send(QWindow *window, QEvent::Type type, Qt::MouseButtons buttons)
     QCoreApplication::sendEvent(window, &event);
 }
 
+class Widget : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    void destroyWindow() { destroy(); }
+};
+
 } // namespace
 
 /// The window manager is played by the QWindow: what is done to it the widget hears as from outside.
@@ -34,11 +41,12 @@ private Q_SLOTS:
     void ends();
     void beginsOverAndOver();
     void needsANativeWindow();
+    void isLostWithTheNativeWindow();
 
 private:
     QWindow *window() const { return m_widget->windowHandle(); }
 
-    std::unique_ptr<QWidget> m_widget;
+    std::unique_ptr<Widget> m_widget;
     std::unique_ptr<SystemGesture> m_gesture;
     int m_moves = 0;
     int m_ends = 0;
@@ -47,7 +55,7 @@ private:
 void tst_SystemGesture::init()
 {
     m_gesture.reset();
-    m_widget = std::make_unique<QWidget>(nullptr, Qt::FramelessWindowHint);
+    m_widget = std::make_unique<Widget>(nullptr, Qt::FramelessWindowHint);
     m_widget->setGeometry(kStart);
     m_widget->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_widget.get()));
@@ -151,6 +159,19 @@ void tst_SystemGesture::needsANativeWindow()
         &hidden, [] {}, [] {});
     gesture.begin();
     QVERIFY(!gesture.isUnderWay());
+}
+
+void tst_SystemGesture::isLostWithTheNativeWindow()
+{
+    m_widget->destroyWindow();
+    QVERIFY(!m_gesture->isUnderWay());
+    m_widget->show();
+    m_widget->winId();
+    window()->setPosition(kStart.topLeft() + QPoint(5, 5));
+    QTRY_COMPARE(m_widget->pos(), kStart.topLeft() + QPoint(5, 5));
+    QCoreApplication::processEvents();
+    QCOMPARE(m_moves, 0);
+    QCOMPARE(m_ends, 0);
 }
 
 ORV_TEST_MAIN(tst_SystemGesture)

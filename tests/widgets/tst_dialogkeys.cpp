@@ -8,6 +8,7 @@
 #include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
 #include <QtTest/QTest>
+#include <QtTest/qtestspontaneevent.h>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
@@ -121,6 +122,8 @@ private Q_SLOTS:
     void actLikeTheButtons();
     void shownDialogGetsTheKeys_data() { dialogs(); }
     void shownDialogGetsTheKeys();
+    void leavesTheKeysWhenAsked_data() { dialogs(); }
+    void leavesTheKeysWhenAsked();
     void nothingWithoutAButton();
     void hiddenAndDisabledButtons_data() { dialogs(); }
     void hiddenAndDisabledButtons();
@@ -208,6 +211,31 @@ void tst_DialogKeys::shownDialogGetsTheKeys()
     dialog.setKeyboardActions(true);
     dialog.widget->show();
     QTRY_COMPARE(QApplication::activeWindow(), dialog.widget.data());
+    delete dialog.widget;
+}
+
+void tst_DialogKeys::leavesTheKeysWhenAsked()
+{
+    QFETCH(Maker, maker);
+    QWidget window;
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    const Dialog dialog = maker();
+    dialog.setKeyboardActions(true);
+    const auto keepsThem = [&window] {
+        window.activateWindow();
+        bool isLater = false;
+        QTimer::singleShot(0, &window, [&isLater] { isLater = true; });
+        return QTest::qWaitFor([&isLater] { return isLater; }) && QTest::qWaitForWindowActive(&window);
+    };
+    dialog.widget->setAttribute(Qt::WA_ShowWithoutActivating);
+    dialog.widget->show();
+    QVERIFY(keepsThem());
+    dialog.widget->setAttribute(Qt::WA_ShowWithoutActivating, false);
+    QShowEvent ofTheWindowManager;
+    QSpontaneKeyEvent::setSpontaneous(&ofTheWindowManager);
+    qApp->notify(dialog.widget, &ofTheWindowManager); // sendEvent() would make it the program's
+    QVERIFY(keepsThem());
     delete dialog.widget;
 }
 

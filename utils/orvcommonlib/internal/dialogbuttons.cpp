@@ -6,6 +6,7 @@
 
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QShowEvent>
 #include <QtWidgets/QPushButton>
 
 namespace {
@@ -48,8 +49,10 @@ bool DialogButtons::clickByKey(const QKeyEvent *event, QPushButton *closeButton,
     return true;
 }
 
-void DialogButtons::takeKeys(QWidget *dialog)
+void DialogButtons::takeKeys(QWidget *dialog, const QShowEvent *event)
 {
+    if (event->spontaneous() || dialog->testAttribute(Qt::WA_ShowWithoutActivating))
+        return;
     QTimer::singleShot(0, dialog, [dialog] {
         if (dialog->isVisible() && QGuiApplication::applicationState() == Qt::ApplicationActive)
             dialog->activateWindow();

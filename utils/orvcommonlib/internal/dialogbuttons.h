@@ -22,8 +22,9 @@ QPushButton *createActionButton(QWidget *dialog, const QString &text, const char
 /// \return false if the key stands for neither
 bool clickByKey(const QKeyEvent *event, QPushButton *closeButton, QPushButton *confirmButton);
 
-/// Makes a dialog that is being shown the active window, soon: Windows activates no tool window by itself, so that it
-/// would get no keys. Another application that is active stays so.
-void takeKeys(QWidget *dialog);
+/// Makes a dialog that its program shows the active window, soon: Windows activates no tool window by itself, so that it
+/// would get no keys. Another application that is active stays so, and a dialog that is to be shown without being
+/// activated (`Qt::WA_ShowWithoutActivating`) is not.
+void takeKeys(QWidget *dialog, const QShowEvent *event);
 
 } // namespace DialogButtons

@@ -221,6 +221,7 @@ bool ShadowPopupWidget::eventFilter(QObject *watched, QEvent *event)
         const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), isChild);
         if (row != m_rows.cend()) {
             const int index = int(row - m_rows.cbegin());
+            disconnect(child, nullptr, this, nullptr);
             forget(index, index == m_currentIndex);
         }
     }

@@ -36,7 +36,7 @@ void SystemGesture::end()
 bool SystemGesture::eventFilter(QObject *receiver, QEvent *event)
 {
     const QPointer<QObject> alive(receiver);
-    const bool isFromOutside = receiver == m_widget && event->spontaneous();
+    const bool isFromOutside = isUnderWay() && receiver == m_widget && event->spontaneous();
     const bool isMove = isFromOutside && event->type() == QEvent::Move;
     m_hasHappened |= isMove || (isFromOutside && event->type() == QEvent::Resize);
     const QPointer<SystemGesture> guard(this);

@@ -150,7 +150,7 @@ void CommonPopupDialog::keyPressEvent(QKeyEvent *event)
 void CommonPopupDialog::showEvent(QShowEvent *event)
 {
     if (m_keyboardActions)
-        DialogButtons::takeKeys(this);
+        DialogButtons::takeKeys(this, event);
     BaseMoveDialog::showEvent(event);
 }
 

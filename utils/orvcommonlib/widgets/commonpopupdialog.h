@@ -88,7 +88,8 @@ public:
     /// Lets Escape act as the close button, with the same actions and signals in the same order. Nothing happens while
     /// that button is hidden. A key that the focused content uses itself does not come here, one with a modifier means
     /// nothing, and one that is held down acts once.
-    /// A dialog that is shown with this set becomes the active window, if the application is active.
+    /// A dialog that is shown with this set becomes the active window, if the application is active; not so with
+    /// Qt::WA_ShowWithoutActivating.
     /// \param enabled whether it does, false at first; Return and Enter do nothing either way, as there is no button
     ///        to confirm with
     void setKeyboardActions(bool enabled) { m_keyboardActions = enabled; }

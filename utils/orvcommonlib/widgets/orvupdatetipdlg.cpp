@@ -207,6 +207,6 @@ void OrvUpdateTipDlg::keyPressEvent(QKeyEvent *event)
 void OrvUpdateTipDlg::showEvent(QShowEvent *event)
 {
     if (m_keyboardActions)
-        DialogButtons::takeKeys(this);
+        DialogButtons::takeKeys(this, event);
     BaseMoveDialogWithBackImage::showEvent(event);
 }

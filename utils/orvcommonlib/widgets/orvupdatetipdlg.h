@@ -70,7 +70,8 @@ public:
     /// Lets Escape act as the close button, and Return and Enter as the blue button, with the same actions and
     /// signals in the same order. Nothing happens while that button is hidden. Keys that the focused content uses
     /// itself do not come here, those with a modifier mean nothing, and one that is held down acts once.
-    /// A dialog that is shown with this set becomes the active window, if the application is active.
+    /// A dialog that is shown with this set becomes the active window, if the application is active; not so with
+    /// Qt::WA_ShowWithoutActivating.
     /// \param enabled whether they do, false at first
     void setKeyboardActions(bool enabled) { m_keyboardActions = enabled; }
     /// \return what setKeyboardActions() has set

@@ -327,7 +327,7 @@ void PopupDlgWithMask::keyPressEvent(QKeyEvent *event)
 void PopupDlgWithMask::showEvent(QShowEvent *event)
 {
     if (m_keyboardActions)
-        DialogButtons::takeKeys(this);
+        DialogButtons::takeKeys(this, event);
     BaseMoveDialog::showEvent(event);
 }
 

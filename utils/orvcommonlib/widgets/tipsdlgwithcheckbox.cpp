@@ -319,7 +319,7 @@ void TipsDlgWithCheckbox::keyPressEvent(QKeyEvent *event)
 void TipsDlgWithCheckbox::showEvent(QShowEvent *event)
 {
     if (m_keyboardActions)
-        DialogButtons::takeKeys(this);
+        DialogButtons::takeKeys(this, event);
     BaseMoveDialogWithBackImage::showEvent(event);
 }
 
