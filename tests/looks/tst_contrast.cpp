@@ -11,7 +11,7 @@
 #include "testmain.h"
 #include "tipsdlgwithcheckbox.h"
 
-#include <QtCore/QHash>
+#include <QtCore/QMap>
 #include <QtCore/QTextStream>
 #include <QtGui/QCursor>
 #include <QtGui/QMouseEvent>
@@ -342,17 +342,18 @@ QImage pictureAt(QWidget *carrier)
     return picture.copy(place);
 }
 
-/// The ground is what covers most; the text's colour is a colour that covers something, and differs most from it.
+/// The ground is what covers most, of several the brightest; the text's colour is a colour that covers something, and
+/// differs most from it.
 double contrastIn(const QImage &picture)
 {
-    QHash<QRgb, int> pixels;
+    QMap<QRgb, int> pixels;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x)
             ++pixels[picture.pixel(x, y)];
     }
     QRgb ground = 0;
     for (auto color = pixels.cbegin(); color != pixels.cend(); ++color)
-        ground = *color > pixels.value(ground) ? color.key() : ground;
+        ground = *color >= pixels.value(ground) ? color.key() : ground;
     constexpr int kFewest = 24; // of a stroke
     double contrast = 1;
     for (auto color = pixels.cbegin(); color != pixels.cend(); ++color) {
