@@ -5,6 +5,7 @@
 
 class QKeyEvent;
 class QPushButton;
+class QShowEvent;
 class QWidget;
 
 /// The buttons that the message dialogs have in common, with style sheets of LookSheets. Neither kind that is made here
