@@ -55,31 +55,49 @@ LookTable::LookTable()
     for (auto value = values.cbegin(); value != values.cend(); ++value) {
         const QColor color = colorFrom(value.value());
         if (color.isValid())
-            m_light.insert(value.key(), {color, value.value()});
+            m_light[value.key()] = {color, value.value()};
     }
     m_inForce = m_light;
-    m_names = m_light.keys();
+    for (const auto &[name, value] : m_light)
+        m_names.append(name);
     m_names.sort();
+}
+
+// FNV-1a, a character at a time.
+std::size_t LookTable::NameHash::operator()(const QString &name) const noexcept
+{
+    quint32 hash = 2166136261U;
+    for (const QChar character : name)
+        hash = (hash ^ character.unicode()) * 16777619U;
+    return hash;
+}
+
+const LookTable::Value *LookTable::find(const QString &name) const
+{
+    const auto found = m_inForce.find(name);
+    return found == m_inForce.cend() ? nullptr : &found->second;
 }
 
 QColor LookTable::color(const QString &name) const
 {
-    return m_inForce.value(name).color;
+    const Value *const value = find(name);
+    return value ? value->color : QColor();
 }
 
 QString LookTable::text(const QString &name) const
 {
-    return m_inForce.value(name).text;
+    const Value *const value = find(name);
+    return value ? value->text : QString();
 }
 
 bool LookTable::setValues(const Values &values)
 {
     bool changed = false;
-    for (auto light = m_light.cbegin(); light != m_light.cend(); ++light) {
-        const QColor wanted = colorFrom(values.value(light.key()));
-        const bool isLight = !wanted.isValid() || wanted.rgba() == light->color.rgba();
-        const Value value = isLight ? *light : Value{wanted, sheetText(wanted)};
-        Value &inForce = m_inForce[light.key()];
+    for (const auto &[name, light] : m_light) {
+        const QColor wanted = colorFrom(values.value(name));
+        const bool isLight = !wanted.isValid() || wanted.rgba() == light.color.rgba();
+        const Value value = isLight ? light : Value{wanted, sheetText(wanted)};
+        Value &inForce = m_inForce[name];
         changed = changed || value.color.rgba() != inForce.color.rgba();
         inForce = value;
     }
