@@ -84,8 +84,8 @@ endforeach()
 
 function(orv_register_test test_name target x11 serial environment)
     set(timeout 300)
-    if(ORV_SANITIZERS)
-        set(timeout 900) # the longest draws every page of the gallery three times
+    if(ORV_SANITIZERS OR WIN32)
+        set(timeout 900) # the longest draws every page of the gallery
     endif()
     add_test(NAME ${test_name} COMMAND ${target})
     set_tests_properties(${test_name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT ${timeout})

@@ -15,9 +15,11 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     mark_as_advanced(ORV_CCACHE)
     if(ORV_CCACHE)
         # What it needs to keep results of precompiled headers. Dependencies come from the compiler: a preprocessor of its
-        # own would read all headers again.
+        # own would read all headers again. No object tells where the sources lie, so that all copies of them share what
+        # is kept, the one that Debian's packages are built from included.
         set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
-            CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_DEPEND=1 ${ORV_CCACHE})
+            CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_DEPEND=1
+            CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${ORV_CCACHE})
     endif()
 endif()
 

@@ -114,9 +114,9 @@ void tst_Gallery::listNamesEachPageOnce()
 void tst_Gallery::shotsShowEachPage_data()
 {
     QTest::addColumn<QString>("scale");
-    QTest::newRow("1") << QStringLiteral("1");
-    QTest::newRow("1.5") << QStringLiteral("1.5");
-    QTest::newRow("2") << QStringLiteral("2");
+    const QStringList scales = QStringLiteral(GALLERY_SCALES).split(QLatin1Char(';'));
+    for (const QString &scale : scales)
+        QTest::newRow(qPrintable(scale)) << scale;
 }
 
 void tst_Gallery::shotsShowEachPage()
