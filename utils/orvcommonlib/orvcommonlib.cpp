@@ -415,7 +415,6 @@ QString FileMD5(QString path, QString extraText)
     hash.addData(file.read(qMin(kDigestedBytes, file.size())));
     if (!extraText.isEmpty())
         hash.addData(extraText.toUtf8());
-    file.close();
     return hexDigits(hash);
 }
 

@@ -161,7 +161,6 @@ void PopupDlgWithMask::initControls(QString title, QString content, QString conf
 void PopupDlgWithMask::addTitleRow(const QString &title)
 {
     auto *row = new QHBoxLayout;
-    row->setContentsMargins(0, 0, 0, 0);
     m_mainLayout->addLayout(row);
 
     m_titleLabel = createStyledLabel(this, title, Qt::AlignLeft | Qt::AlignVCenter, kTitleStyle);
@@ -196,7 +195,6 @@ void PopupDlgWithMask::addContentColumn(const QString &content)
 void PopupDlgWithMask::addBottomRow(const QString &confirmText, const QString &noteText)
 {
     auto *row = new QHBoxLayout;
-    row->setContentsMargins(0, 0, 0, 0);
 
     m_noteLabel = createStyledLabel(this, noteText, Qt::AlignLeft | Qt::AlignVCenter, kNoteStyle);
     m_noteLabel->setFixedSize(kNoteSize);

@@ -120,13 +120,11 @@ void TipsDlgWithCheckbox::initControls(QString title, QString content, QString c
                                        QString buttonText)
 {
     auto *titleRow = new QHBoxLayout;
-    titleRow->setContentsMargins(0, 0, 0, 0);
     m_mainLayout->addLayout(titleRow);
     fillTitleRow(titleRow, title);
 
     auto *column = new QVBoxLayout;
     column->setContentsMargins(0, kContentGap, 0, 0);
-    column->setSpacing(0);
     m_mainLayout->addLayout(column);
     m_contentLabel = createStyledLabel(this, content, Qt::AlignLeft, kContentStyle);
     m_contentLabel->setFixedHeight(kContentHeight);
@@ -134,7 +132,6 @@ void TipsDlgWithCheckbox::initControls(QString title, QString content, QString c
     column->addWidget(m_contentLabel);
 
     auto *bottomRow = new QHBoxLayout;
-    bottomRow->setContentsMargins(0, 0, 0, 0);
     fillBottomRow(bottomRow, checkboxText, buttonText);
     m_mainLayout->addStretch();
     m_mainLayout->addLayout(bottomRow);
@@ -197,12 +194,10 @@ void TipsDlgWithCheckbox::fillContentColumn(QBoxLayout *column, const QVector<QS
 void TipsDlgWithCheckbox::addWarningRow(QBoxLayout *column, const QString &text)
 {
     auto *row = new QHBoxLayout;
-    row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
 
     auto *iconColumn = new QVBoxLayout;
     iconColumn->setContentsMargins(0, kWarningIconGap, 0, 0);
-    iconColumn->setSpacing(0);
     auto *icon = new QLabel(this);
     icon->setFixedSize(kWarningIconSize);
     icon->setPixmap(QPixmap(QStringLiteral(":/surface/resources/surface/camerasetting/warning.png")));
