@@ -41,6 +41,7 @@ private Q_SLOTS:
     void scrollBarAppearsForRowsAddedWhileOpen();
     void scrollBarAppearsForRowsOfOtherHeights();
     void rowsAreShownWhenTheyComeIntoView();
+    void rowsAreShownOfWhichALineIsInView();
     void lowRowsFillTheView();
     void rowsInViewAreShownWhenOpenedAgain();
     void longTextsFollowTheWidth();
@@ -124,6 +125,18 @@ void tst_ShadowPopupWidgetScrolling::rowsAreShownWhenTheyComeIntoView()
     QCOMPARE(label->text(), QFontMetrics(label->font()).elidedText(text, Qt::ElideRight, label->width()));
     QCOMPARE(label->font().pixelSize(), 16);
     QCOMPARE(label->palette().color(QPalette::WindowText), QColor(0x33, 0x33, 0x33));
+}
+
+void tst_ShadowPopupWidgetScrolling::rowsAreShownOfWhichALineIsInView()
+{
+    List list;
+    list.add(200);
+    QVERIFY(list.showAndWait());
+    QTRY_VERIFY(list.bar()->maximum() > 0);
+    list.bar()->setValue(list.row(150)->geometry().bottom()); // its last line
+    QVERIFY(list.row(150)->isVisible() && !list.row(149)->isVisible());
+    list.bar()->setValue(list.row(100)->y() - list.bar()->pageStep() + 1); // its first line
+    QVERIFY(list.row(100)->isVisible() && !list.row(101)->isVisible());
 }
 
 void tst_ShadowPopupWidgetScrolling::lowRowsFillTheView()

@@ -218,6 +218,10 @@ void tst_CustomShadowComboxKeys::choosesRowsThatAreNotGray_data()
     row("up over gray rows", "oggo", 3, Qt::Key_Up, 0);
     row("home over gray rows", "ggoo", 3, Qt::Key_Home, 2);
     row("end over gray rows", "oogg", 0, Qt::Key_End, 1);
+    row("down over a gray row", "ogo", 0, Qt::Key_Down, 2);
+    row("up over a gray row", "ogo", 2, Qt::Key_Up, 0);
+    row("home over a gray row", "goo", 2, Qt::Key_Home, 1);
+    row("end over a gray row", "oog", 0, Qt::Key_End, 1);
     row("down at the end", "ooo", 2, Qt::Key_Down, 2);
     row("up at the beginning", "ooo", 0, Qt::Key_Up, 0);
     row("home at home", "ooo", 0, Qt::Key_Home, 0);

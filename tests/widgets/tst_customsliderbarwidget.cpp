@@ -234,6 +234,7 @@ void tst_customsliderbarwidget::everyStepPaints()
     QVERIFY(paintsAfter(&bar, [&] { move(&bar, QPoint(30, 6)); }));
     QVERIFY(paintsAfter(&bar, [&] { release(&bar, QPoint(30, 6)); }));
     QCOMPARE(bar.getCurrentIndex(), 0);
+    QVERIFY(paintsAfter(&bar, [&] { bar.setCount(5); }));
 }
 
 void tst_customsliderbarwidget::marksOfTwoSteps()

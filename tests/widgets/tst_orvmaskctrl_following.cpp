@@ -48,6 +48,7 @@ private Q_SLOTS:
     void hasTheSizeAtEveryMoment();
     void hasTheSizeOfAHiddenWindow();
     void staysWhereItIsOnceSwitchedOff();
+    void losesItsMask();
     void coversTheNextWindow();
     void coversTheNextWindowAtOnce();
     void coversTheWindowOfTheNextDialog();
@@ -158,6 +159,16 @@ void tst_OrvMaskCtrlFollowing::staysWhereItIsOnceSwitchedOff()
     m_window->resize(600, 500);
     instance()->showMasking(&m_owner);
     QCOMPARE(mask->size(), QSize(500, 400));
+}
+
+void tst_OrvMaskCtrlFollowing::losesItsMask()
+{
+    newWindow();
+    m_window->show();
+    delete instance()->getMaskWidget();
+    m_window->resize(500, 400);
+    QVERIFY(!instance()->getMaskWidget());
+    QVERIFY(m_window->children().isEmpty());
 }
 
 void tst_OrvMaskCtrlFollowing::coversTheNextWindow()
