@@ -4,14 +4,21 @@
 #include <popupdlgwithmask.h>
 #include <tipsdlgwithcheckbox.h>
 
-#include <QtCore/QSettings>
-
 static bool isConfirmed(const PopupMessage &message, QWidget *window)
 {
     PopupDlgWithMask dialog(message, window);
     dialog.setKeyboardActions(true);
     dialog.moveOver(window);
     return dialog.exec() == PopupDlgWithMask::Confirmed;
+}
+
+bool Dialogs::ask(QWidget *window, const QString &title, const QString &text, const QString &button)
+{
+    PopupMessage message;
+    message.title = title;
+    message.content = text;
+    message.confirmText = button;
+    return isConfirmed(message, window);
 }
 
 void Dialogs::showTips(QWidget *window)
@@ -48,27 +55,10 @@ void Dialogs::showUpdate(QWidget *window)
     dialog->setNewVersionLink(tr("What is new"));
     dialog->setKeyboardActions(true);
     const auto update = [window] {
-        explain(window, tr("Updates"), tr("A real client would fetch it now."));
+        ask(window, tr("Updates"), tr("A real client would fetch it now."));
     };
     QObject::connect(dialog, &OrvUpdateTipDlg::sig_confirmBtnClicked, window, update,
                      Qt::QueuedConnection); // when the dialog has gone
     dialog->moveOver(window);
     dialog->show();
-}
-
-void Dialogs::explain(QWidget *window, const QString &title, const QString &text)
-{
-    PopupMessage message;
-    message.title = title;
-    message.content = text;
-    isConfirmed(message, window);
-}
-
-bool Dialogs::askToQuit(QWidget *window)
-{
-    PopupMessage question;
-    question.title = tr("Leave the studio?");
-    question.content = tr("The live picture ends. Your snapshots and settings are kept.");
-    question.confirmText = tr("Leave");
-    return isConfirmed(question, window);
 }

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QtCore/QCoreApplication>
-
-class QWidget;
+#include <QtWidgets>
 
 /// The studio's dialogs, all over the middle of its window.
 class Dialogs
@@ -10,9 +8,9 @@ class Dialogs
     Q_DECLARE_TR_FUNCTIONS(Dialogs)
 
 public:
+    /// \return whether the user has pressed the button, which says "OK" unless it is given another text
+    static bool ask(QWidget *window, const QString &title, const QString &text, const QString &button = {});
     static void showTips(QWidget *window);
     static void showNews(QWidget *window);
     static void showUpdate(QWidget *window);
-    static void explain(QWidget *window, const QString &title, const QString &text);
-    static bool askToQuit(QWidget *window);
 };

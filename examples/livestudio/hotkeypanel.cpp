@@ -4,10 +4,6 @@
 #include <orvqtcompat.h>
 #include <qhotkey.h>
 
-#include <QtCore/QSettings>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QLayout>
-
 // A key that the whole desktop loses must not be one that people type: it needs a modifier beside Shift, unless it is a
 // function key. Escape stays what it is everywhere.
 static bool isFitForTheDesktop(const QKeySequence &sequence)
@@ -31,29 +27,20 @@ HotkeyPanel::HotkeyPanel(CustomToolButton *button)
     m_note->setFixedSize(240, 34);
     layout()->addWidget(m_edit);
     layout()->addWidget(m_note);
-    connect(m_edit, &QKeySequenceEdit::editingFinished, this, &HotkeyPanel::choose);
+    connect(m_edit, &QKeySequenceEdit::editingFinished, this, [this] { choose(m_edit->keySequence()); });
     connect(m_hotkey, &QHotkey::activated, this, &HotkeyPanel::pressed);
-    take(QKeySequence::fromString(QSettings().value("hotkey", "Ctrl+Shift+F9").toString()));
+    choose(QKeySequence::fromString(QSettings().value("hotkey", "Ctrl+Shift+F9").toString()));
 }
 
-void HotkeyPanel::choose()
-{
-    const QKeySequence sequence = m_edit->keySequence();
-    if (sequence == m_hotkey->shortcut())
-        return;
-    if (sequence.isEmpty() || isFitForTheDesktop(sequence))
-        return take(sequence);
-    m_note->setText(tr("Add Ctrl or Alt to it: the hotkey is taken from all programs."));
-    m_edit->setKeySequence(m_hotkey->shortcut());
-}
-
-void HotkeyPanel::take(const QKeySequence &sequence)
+void HotkeyPanel::choose(const QKeySequence &sequence)
 {
     const QKeySequence before = m_hotkey->shortcut();
-    if (m_hotkey->setShortcut(sequence, true)) {
-        QSettings().setValue("hotkey", sequence.toString());
+    if (!sequence.isEmpty() && !isFitForTheDesktop(sequence)) {
+        m_note->setText(tr("Add Ctrl or Alt to it: the hotkey is taken from all programs."));
+    } else if (m_hotkey->setShortcut(sequence, true)) {
         m_note->setText(sequence.isEmpty() ? tr("There is no hotkey now.")
                                            : tr("Works while any program has the focus."));
+        QSettings().setValue("hotkey", sequence.toString());
     } else {
         m_note->setText(tr("Another program holds this one."));
         m_hotkey->setShortcut(before, true);

@@ -2,11 +2,8 @@
 
 #include "toolpanel.h"
 
-#include <QtGui/QKeySequence>
-
 class CustomKeySequenceEdit;
 class QHotkey;
-class QLabel;
 
 /// Where the user chooses the hotkey that takes a snapshot while any program has the focus.
 class HotkeyPanel : public ToolPanel
@@ -20,8 +17,7 @@ Q_SIGNALS:
     void pressed();
 
 private:
-    void choose();
-    void take(const QKeySequence &sequence);
+    void choose(const QKeySequence &sequence);
 
     QHotkey *m_hotkey;
     CustomKeySequenceEdit *m_edit;

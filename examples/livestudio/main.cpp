@@ -1,12 +1,25 @@
-// A studio with a live picture: the kind of program that the library is made for. Each file shows one topic.
+// A studio with a live picture: the kind of program that the library is made for. Each file shows one topic, this one how
+// such a program starts and what it wears.
 #include "mainwindow.h"
-#include "studiostyle.h"
+#include "preview.h"
 
+#include <orvlook.h>
 #include <orvqtcompat.h>
+#include <orvresloader.h>
 
-#include <QtCore/QLoggingCategory>
-#include <QtGui/QIcon>
-#include <QtWidgets/QApplication>
+#include <QtWidgets>
+
+// The studio's own style sheet beside the library's look, now and after each switch of it.
+static void followLook()
+{
+    const QString look = OrvLook::isDark() ? "dark" : "light";
+    OrvResourceLoader loader;
+    loader.loadThemeFile(":/orvcommonlib/themes/" + look + ".ini"); // what the library's scroll bars refer to
+    loader.loadThemeFile(":/studio/" + look + ".ini");
+    loader.loadQssFile(":/orvcommonlib/sheets/global_QScrollBar.qss");
+    qApp->setStyleSheet(loader.appendQssFile(":/studio/studio.qss"));
+    QSettings().setValue("dark", OrvLook::isDark());
+}
 
 int main(int argc, char **argv)
 {
@@ -22,12 +35,16 @@ int main(int argc, char **argv)
     font.setFamilies({"Segoe UI", "Microsoft YaHei", "Noto Sans CJK SC", "Noto Sans", "DejaVu Sans"});
     font.setPixelSize(13);
     QApplication::setFont(font);
-    StudioStyle::followLook();
+    OrvLook::setDark(QSettings().value("dark").toBool());
+    QObject::connect(OrvLook::instance(), &OrvLook::changed, qApp, followLook);
+    followLook();
 
     MainWindow window;
     window.show();
     const QStringList arguments = QApplication::arguments();
-    if (arguments.value(1) == "--shot")
-        return window.grabAt(42).save(arguments.value(2)) ? 0 : 1;
-    return QApplication::exec();
+    if (arguments.value(1) != "--shot")
+        return QApplication::exec();
+    window.findChild<Preview *>()->freezeAt(42);
+    QApplication::processEvents();
+    return window.grab().save(arguments.value(2)) ? 0 : 1;
 }

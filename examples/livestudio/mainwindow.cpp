@@ -1,24 +1,13 @@
 #include "mainwindow.h"
 #include "dialogs.h"
+#include "hotkeypanel.h"
 #include "picturepage.h"
 #include "preview.h"
 #include "snapshotpage.h"
-#include "studiostyle.h"
-#include "toolstrip.h"
 
-#include <orvcommonlib.h>
+#include <customtoolbutton.h>
 #include <orvlook.h>
 #include <orvmaskctrl.h>
-
-#include <QtCore/QSettings>
-#include <QtCore/QTimer>
-#include <QtCore/QVariant>
-#include <QtGui/QCloseEvent>
-#include <QtWidgets/QGridLayout>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QStackedWidget>
-#include <QtWidgets/QToolButton>
 
 constexpr int kTitleHeight = 48;
 
@@ -35,64 +24,52 @@ MainWindow::MainWindow()
     setFocusPolicy(Qt::ClickFocus); // a press beside the controls closes the panels
     OrvMaskCtrl::setFollowsWindow(true);
 
-    auto *tools = new ToolStrip(m_preview, this);
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(1, 1, 1, 1);
     grid->setSpacing(0);
     grid->addWidget(newTitleBar(), 0, 0, 1, 2);
     grid->addWidget(m_preview, 1, 0);
-    grid->addWidget(tools, 2, 0);
-    grid->addWidget(newSide(), 1, 1, 2, 1);
+    grid->addWidget(newTools(), 2, 0);
+    grid->addWidget(newSide({new PicturePage(m_preview, this), m_snapshots}), 1, 1, 2, 1);
     grid->setRowStretch(1, 1);
-    connect(tools, &ToolStrip::snapshotWanted, this, [this] { m_snapshots->add(m_preview->picture()); });
     connect(this, &BaseMoveDialog::sig_doubleclickCanDragRect, this, &MainWindow::toggleMaximised);
 
     setMinimumSize(860, 600);
     resize(1120, 640);
-    totalcommon::moveToScreenCenter(this, 0);
+    setFocus(); // which none of the controls has at the start
     restoreGeometry(QSettings().value("geometry").toByteArray());
     if (!QSettings().value("noTips").toBool())
         QTimer::singleShot(0, this, [this] { Dialogs::showTips(this); });
 }
 
-QPixmap MainWindow::grabAt(double seconds)
-{
-    m_preview->freezeAt(seconds);
-    QCoreApplication::processEvents();
-    return grab();
-}
-
 QWidget *MainWindow::newTitleBar()
 {
-    auto *bar = new QWidget(this);
+    auto *bar = new QFrame(this);
     bar->setObjectName("titleBar");
-    bar->setAttribute(Qt::WA_StyledBackground);
     bar->setFixedHeight(kTitleHeight);
+    auto *logo = new QLabel(bar);
+    logo->setPixmap(windowIcon().pixmap(24, 24));
+    auto *name = new QLabel(windowTitle(), bar);
+    name->setObjectName("titleName");
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(16, 0, 8, 0);
     row->setSpacing(4);
-    auto *logo = new QLabel(bar);
-    logo->setPixmap(windowIcon().pixmap(24, 24));
     row->addWidget(logo);
-    auto *name = new QLabel(windowTitle(), bar);
-    name->setObjectName("titleName");
     row->addWidget(name, 1);
 
-    QToolButton *dark = newTitleButton("look", tr("Dark look"), bar);
+    QToolButton *dark =
+        addTitleButton(bar, "look", tr("Dark look"), [] { OrvLook::setDark(!OrvLook::isDark()); });
     dark->setCheckable(true);
     dark->setChecked(OrvLook::isDark());
-    connect(dark, &QToolButton::toggled, this, &OrvLook::setDark);
-    QToolButton *minimise = newTitleButton("minimise", tr("Minimise"), bar);
-    connect(minimise, &QToolButton::clicked, this, &QWidget::showMinimized);
-    m_maximise = newTitleButton("maximise", tr("Maximise"), bar);
+    addTitleButton(bar, "minimise", tr("Minimise"), [this] { showMinimized(); });
+    m_maximise = addTitleButton(bar, "maximise", tr("Maximise"), [this] { toggleMaximised(); });
     m_maximise->setCheckable(true);
-    connect(m_maximise, &QToolButton::clicked, this, &MainWindow::toggleMaximised);
-    QToolButton *close = newTitleButton("close", tr("Close"), bar);
-    connect(close, &QToolButton::clicked, this, &QWidget::close);
+    addTitleButton(bar, "close", tr("Close"), [this] { close(); });
     return bar;
 }
 
-QToolButton *MainWindow::newTitleButton(const char *picture, const QString &name, QWidget *bar)
+QToolButton *MainWindow::addTitleButton(QWidget *bar, const char *picture, const QString &name,
+                                        const std::function<void()> &clicked)
 {
     auto *button = new QToolButton(bar);
     button->setProperty("picture", picture); // for the style sheet
@@ -100,46 +77,103 @@ QToolButton *MainWindow::newTitleButton(const char *picture, const QString &name
     button->setToolTip(name);
     button->setFixedSize(36, 32);
     bar->layout()->addWidget(button);
+    connect(button, &QToolButton::clicked, this, clicked);
     return button;
 }
 
-QWidget *MainWindow::newSide()
+QWidget *MainWindow::newTools()
 {
-    auto *side = new QWidget(this);
+    auto *tools = new QWidget(this);
+    auto *row = new QHBoxLayout(tools);
+    row->setContentsMargins(16, 4, 16, 16);
+    row->setSpacing(12);
+    row->addStretch();
+    addEffects(newTool("effects", tr("Effects"), tools));
+    auto *snapshot = new QPushButton(QIcon(":/studio/snapshot.svg"), tr("Snapshot"), tools);
+    snapshot->setObjectName("snapshot");
+    row->addWidget(snapshot);
+    const auto takeSnapshot = [this] {
+        m_snapshots->add(m_preview->picture());
+    };
+    connect(snapshot, &QPushButton::clicked, this, takeSnapshot);
+    auto *hotkey = new HotkeyPanel(newTool("keyboard", tr("Snapshot hotkey"), tools));
+    connect(hotkey, &HotkeyPanel::pressed, this, takeSnapshot);
+    addHelp(newTool("help", tr("Help"), tools));
+    row->addStretch();
+    return tools;
+}
+
+CustomToolButton *MainWindow::newTool(const QString &picture, const QString &name, QWidget *tools)
+{
+    const QString path = ":/studio/" + picture;
+    auto *tool = new CustomToolButton(false, tools, Top);
+    tool->setFixedSize(40, 40);
+    tool->setCheckable(true);
+    tool->setFocusPolicy(Qt::StrongFocus);
+    tool->updateImage(path + ".svg", path + "_checked.svg", path + ".svg", path + ".svg");
+    tool->setAccessibleName(name);
+    tool->setToolTip(name);
+    tools->layout()->addWidget(tool);
+    return tool;
+}
+
+void MainWindow::addEffects(CustomToolButton *tool)
+{
+    auto *panel = new ToolPanel(tool);
+    const QList<QPair<QString, QString>> tints{
+        {tr("None"), "white"}, {tr("Warm"), "#FFE9C4"}, {tr("Cool"), "#C9DEFF"}, {tr("Rose"), "#FFD0DA"}};
+    for (const auto &[name, tint] : tints) {
+        auto *choice = new QPushButton(name, panel);
+        choice->setCheckable(true);
+        choice->setAutoExclusive(true);
+        choice->setChecked(m_preview->property("tint").toString() == tint);
+        panel->layout()->addWidget(choice);
+        connect(choice, &QPushButton::clicked, this, [this, tint = tint] { m_preview->set("tint", tint); });
+    }
+}
+
+void MainWindow::addHelp(CustomToolButton *tool)
+{
+    auto *panel = new ToolPanel(tool);
+    const auto addEntry = [=](const QString &text, void (*showDialog)(QWidget *)) {
+        auto *entry = new QPushButton(text, panel);
+        panel->layout()->addWidget(entry);
+        connect(entry, &QPushButton::clicked, this, [=] {
+            setFocus(); // which closes the panel
+            showDialog(this);
+        });
+    };
+    addEntry(tr("Tips"), Dialogs::showTips);
+    addEntry(tr("What is new"), Dialogs::showNews);
+    addEntry(tr("Look for updates"), Dialogs::showUpdate);
+}
+
+// A tab shows the title of its page.
+QWidget *MainWindow::newSide(const QList<QWidget *> &pages)
+{
+    auto *side = new QFrame(this);
     side->setObjectName("side");
-    side->setAttribute(Qt::WA_StyledBackground);
     side->setFixedWidth(300);
-    auto *pages = new QStackedWidget(side);
+    auto *stack = new QStackedWidget(side);
     auto *grid = new QGridLayout(side);
     grid->setContentsMargins(20, 16, 19, 16);
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(16);
-    grid->addWidget(pages, 1, 0, 1, 2);
-    const auto addPage = [=](QWidget *page, const QString &name) {
-        QPushButton *tab = StudioStyle::newButton("tab", name, side);
+    grid->setSpacing(12);
+    for (QWidget *page : pages) {
+        auto *tab = new QPushButton(page->windowTitle(), side);
         tab->setCheckable(true);
         tab->setAutoExclusive(true);
-        tab->setChecked(pages->count() == 0);
-        grid->addWidget(tab, 0, pages->addWidget(page));
-        connect(tab, &QPushButton::clicked, pages, [=] { pages->setCurrentWidget(page); });
-        return tab;
-    };
-    addPage(new PicturePage(m_preview, side), tr("Picture"));
-    QPushButton *tab = addPage(m_snapshots, tr("Snapshots"));
-    const auto tellCount = [tab](int count) {
-        tab->setText(count > 0 ? tr("Snapshots (%1)").arg(count) : tr("Snapshots"));
-    };
-    connect(m_snapshots, &SnapshotPage::countChanged, tab, tellCount);
-    tellCount(m_snapshots->count());
+        tab->setChecked(page == pages.first());
+        grid->addWidget(tab, 0, stack->addWidget(page));
+        connect(tab, &QPushButton::clicked, stack, [=] { stack->setCurrentWidget(page); });
+        connect(page, &QWidget::windowTitleChanged, tab, &QPushButton::setText);
+    }
+    grid->addWidget(stack, 1, 0, 1, -1);
     return side;
 }
 
 void MainWindow::toggleMaximised()
 {
-    if (isMaximized())
-        showNormal();
-    else
-        showMaximized();
+    setWindowState(windowState() ^ Qt::WindowMaximized);
 }
 
 void MainWindow::changeEvent(QEvent *event)
@@ -156,7 +190,8 @@ void MainWindow::changeEvent(QEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (!Dialogs::askToQuit(this))
+    const QString text = tr("The live picture ends. Your snapshots and settings are kept.");
+    if (!Dialogs::ask(this, tr("Leave the studio?"), text, tr("Leave")))
         return event->ignore();
     QSettings().setValue("geometry", saveGeometry());
     BaseMoveDialog::closeEvent(event);

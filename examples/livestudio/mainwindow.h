@@ -2,8 +2,10 @@
 
 #include <basemovedialog.h>
 
+#include <QtWidgets>
+
+class CustomToolButton;
 class Preview;
-class QToolButton;
 class SnapshotPage;
 
 /// The window of the studio, which has no frame: it is moved by its own title bar.
@@ -15,9 +17,6 @@ public:
     /// As the user left it.
     MainWindow();
 
-    /// A picture of it, so many seconds after its start.
-    QPixmap grabAt(double seconds);
-
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -25,8 +24,13 @@ protected:
 
 private:
     QWidget *newTitleBar();
-    QToolButton *newTitleButton(const char *picture, const QString &name, QWidget *bar);
-    QWidget *newSide();
+    QToolButton *addTitleButton(QWidget *bar, const char *picture, const QString &name,
+                                const std::function<void()> &clicked);
+    QWidget *newTools();
+    CustomToolButton *newTool(const QString &picture, const QString &name, QWidget *tools);
+    void addEffects(CustomToolButton *tool);
+    void addHelp(CustomToolButton *tool);
+    QWidget *newSide(const QList<QWidget *> &pages);
     void toggleMaximised();
 
     Preview *m_preview;

@@ -1,15 +1,10 @@
 #include "picturepage.h"
 #include "dialogs.h"
 #include "preview.h"
-#include "studiostyle.h"
 
 #include <customshadowcombox.h>
 #include <customsliderbarwidget.h>
 #include <newhorizontalslider.h>
-
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QVBoxLayout>
 
 constexpr int kWidth = 260;
 
@@ -18,6 +13,7 @@ PicturePage::PicturePage(Preview *preview, QWidget *parent)
     , m_preview(preview)
     , m_column(new QVBoxLayout(this))
 {
+    setWindowTitle(tr("Picture"));
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(8);
     addCameras();
@@ -31,13 +27,12 @@ PicturePage::PicturePage(Preview *preview, QWidget *parent)
 
 void PicturePage::addCameras()
 {
+    auto *plugIn = new QPushButton(tr("Plug in"), this);
+    auto *unplug = new QPushButton(tr("Unplug"), this);
+    addRow({new QLabel(tr("Camera"), this), plugIn, unplug});
     const QStringList builtIn{tr("Front camera"), tr("Desk camera"), tr("Capture card")};
     CustomShadowCombox *combo =
-        newCombo(tr("Camera"), builtIn, tr("Another program is using the capture card. Close it first."));
-    QPushButton *plugIn = StudioStyle::newButton("quiet", tr("Plug in"), this);
-    QPushButton *unplug = StudioStyle::newButton("quiet", tr("Unplug"), this);
-    addRow({new QLabel(tr("Camera"), this), plugIn, unplug});
-    m_column->addWidget(combo);
+        addCombo(tr("Camera"), builtIn, tr("Another program is using the capture card. Close it first."));
 
     const auto choose = [=](int row) {
         combo->setCurrentIndex(row);
@@ -59,11 +54,10 @@ void PicturePage::addCameras()
 
 void PicturePage::addResolutions()
 {
-    CustomShadowCombox *combo =
-        newCombo(tr("Resolution"), {"640 x 360", "960 x 540", "1280 x 720", "3840 x 2160"},
-                 tr("None of your cameras has this resolution."));
     addRow({new QLabel(tr("Resolution"), this)});
-    m_column->addWidget(combo);
+    CustomShadowCombox *combo =
+        addCombo(tr("Resolution"), {"640 x 360", "960 x 540", "1280 x 720", "3840 x 2160"},
+                 tr("None of your cameras has this resolution."));
     const QVector<QSize> sizes{{640, 360}, {960, 540}, {1280, 720}};
     combo->setCurrentIndex(sizes.indexOf(m_preview->property("resolution").toSize()));
     connect(combo, &CustomShadowCombox::currentIndexChanged, this,
@@ -104,20 +98,20 @@ void PicturePage::addZoom()
 }
 
 // The last of its rows is gray: there is a reason why not to choose it.
-CustomShadowCombox *PicturePage::newCombo(const QString &name, const QStringList &rows, const QString &whyNot)
+CustomShadowCombox *PicturePage::addCombo(const QString &name, const QStringList &rows, const QString &whyNot)
 {
     auto *combo = new CustomShadowCombox(this);
     combo->setFixedSize(kWidth, 44);
     combo->setHeaderStyle("QWidget#%1{border:1px solid rgba(128, 132, 145, 110);border-radius:6px;}");
     combo->setAccessibleName(name);
     combo->setFocusPolicy(Qt::StrongFocus);
-    for (const QString &row : rows)
-        combo->addItem(row);
+    combo->setItems(rows);
     QVector<bool> isGray(rows.size());
     isGray.last() = true;
     combo->setItemGrayState(isGray);
     connect(combo, &CustomShadowCombox::currentGrayIndexChanged, this,
-            [=] { Dialogs::explain(window(), name, whyNot); });
+            [=] { Dialogs::ask(window(), name, whyNot); });
+    m_column->addWidget(combo);
     return combo;
 }
 

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QtWidgets/QWidget>
+#include <QtWidgets>
 
 class CustomShadowCombox;
 class Preview;
-class QVBoxLayout;
 
 /// The page with the camera and what can be set of its picture.
 class PicturePage : public QWidget
@@ -19,7 +18,7 @@ private:
     void addResolutions();
     void addSlider(const QString &name, int minimum, int maximum, const char *property);
     void addZoom();
-    CustomShadowCombox *newCombo(const QString &name, const QStringList &rows, const QString &whyNot);
+    CustomShadowCombox *addCombo(const QString &name, const QStringList &rows, const QString &whyNot);
     void addRow(const QList<QWidget *> &widgets);
 
     Preview *m_preview;

@@ -1,14 +1,10 @@
 #include "preview.h"
 
-#include <QtCore/QSettings>
-#include <QtCore/QTime>
-#include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
-
 #include <cmath>
 
 constexpr QRectF kScene(-640, -360, 1280, 720); // what is painted is measured in these units
 constexpr int kInset = 16;
+constexpr int kFrameMs = 40;
 
 Preview::Preview(QWidget *parent)
     : QWidget(parent)
@@ -17,22 +13,17 @@ Preview::Preview(QWidget *parent)
     setAccessibleName(tr("Live picture"));
     setMinimumSize(400, 240);
     set("resolution", QSettings().value("resolution", QSize(960, 540)));
-    for (const char *name : {"camera", "brightness", "contrast", "beauty", "zoom", "effect", "mirrored"})
+    set("tint", QSettings().value("tint", "white"));
+    for (const char *name : {"camera", "brightness", "contrast", "beauty", "zoom"})
         set(name, QSettings().value(name, 0));
-    connect(&m_timer, &QTimer::timeout, this, [this] { takePicture(m_clock.elapsed() / 1000.); });
-    m_timer.start(40);
-    m_clock.start();
+    connect(&m_timer, &QTimer::timeout, this, [this] { takePicture(m_seconds + kFrameMs / 1000.); });
+    m_timer.start(kFrameMs);
 }
 
 void Preview::set(const char *name, const QVariant &value)
 {
     setProperty(name, value);
     QSettings().setValue(name, value);
-}
-
-int Preview::number(const char *name) const
-{
-    return property(name).toInt();
 }
 
 void Preview::freezeAt(double seconds)
@@ -50,7 +41,7 @@ void Preview::takePicture(double seconds)
     painter.setPen(Qt::NoPen);
     painter.translate(QRectF(m_picture.rect()).center());
     const double scale = zoomFactor(number("zoom")) * m_picture.width() / kScene.width();
-    painter.scale(property("mirrored").toBool() ? -scale : scale, scale);
+    painter.scale(scale, scale);
     paintScene(painter);
     painter.end();
     treatPicture();
@@ -77,12 +68,9 @@ void Preview::paintScene(QPainter &painter) const
     painter.drawPixmap(QPointF(-m_person.width() / 2., -220), m_person);
 }
 
+// Beauty is a soft copy of it; light, shade, gray or the picture itself lie over it, and all is seen through coloured glass.
 void Preview::treatPicture()
 {
-    const int effect = number("effect");
-    if (effect == Mono)
-        m_picture =
-            m_picture.convertToFormat(QImage::Format_Grayscale8).convertToFormat(QImage::Format_RGB32);
     const QRect all = m_picture.rect();
     QPainter painter(&m_picture);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -99,8 +87,7 @@ void Preview::treatPicture()
     }
     painter.setOpacity(1);
     painter.setCompositionMode(QPainter::CompositionMode_Multiply);
-    if (effect == Warm || effect == Cool)
-        painter.fillRect(all, QColor(effect == Warm ? "#FFE9C4" : "#C9DEFF"));
+    painter.fillRect(all, QColor(property("tint").toString()));
 }
 
 void Preview::paintEvent(QPaintEvent *)
@@ -108,21 +95,14 @@ void Preview::paintEvent(QPaintEvent *)
     const QRect room = rect().adjusted(kInset, kInset, -kInset, -kInset);
     QRect place(QPoint(), m_picture.size().scaled(room.size(), Qt::KeepAspectRatio));
     place.moveCenter(room.center());
-    QPainterPath frame;
-    frame.addRoundedRect(place, 8, 8);
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.setClipPath(frame);
     painter.drawImage(place, m_picture);
 
-    const QString text = tr("LIVE  %1").arg(QTime(0, 0).addSecs(int(m_seconds)).toString("m:ss"));
-    const QRect badge(place.topLeft() + QPoint(kInset, kInset),
-                      QSize(fontMetrics().horizontalAdvance(text) + 38, 26));
+    const QRect badge(place.topLeft() + QPoint(kInset, kInset), QSize(70, 26));
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0, 0, 0, 130));
+    painter.setBrush(QColor("#D92D3A"));
     painter.drawRoundedRect(badge, 13, 13);
-    painter.setBrush(QColor("#FF4D5E"));
-    painter.drawEllipse(badge.left() + 11, badge.top() + 9, 8, 8);
     painter.setPen(Qt::white);
-    painter.drawText(badge.adjusted(26, 0, 0, 0), Qt::AlignVCenter, text);
+    painter.drawText(badge, Qt::AlignCenter, tr("LIVE"));
 }

@@ -1,22 +1,15 @@
 #pragma once
 
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QTimer>
-#include <QtGui/QImage>
-#include <QtGui/QPixmap>
-#include <QtWidgets/QWidget>
+#include <QtWidgets>
 
 /// The live picture: somebody in a room with lights, painted where a real client shows its camera. What the user sets of it
-/// are properties of these names, which the settings keep:
-/// "camera"; "resolution", a size; "brightness" and "contrast", from -50 to 50; "beauty", from 0 to 100; "zoom", a step;
-/// "effect"; "mirrored".
+/// are properties of these names, which the settings keep: "camera"; "resolution", a size; "brightness" and "contrast", from
+/// -50 to 50; "beauty", from 0 to 100; "zoom", a step; "tint", the name of a colour.
 class Preview : public QWidget
 {
     Q_OBJECT
 
 public:
-    enum Effect { NoEffect, Warm, Cool, Mono };
-
     explicit Preview(QWidget *parent);
 
     /// Sets a property, and keeps it in the settings.
@@ -31,13 +24,12 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    int number(const char *name) const;
+    int number(const char *name) const { return property(name).toInt(); }
     void takePicture(double seconds);
     void paintScene(QPainter &painter) const;
     void treatPicture();
 
     QTimer m_timer;
-    QElapsedTimer m_clock;
     double m_seconds = 0;
     QPixmap m_person;
     QImage m_picture;

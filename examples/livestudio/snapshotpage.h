@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QtCore/QFileInfo>
-#include <QtWidgets/QWidget>
-
-class QListWidget;
-class QPushButton;
+#include <QtWidgets>
 
 /// The page with the snapshots that were taken, each a file. They are exported as JPEG.
 class SnapshotPage : public QWidget
@@ -15,20 +11,12 @@ public:
     explicit SnapshotPage(QWidget *parent);
 
     void add(const QImage &picture);
-    int count() const;
-
-Q_SIGNALS:
-    void countChanged(int count);
 
 private:
-    QFileInfoList files() const;
     void show(const QFileInfo &file);
-    void removeChosen();
     void exportAll();
-    void followList();
 
-    QString m_folder;
+    QDir m_folder;
     QListWidget *m_list;
-    QPushButton *m_remove;
     QPushButton *m_export;
 };

@@ -1,20 +1,12 @@
 #include "toolpanel.h"
-#include "studiostyle.h"
 
 #include <customtoolbutton.h>
 
-#include <QtGui/QKeyEvent>
-#include <QtWidgets/QApplication>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QPushButton>
-#include <QtWidgets/QVBoxLayout>
-
 ToolPanel::ToolPanel(CustomToolButton *button)
     : QFrame(button->window())
-    , m_button(button)
 {
-    setObjectName("toolPanel");
     setAccessibleName(button->accessibleName());
+    setFocusPolicy(Qt::ClickFocus); // a press beside its controls leaves it open
     hide();
     auto *heading = new QLabel(button->accessibleName(), this);
     heading->setObjectName("heading");
@@ -26,34 +18,20 @@ ToolPanel::ToolPanel(CustomToolButton *button)
     // The library shows it at the release of the mouse, in the size that it has; keys and focus are the client's part.
     button->setClickWidget(this, false);
     connect(button, &QToolButton::pressed, this, &QWidget::adjustSize);
-    connect(button, &QToolButton::toggled, this, &ToolPanel::setOpen);
-    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget *, const QWidget *now) {
-        if (now && now != m_button && now != this && !isAncestorOf(now))
-            m_button->setChecked(false);
+    connect(button, &QToolButton::toggled, this, [this](bool open) {
+        setVisible(open);
+        raise();
+        if (open)
+            focusNextChild(); // what is in it
+    });
+    connect(qApp, &QApplication::focusChanged, this, [=](const QWidget *, const QWidget *now) {
+        if (now && now != button && now != this && !isAncestorOf(now))
+            button->setChecked(false);
+    });
+    auto *escape = new QShortcut(Qt::Key_Escape, this);
+    escape->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, button, [=] {
+        button->setFocus();
+        button->setChecked(false);
     });
 }
-
-QPushButton *ToolPanel::addButton(const QString &text)
-{
-    QPushButton *button = StudioStyle::newButton("choice", text, this);
-    layout()->addWidget(button);
-    return button;
-}
-
-void ToolPanel::setOpen(bool open)
-{
-    setVisible(open);
-    raise();
-    if (open)
-        focusNextChild(); // what is in it
-}
-
-void ToolPanel::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() != Qt::Key_Escape)
-        return QFrame::keyPressEvent(event);
-    m_button->setFocus();
-    m_button->setChecked(false);
-}
-
-void ToolPanel::mousePressEvent(QMouseEvent *) {} // the window would be dragged by it, and take the focus

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QtWidgets/QFrame>
+#include <QtWidgets>
 
 class CustomToolButton;
-class QPushButton;
 
 /// A panel above a tool button, which opens it by mouse or key. It closes with Escape, with another click on the button, and
 /// when the focus goes elsewhere. What is added to its layout() stands below the button's name.
@@ -13,15 +12,4 @@ class ToolPanel : public QFrame
 
 public:
     explicit ToolPanel(CustomToolButton *button);
-
-    QPushButton *addButton(const QString &text);
-
-protected:
-    void keyPressEvent(QKeyEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-
-private:
-    void setOpen(bool open);
-
-    CustomToolButton *m_button;
 };

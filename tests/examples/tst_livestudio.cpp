@@ -19,7 +19,7 @@ const QString kMessageButton = QStringLiteral("QPushButton/OK");
 const QString kDark = QStringLiteral("QToolButton/Dark look");
 const QString kClose = QStringLiteral("QToolButton/Close");
 const QString kLeave = QStringLiteral("QPushButton/Leave");
-const QString kSnapshot = QStringLiteral("CustomizeIconButton/Snapshot");
+const QString kSnapshot = QStringLiteral("QPushButton/Snapshot");
 const QString kHotkeyTool = QStringLiteral("CustomToolButton/Snapshot hotkey");
 const QString kHotkey = QStringLiteral("CustomKeySequenceEdit/Snapshot hotkey");
 
