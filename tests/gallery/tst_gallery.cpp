@@ -114,7 +114,7 @@ void tst_Gallery::listNamesEachPageOnce()
 void tst_Gallery::shotsShowEachPage_data()
 {
     QTest::addColumn<QString>("scale");
-    const QStringList scales = QStringLiteral(GALLERY_SCALES).split(QLatin1Char(';'));
+    const QStringList scales = QStringLiteral(GALLERY_SCALES).split(QLatin1Char(','));
     for (const QString &scale : scales)
         QTest::newRow(qPrintable(scale)) << scale;
 }
