@@ -68,6 +68,7 @@ private Q_SLOTS:
 
 private:
     void open(Combo *combo);
+    void waitForList(const Combo *combo);
 
     std::unique_ptr<QWidget> m_window;
     QPointer<Combo> m_combo;
@@ -93,8 +94,16 @@ void tst_CustomShadowComboxX11::cleanup()
 void tst_CustomShadowComboxX11::open(Combo *combo)
 {
     XPointer::click(centerOf(combo->header()));
+    waitForList(combo);
+}
+
+// Qt believes the list in the corner of the screen between two events of the window manager, which frames it there and
+// then moves the frame.
+void tst_CustomShadowComboxX11::waitForList(const Combo *combo)
+{
     QTRY_VERIFY(combo->isOpen());
     QVERIFY(QTest::qWaitForWindowActive(combo->popup()));
+    QTRY_COMPARE(combo->popup()->x(), combo->mapToGlobal(QPoint(-4, 0)).x());
 }
 
 void tst_CustomShadowComboxX11::opensAndChooses()
@@ -200,8 +209,7 @@ void tst_CustomShadowComboxX11::keysOpenAndChoose()
     for (const char *key : {"space", "alt+Down", "F4", "KP_Enter"}) {
         QVERIFY(isMarked());
         XPointer::key(QString::fromLatin1(key));
-        QTRY_VERIFY(m_combo->isOpen());
-        QVERIFY(QTest::qWaitForWindowActive(m_combo->popup()));
+        waitForList(m_combo);
         QTRY_VERIFY(!isMarked());
         XPointer::key(QStringLiteral("Down"));
         QTRY_VERIFY(!m_combo->isOpen());
