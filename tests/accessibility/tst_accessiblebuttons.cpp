@@ -116,7 +116,8 @@ void tst_AccessibleButtons::addStates(bool push)
     });
     row("tool tip", [](QAbstractButton *button) { button->setToolTip(QStringLiteral("Tip")); });
     row("without a text", [](QAbstractButton *button) { button->setText(QString()); });
-    row("ampersands", [](QAbstractButton *button) { button->setText(QStringLiteral("a && b & c &")); });
+    for (const char *text : {"&Add", "Ad&d", "Add &", "a && b & c &"})
+        row(text, [text](QAbstractButton *button) { button->setText(QString::fromLatin1(text)); });
     if (push) {
         row("default", [](QAbstractButton *button) { static_cast<QPushButton *>(button)->setDefault(true); });
         row("menu",
