@@ -83,6 +83,8 @@ private Q_SLOTS:
     void lineRunsFromTheCentreToTheHandle();
     void lineThatWouldRunAwayIsNone();
     void absurdMeasures();
+    void lineThatEndsFarOutsideIsCutOff_data();
+    void lineThatEndsFarOutsideIsCutOff();
     void wheelIsLeftToTheParent();
 };
 
@@ -267,6 +269,36 @@ void tst_custombidirectionslider::absurdMeasures()
                 slider.setValue(value);
                 painted(&slider);
             }
+        }
+    }
+    const QStringList texts = log.texts();
+    for (const QString &text : texts)
+        QCOMPARE(text, QString::fromLatin1(kHandleImage));
+}
+
+void tst_custombidirectionslider::lineThatEndsFarOutsideIsCutOff_data()
+{
+    QTest::addColumn<int>("handleWidth");
+    QTest::newRow("a little") << -1000;
+    QTest::newRow("more than a pen is wide") << -100000;
+    QTest::newRow("more than a painter counts") << -100000000;
+    QTest::newRow("all that there is") << kLowest;
+}
+
+void tst_custombidirectionslider::lineThatEndsFarOutsideIsCutOff()
+{
+    QFETCH(int, handleWidth);
+    const LogCapture log;
+    for (const int lineWidth : {5, 6}) {
+        CustomBidirectionSlider slider(lineWidth, handleWidth, Qt::red, nullptr);
+        CustomBidirectionSlider justOutside(lineWidth, -500, Qt::red, nullptr);
+        for (const int value : {0, 100}) {
+            for (CustomBidirectionSlider *one : {&slider, &justOutside}) {
+                one->setRange(0, 100);
+                one->setFixedSize(200, 40);
+                one->setValue(value);
+            }
+            QCOMPARE(differingPixels(painted(&slider), painted(&justOutside)), 0);
         }
     }
     const QStringList texts = log.texts();

@@ -6,8 +6,6 @@
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
 
-#include <limits>
-
 namespace {
 
 const char kStyleSheet[] =
@@ -22,13 +20,6 @@ constexpr int kDefaultHandleWidth = 24;
 constexpr int kHandleHeight = 24; // in the style sheet
 constexpr int kTickHeight = 4;
 constexpr int kWidestPen = 32767; // Qt warns about wider ones
-
-int truncated(double x)
-{
-    constexpr double kLowest = std::numeric_limits<int>::min();
-    constexpr double kHighest = std::numeric_limits<int>::max();
-    return int(qBound(kLowest, x, kHighest));
-}
 
 // With the square ends of a pen a line covers a rectangle. If these are whole pixels, no edge need be smoothed.
 void drawLine(QPainter *painter, const QLine &line, int width, const QColor &color)
@@ -122,11 +113,11 @@ double CustomBidirectionSlider::share(int value) const
 
 int CustomBidirectionSlider::centerX() const
 {
-    return truncated(share(middle()) * width());
+    return int(share(middle()) * width());
 }
 
 // The handle's way is shorter than the slider by the handle's width; the offset, in single precision, makes
-// up for it.
+// up for it. A line that ends farther outside than its pen is wide looks the same wherever it ends.
 int CustomBidirectionSlider::valueX() const
 {
     const qint64 fromMiddle = qint64(value()) - middle();
@@ -135,7 +126,8 @@ int CustomBidirectionSlider::valueX() const
     const qint64 sign = fromMiddle >= 0 ? 1 : -1;
     const qint64 halfHandle = sign * m_handleWidth / 2;
     const float offset = float(fromMiddle) * perValue + float(halfHandle);
-    return truncated(share(value()) * width() - double(offset));
+    const double x = share(value()) * width() - double(offset);
+    return int(qBound(double(-kWidestPen), x, double(width()) + kWidestPen));
 }
 
 void CustomBidirectionSlider::paintEvent(QPaintEvent *event)
