@@ -106,8 +106,8 @@ add_test(NAME package_choice COMMAND ${CMAKE_COMMAND} -G ${CMAKE_GENERATOR} -DPA
 
 orv_add_consumer_test(package_components consumer/components)
 
-# The library as a part of another project, whose settings it leaves alone. Configured only; where packages are made, one
-# such project is built and run.
+# The library as a part of another project, whose settings it leaves alone. Configured only; where packages are made, one such
+# project is built and run for each kind of library.
 function(orv_add_parent_test name)
     set(build_folder ${PROJECT_BINARY_DIR}/consumers/${name})
     add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -G ${CMAKE_GENERATOR} ${consumer_options} ${ARGN}
@@ -118,14 +118,16 @@ orv_add_parent_test(package_in_parent)
 orv_add_parent_test(package_in_parent_static -DSHARED=OFF)
 orv_add_parent_test(package_in_parent_fetched -DFETCHED=ON -DSHARED=ON)
 if(ORV_HARDENING AND NOT CMAKE_CROSSCOMPILING)
-    set(build_folder ${PROJECT_BINARY_DIR}/consumers/package_in_parent_fetched)
-    add_test(NAME package_in_parent_build COMMAND ${CMAKE_COMMAND} --build ${build_folder} --target program)
-    add_test(NAME package_in_parent_run COMMAND ${build_folder}/programs/program)
-    set_tests_properties(package_in_parent_fetched PROPERTIES FIXTURES_SETUP parent_configured)
-    set_tests_properties(package_in_parent_build PROPERTIES FIXTURES_REQUIRED parent_configured FIXTURES_SETUP parent
-        TIMEOUT 900)
-    set_tests_properties(package_in_parent_run PROPERTIES FIXTURES_REQUIRED parent
-        ENVIRONMENT QT_QPA_PLATFORM=${consumer_platform})
+    foreach(name IN ITEMS package_in_parent_static package_in_parent_fetched)
+        set(build_folder ${PROJECT_BINARY_DIR}/consumers/${name})
+        add_test(NAME ${name}_build COMMAND ${CMAKE_COMMAND} --build ${build_folder} --target program)
+        add_test(NAME ${name}_run COMMAND ${build_folder}/programs/program)
+        set_tests_properties(${name} PROPERTIES FIXTURES_SETUP ${name}_configured)
+        set_tests_properties(${name}_build PROPERTIES FIXTURES_REQUIRED ${name}_configured FIXTURES_SETUP ${name}_built
+            TIMEOUT 900)
+        set_tests_properties(${name}_run PROPERTIES FIXTURES_REQUIRED ${name}_built
+            ENVIRONMENT QT_QPA_PLATFORM=${consumer_platform})
+    endforeach()
 endif()
 
 # What a header says does not depend on sanitizers.
