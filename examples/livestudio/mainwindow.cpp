@@ -6,6 +6,7 @@
 #include "snapshotpage.h"
 
 #include <customtoolbutton.h>
+#include <orvcommonlib.h>
 #include <orvlook.h>
 #include <orvmaskctrl.h>
 
@@ -36,6 +37,7 @@ MainWindow::MainWindow()
 
     setMinimumSize(860, 600);
     resize(1120, 640);
+    totalcommon::moveToScreenCenter(this, 0);
     setFocus(); // which none of the controls has at the start
     restoreGeometry(QSettings().value("geometry").toByteArray());
     if (!QSettings().value("noTips").toBool())

@@ -11,7 +11,6 @@ Preview::Preview(QWidget *parent)
     , m_person(":/studio/person.svg")
 {
     setAccessibleName(tr("Live picture"));
-    setMinimumSize(400, 240);
     set("resolution", QSettings().value("resolution", QSize(960, 540)));
     set("tint", QSettings().value("tint", "white"));
     for (const char *name : {"camera", "brightness", "contrast", "beauty", "zoom"})
