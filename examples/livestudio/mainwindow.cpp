@@ -175,7 +175,7 @@ QWidget *MainWindow::newSide(const QList<QWidget *> &pages)
 
 void MainWindow::toggleMaximised()
 {
-    setWindowState(windowState() ^ Qt::WindowMaximized);
+    isMaximized() ? showNormal() : showMaximized();
 }
 
 void MainWindow::changeEvent(QEvent *event)
