@@ -21,6 +21,11 @@ constexpr int kHandleHeight = 24; // in the style sheet
 constexpr int kTickHeight = 4;
 constexpr int kWidestPen = 32767; // Qt warns about wider ones
 
+int penWidth(int lineWidth)
+{
+    return qBound(0, lineWidth, kWidestPen);
+}
+
 // With the square ends of a pen a line covers a rectangle. If these are whole pixels, no edge need be smoothed.
 void drawLine(QPainter *painter, const QLine &line, int width, const QColor &color)
 {
@@ -127,7 +132,8 @@ int CustomBidirectionSlider::valueX() const
     const qint64 halfHandle = sign * m_handleWidth / 2;
     const float offset = float(fromMiddle) * perValue + float(halfHandle);
     const double x = share(value()) * width() - double(offset);
-    return int(qBound(double(-kWidestPen), x, double(width()) + kWidestPen));
+    const double beyond = penWidth(m_lineWidth);
+    return int(qBound(-beyond, x, width() + beyond));
 }
 
 void CustomBidirectionSlider::paintEvent(QPaintEvent *event)
@@ -143,7 +149,7 @@ void CustomBidirectionSlider::paintEvent(QPaintEvent *event)
     const int end = valueX();
     // A line that would have to run away from the handle is none.
     if (value() > middle() ? end > center : end < center)
-        drawLine(&painter, QLine(end, height() / 2, center, height() / 2), qBound(0, m_lineWidth, kWidestPen),
+        drawLine(&painter, QLine(end, height() / 2, center, height() / 2), penWidth(m_lineWidth),
                  lineColor());
 }
 
