@@ -57,7 +57,8 @@ QStringList told(QAbstractButton *button)
     static_assert(sizeof state == sizeof states, "the states are the bits of one number");
     std::memcpy(&state, &states, sizeof state);
     result << QString::number(state, 16) << actionsOf(button) << QString::number(interface->childCount());
-    for (const QString &action : actionsOf(button))
+    const QStringList actions = actionsOf(button);
+    for (const QString &action : actions)
         result << interface->actionInterface()->keyBindingsForAction(action);
     return result;
 }
