@@ -127,7 +127,8 @@ void tst_TextWidgetsX11::poppedUpToolTipIsActiveAndCloses()
             button.click();
         QTRY_COMPARE(toolTips().size(), 1);
         QTRY_VERIFY(toolTips().constFirst()->isActiveWindow());
-        QCOMPARE(toolTips().constFirst()->pos(), QPoint(600, 400));
+        // The window manager puts it in the middle first, and then where it was asked to.
+        QTRY_COMPARE(toolTips().constFirst()->pos(), QPoint(600, 400));
         XPointer::click(window.mapToGlobal(QPoint(280, 180)));
         QTRY_COMPARE(toolTips().size(), 0);
         QTRY_VERIFY(window.isActiveWindow());
