@@ -35,10 +35,6 @@ function(orv_add_test name)
     set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp PROPERTIES
         SKIP_PRECOMPILE_HEADERS ON)
     target_link_libraries(${name} PRIVATE orv_test_support ${ORV_QT}::Test ${ORV_QT}::Widgets ${arg_LIBRARIES})
-    if(ORV_SANITIZERS MATCHES undefined AND "${ORV_QT}::CorePrivate" IN_LIST arg_LIBRARIES)
-        # Of its private classes Qt does not export the type information that would be checked.
-        set_source_files_properties(${arg_SOURCE} PROPERTIES COMPILE_OPTIONS -fno-sanitize=vptr SKIP_PRECOMPILE_HEADERS ON)
-    endif()
     if(ORV_SANITIZERS MATCHES thread)
         target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/threadsanitizer.cpp)
     endif()

@@ -491,6 +491,8 @@ def main():
         listing = subprocess.run([program, "--list"], env=dict(os.environ, QT_QPA_PLATFORM="offscreen"), check=True,
                                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         names = listing.stdout.split()
+    # Without it a program that the machine keeps waiting for a second counts as gone.
+    Atspi.set_timeout(TIMEOUT_S * 1000, TIMEOUT_S * 1000)
     # The registry of the bus is started by who asks for it first. A program that comes while it starts may miss it.
     until("the registry of the bus", lambda: Atspi.get_desktop(0).get_child_count() >= 0)
     failed = 0

@@ -26,6 +26,7 @@ namespace {
 
 constexpr int kGlideSteps = 8;
 constexpr int kTimeoutMs = 10000;
+constexpr int kSettleMs = 25;
 
 QPoint toNative(QPoint globalPos)
 {
@@ -100,7 +101,7 @@ void settle()
 {
     if (!Question().ask())
         qWarning("XPointer: the window manager does not answer");
-    QTest::qWait(0); // what is to be deleted is deleted in the caller's loop only
+    QTest::qWait(kSettleMs); // other programs have no part in that answer
 }
 
 } // namespace
