@@ -9,8 +9,8 @@ class QImage;
 class QWidget;
 
 /// The real pointer and keyboard of the X server, driven from outside the process through xdotool. Every call
-/// processes the application's events until the server has answered. Points are global, in device-independent
-/// pixels.
+/// processes the application's events until server and window manager have done what follows from it and the
+/// application has been told. Points are global, in device-independent pixels.
 namespace XPointer {
 
 void moveTo(QPoint globalPos);
