@@ -29,7 +29,7 @@ function(orv_add_test name)
     endif()
 
     add_executable(${name} ${arg_SOURCE})
-    orv_program_defaults(${name})
+    orv_test_defaults(${name})
     target_precompile_headers(${name} REUSE_FROM orv_test_support)
     # Nearly always empty: moc's output for a test is included by the test.
     set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp PROPERTIES
