@@ -9,8 +9,9 @@ class QImage;
 class QWidget;
 
 /// The real pointer and keyboard of the X server, driven from outside the process through xdotool. Every call
-/// processes the application's events until server and window manager have done what follows from it and the
-/// application has been told. Points are global, in device-independent pixels.
+/// processes the application's events until server and window manager have done their part and the application has
+/// been told. What it asks of them in reaction, to show a window say, may still be under way. Points are global, in
+/// device-independent pixels.
 namespace XPointer {
 
 void moveTo(QPoint globalPos);
