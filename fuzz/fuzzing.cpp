@@ -71,7 +71,7 @@ qreal Input::anyReal()
 QByteArray Input::bytes(int count)
 {
     const int taken = int(qMin(m_left, size_t(qMax(0, count))));
-    const QByteArray result(reinterpret_cast<const char *>(m_data), taken);
+    QByteArray result(reinterpret_cast<const char *>(m_data), taken);
     m_data += taken;
     m_left -= size_t(taken);
     return result;

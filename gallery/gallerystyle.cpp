@@ -93,7 +93,7 @@ void setUpGalleryStyle()
 
 QColor galleryColor(const char *name)
 {
-    return QColor(values().value(QString::fromLatin1(name)));
+    return {values().value(QString::fromLatin1(name))};
 }
 
 QString gallerySheet(QString sheet)

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void pictureButtonMadeWhileActiveIsNoPlainOne();
     void toolButtonIsToldLikeAToolButton_data();
     void toolButtonIsToldLikeAToolButton();
+    void toolButtonHasTheMenuBesideItAsAChild();
     void toolButtonHasAPopup();
     void toolButtonOpensTheRightClickPanel();
     void toolButtonOpensItsMenuWithoutAPanel();
@@ -243,6 +244,21 @@ void tst_AccessibleButtons::toolButtonIsToldLikeAToolButton()
     prepare(&stock);
     prepare(&button);
     QCOMPARE(told(&button), told(&stock));
+}
+
+void tst_AccessibleButtons::toolButtonHasTheMenuBesideItAsAChild()
+{
+    CustomToolButton button(false, nullptr, Bottom);
+    QMenu menu;
+    button.setMenu(&menu);
+    button.setPopupMode(QToolButton::MenuButtonPopup);
+    QCOMPARE(interfaceOf(&button)->childCount(), 1);
+    QCOMPARE(interfaceOf(&button)->child(0), interfaceOf(&menu));
+    QVERIFY(!interfaceOf(&button)->child(1));
+    QVERIFY(!interfaceOf(&button)->child(-1));
+    button.setPopupMode(QToolButton::InstantPopup);
+    QCOMPARE(interfaceOf(&button)->childCount(), 0);
+    QVERIFY(!interfaceOf(&button)->child(0));
 }
 
 void tst_AccessibleButtons::toolButtonHasAPopup()

@@ -8,6 +8,8 @@
 #include <QtCore/QEvent>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 
 #include <memory>
 
@@ -240,6 +242,12 @@ void tst_AccessibleComboBox::rowsOutsideTheViewAreOffscreen()
     QVERIFY(!row(0)->state().offscreen);
     QVERIFY(row(29)->state().offscreen || row(29)->state().invisible);
     QCOMPARE(row(29)->text(QAccessible::Name), QStringLiteral("Row 29"));
+    auto *const scrolling = m_combo->findChild<QScrollArea *>()->verticalScrollBar();
+    scrolling->setValue(scrolling->maximum());
+    QTRY_VERIFY(!row(29)->state().invisible);
+    QVERIFY(!row(29)->state().offscreen);
+    QVERIFY(row(0)->state().offscreen);
+    QVERIFY(!row(0)->state().invisible);
     press(row(29));
     QCOMPARE(m_combo->currentIndex(), 29);
 }

@@ -207,6 +207,11 @@ void tst_CustomComboxHeader::elidesLongText()
     QVERIFY(label->sizeHint().width() > label->width());
     QVERIFY(label->geometry().right() < Labels(&header).icon->x());
     QCOMPARE(header.text(), longText);
+    const QString otherText = QStringLiteral("Another one, whose name has no room in its header either");
+    header.setText(otherText); // at the same width
+    QVERIFY(label->text().endsWith(ellipsis));
+    QCOMPARE(header.text(), otherText);
+    header.setText(longText);
 
     const QString before = label->text();
     header.setFixedWidth(220);

@@ -1,5 +1,6 @@
 #include "custompicturebtn.h"
 #include "mouseevents.h"
+#include "paintcount.h"
 #include "pictures.h"
 #include "testmain.h"
 
@@ -7,6 +8,11 @@
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainter>
 #include <QtTest/QTest>
+
+#include <functional>
+
+using Action = std::function<void(CustomPictureBtn &)>;
+Q_DECLARE_METATYPE(Action)
 
 namespace {
 
@@ -89,6 +95,8 @@ private Q_SLOTS:
     void loadsHighDpiPictures();
     void spanTakesEffectAtTheNextComputation();
     void paintsTheBaseFirst();
+    void repaintsWhenASetterSaysSo_data();
+    void repaintsWhenASetterSaysSo();
 };
 
 void tst_CustomPictureBtn::centresPictureGapAndTextAsOneGroup()
@@ -465,6 +473,52 @@ void tst_CustomPictureBtn::paintsTheBaseFirst()
     const QImage picture = renderWidget(&button);
     QCOMPARE(picture.pixelColor(2, 2), QColor(Qt::green));
     QCOMPARE(picture.pixelColor(picture.rect().center()), QColor(Qt::red));
+}
+
+void tst_CustomPictureBtn::repaintsWhenASetterSaysSo_data()
+{
+    QTest::addColumn<Action>("change");
+    QTest::addColumn<int>("paints");
+    static QImage image = filled(QSize(10, 10), Qt::blue);
+    const QString text = QStringLiteral("B");
+    const QRect rect(1, 2, 20, 20);
+    const QFont font = pixelFont(9);
+    const QColor color(Qt::blue);
+    const auto row = [](const char *name, int paints, const Action &change) {
+        QTest::newRow(name) << change << paints;
+    };
+    row("a font", 1, [=](CustomPictureBtn &button) { button.setFont(font); });
+    row("four fonts", 1, [=](CustomPictureBtn &button) { button.setFont(font, font, font, font); });
+    row("a colour", 1, [=](CustomPictureBtn &button) { button.setFontColor(color); });
+    row("four colours", 1,
+        [=](CustomPictureBtn &button) { button.setFontColor(color, color, color, color); });
+    row("hover", 1, [](CustomPictureBtn &button) { button.setHoverIcon(image); });
+    row("checked", 1, [](CustomPictureBtn &button) { button.setCheckedIcon(image); });
+    row("disabled", 1, [](CustomPictureBtn &button) { button.setDisabledIcon(image); });
+    row("the picture's place", 1, [=](CustomPictureBtn &button) { button.adjustIconRect(rect); });
+    row("a picture", 0, [=](CustomPictureBtn &button) { button.setCustomImg(QString(), rect); });
+    row("a text", 0, [=](CustomPictureBtn &button) { button.setCustomText(text, rect); });
+    row("a span", 0, [](CustomPictureBtn &button) { button.setSpan(3); });
+    row("a size that is its own", 1, [](CustomPictureBtn &button) { button.resizeWithIconAndText(); });
+    row("the pointer's arrival", 1, [](CustomPictureBtn &button) { MouseEvents::enter(&button); });
+}
+
+void tst_CustomPictureBtn::repaintsWhenASetterSaysSo()
+{
+    QFETCH(const Action, change);
+    QFETCH(const int, paints);
+    const QImage image = filled(QSize(30, 30), Qt::red);
+    QWidget window;
+    CustomPictureBtn button(image, QStringLiteral("A"), 0, &window, true);
+    window.resize(200, 100);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    PaintCount::settle();
+    const PaintCount counted(&button);
+    change(button);
+    QTRY_COMPARE(counted.own, paints);
+    PaintCount::settle();
+    QCOMPARE(counted.own, paints);
 }
 
 ORV_TEST_MAIN(tst_CustomPictureBtn)

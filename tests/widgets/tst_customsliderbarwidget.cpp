@@ -232,6 +232,7 @@ void tst_customsliderbarwidget::everyStepPaints()
     QVERIFY(paintsAfter(&bar, [&] { bar.setCurrenIndex(0); }));
     QVERIFY(paintsAfter(&bar, [&] { press(&bar, QPoint(20, 6)); }));
     QVERIFY(paintsAfter(&bar, [&] { move(&bar, QPoint(30, 6)); }));
+    QVERIFY(paintsAfter(&bar, [&] { move(&bar, QPoint(-500, 6)); })); // on no step
     QVERIFY(paintsAfter(&bar, [&] { release(&bar, QPoint(30, 6)); }));
     QCOMPARE(bar.getCurrentIndex(), 0);
     QVERIFY(paintsAfter(&bar, [&] { bar.setCount(5); }));

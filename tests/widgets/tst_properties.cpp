@@ -14,6 +14,7 @@
 #include "horizontalslider.h"
 #include "newhorizontalslider.h"
 #include "orvupdatetipdlg.h"
+#include "paintcount.h"
 #include "popupdlgwithmask.h"
 #include "popuploadingdlgwithmask.h"
 #include "qhotkey.h"
@@ -221,36 +222,6 @@ QVector<Class> classes()
     return sliders() + buttons() + boxes() + windows();
 }
 
-/// The paints of a widget, and of all that stands in it.
-class PaintCount : public QObject
-{
-public:
-    explicit PaintCount(QWidget *widget)
-        : m_widget(widget)
-    {
-        qApp->installEventFilter(this);
-    }
-    int own = 0;
-    int all = 0;
-
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            own += watched == m_widget ? 1 : 0;
-            all += watched == m_widget || isBelow(watched) ? 1 : 0;
-        }
-        return false;
-    }
-
-private:
-    bool isBelow(QObject *object) const
-    {
-        return object->isWidgetType() && m_widget->isAncestorOf(static_cast<QWidget *>(object));
-    }
-
-    QWidget *m_widget;
-};
-
 /// All signals of an object, with how often each came.
 class Signals
 {
@@ -276,14 +247,6 @@ public:
 private:
     std::vector<std::unique_ptr<QSignalSpy>> m_spies;
 };
-
-void settle()
-{
-    for (int turn = 0; turn < 5; ++turn) {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents();
-    }
-}
 
 template<typename Action>
 void eachProperty(Action add)
@@ -470,18 +433,18 @@ void tst_properties::repaintsOnce()
     widget->show();
     subject.window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&subject.window));
-    settle();
+    PaintCount::settle();
     const bool isPainted = (subject.tested.traits & Paints) != 0;
     for (const QVariant &value : subject.tested.values) {
         PaintCount effective(widget);
         subject.meta.write(subject.object, value);
         QTRY_COMPARE(effective.own, isPainted ? 1 : 0);
-        settle();
+        PaintCount::settle();
         QCOMPARE(effective.own, isPainted ? 1 : 0);
 
         const PaintCount equal(widget);
         subject.meta.write(subject.object, value);
-        settle();
+        PaintCount::settle();
         QCOMPARE(equal.all, 0);
     }
 }

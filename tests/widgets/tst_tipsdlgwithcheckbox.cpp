@@ -148,6 +148,8 @@ private Q_SLOTS:
     void setStateIsKept();
     void execEndsInEveryWay_data();
     void execEndsInEveryWay();
+    void refusedCloseEndsTheLoop_data();
+    void refusedCloseEndsTheLoop();
     void secondDialogFromASlot();
     void hiddenWhileBeingShown();
     void applicationQuits();
@@ -574,6 +576,33 @@ void tst_TipsDlgWithCheckbox::execEndsInEveryWay()
         dialog->exec();
     }
     delete parent;
+}
+
+void tst_TipsDlgWithCheckbox::refusedCloseEndsTheLoop_data()
+{
+    QTest::addColumn<Action>("end");
+    QTest::newRow("close button") << Action(
+        [](TipsDlgWithCheckbox *dialog) { InsideLoop::click(closeButtonOf(dialog)); });
+    QTest::newRow("button") << Action(
+        [](TipsDlgWithCheckbox *dialog) { InsideLoop::click(buttonOf(dialog)); });
+    QTest::newRow("forceToExit()") << Action([](TipsDlgWithCheckbox *dialog) { dialog->forceToExit(); });
+}
+
+void tst_TipsDlgWithCheckbox::refusedCloseEndsTheLoop()
+{
+    QFETCH(const Action, end);
+    const std::unique_ptr<TipsDlgWithCheckbox> dialog(newTip());
+    InsideLoop::EventHook hook(dialog.get(), QEvent::Close, [](QEvent *event) {
+        event->ignore();
+        return true;
+    });
+    InsideLoop::run([&] {
+        end(dialog.get());
+        // It ends a loop that goes on.
+        QTimer::singleShot(0, dialog.get(), &QWidget::hide);
+    });
+    dialog->exec();
+    QVERIFY(dialog->isVisible());
 }
 
 void tst_TipsDlgWithCheckbox::secondDialogFromASlot()

@@ -489,7 +489,7 @@ void CustomShadowCombox::showText(const QString &text)
 // An open list that stands above the header grows and shrinks at its upper end.
 void CustomShadowCombox::keepListAtHeader(const QRect &before)
 {
-    if (!m_popup || !m_header || !isPopupOpen())
+    if (!m_header || !isPopupOpen())
         return;
     const int lowerEnd = before.y() + before.height();
     if (lowerEnd <= m_header->mapToGlobal(QPoint(0, 0)).y())
