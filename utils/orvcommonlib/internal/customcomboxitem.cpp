@@ -186,7 +186,6 @@ QLabel *CustomComboxItem::newImageLabel(QSize size)
 {
     auto *label = new LazilyStyled<QLabel>;
     label->setFixedSize(size);
-    label->hide();
     layout()->addWidget(label);
     return label;
 }
