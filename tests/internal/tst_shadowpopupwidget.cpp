@@ -376,6 +376,12 @@ void tst_ShadowPopupWidget::graysRows()
     // Of the gray rows only that which started gray has a badge, hidden now.
     QCOMPARE(list.row(0)->findChildren<QLabel *>().size(), 2);
     QVERIFY(list.row(3)->findChildren<QLabel *>().at(2)->isHidden());
+
+    List single;
+    single.add(1);
+    states = {true};
+    single.setItemGrayState(states);
+    QVERIFY(isGray(single.row(0)));
 }
 
 void tst_ShadowPopupWidget::grayStatesMustFitTheRows_data()
