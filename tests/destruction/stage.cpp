@@ -79,7 +79,7 @@ Stage::Stage(const Kind &kind)
     m_in.window->show();
     m_object = kind.make(m_in);
 
-    const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("noteSignal()"));
+    const QMetaMethod slot = staticMetaObject.method(staticMetaObject.indexOfSlot("noteSignal()"));
     const QVector<QMetaMethod> all = signalsOfTheObject();
     for (const QMetaMethod &signal : all)
         connect(m_object, signal, this, slot);

@@ -152,6 +152,11 @@ void tst_customshadowcombox_properties::theIndexWaitsForTheItems()
 
     combo.setProperty("currentIndex", 7);
     QCOMPARE(combo.currentIndex(), 2);
+
+    Combo first;
+    first.setProperty("currentIndex", 0);
+    first.setProperty("items", kThree);
+    QCOMPARE(first.currentIndex(), 0);
 }
 
 void tst_customshadowcombox_properties::theFunctionWaitsForNothing()
