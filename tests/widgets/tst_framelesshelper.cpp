@@ -57,6 +57,7 @@ class tst_FramelessHelper : public FramelessHelperTest
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
@@ -95,6 +96,16 @@ private Q_SLOTS:
     void survivesDestructionOfOneWidgetByAnother();
 };
 
+// The measures that all helpers share, before anything has set them.
+void tst_FramelessHelper::initTestCase()
+{
+    const FramelessHelper first;
+    QCOMPARE(first.borderWidth(), 5U);
+    QCOMPARE(first.titleHeight(), 50U);
+    QCOMPARE(first.rightBottomAreaExtraPix(), 10U);
+    QVERIFY(!first.enableRightBottomAreaResizeState());
+}
+
 void tst_FramelessHelper::hasNoSignalsSlotsOrPropertiesOfItsOwn()
 {
     const QMetaObject &meta = FramelessHelper::staticMetaObject;
@@ -112,10 +123,6 @@ void tst_FramelessHelper::startsWithItsDefaults()
     QVERIFY(m_helper->widgetResizable());
     QVERIFY(!m_helper->rubberBandOnMove());
     QVERIFY(!m_helper->rubberBandOnResisze());
-    QCOMPARE(m_helper->borderWidth(), 5U);
-    QCOMPARE(m_helper->titleHeight(), 50U);
-    QCOMPARE(m_helper->rightBottomAreaExtraPix(), 10U);
-    QVERIFY(!m_helper->enableRightBottomAreaResizeState());
 }
 
 void tst_FramelessHelper::keepsWhatIsSet()
