@@ -42,7 +42,7 @@ QString nameOf(xcb_connection_t *connection, xcb_atom_t atom)
 {
     xcb_get_atom_name_reply_t *reply =
         xcb_get_atom_name_reply(connection, xcb_get_atom_name(connection, atom), nullptr);
-    const QString name =
+    QString name =
         reply ? QString::fromLatin1(xcb_get_atom_name_name(reply), xcb_get_atom_name_name_length(reply))
               : QString();
     std::free(reply);

@@ -119,11 +119,11 @@ void Scene::addActor(const Kind *kind, quint8 how)
 
 void Scene::watchSignals(QWidget *widget)
 {
-    const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("hear()"));
+    const QMetaMethod hearing = metaObject()->method(metaObject()->indexOfSlot("hear()"));
     for (int i = QWidget::staticMetaObject.methodCount(); i < widget->metaObject()->methodCount(); ++i) {
-        const QMetaMethod method = widget->metaObject()->method(i);
-        if (method.methodType() == QMetaMethod::Signal)
-            connect(widget, method, this, slot);
+        const QMetaMethod told = widget->metaObject()->method(i);
+        if (told.methodType() == QMetaMethod::Signal)
+            connect(widget, told, this, hearing);
     }
 }
 

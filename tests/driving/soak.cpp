@@ -30,7 +30,7 @@ int main(int argc, char **argv)
     QApplication::setQuitOnLastWindowClosed(false);
     constexpr qint64 kMinuteMs = 60000;
     const double minutes = argc > 1 ? QByteArray(argv[1]).toDouble() : 10;
-    const qint64 end = qint64(minutes * kMinuteMs);
+    const auto end = qint64(minutes * kMinuteMs);
     const qint64 first = qMin(kMinuteMs, end / 10);
     QElapsedTimer time;
     time.start();

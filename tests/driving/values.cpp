@@ -20,7 +20,7 @@ QString anyText(quint8 number)
     case 1:
         return QStringLiteral("a\nb");
     case 2:
-        return QString(int(number) * 4, QLatin1Char('w'));
+        return {int(number) * 4, QLatin1Char('w')};
     case 3:
         return QString::fromUtf8("\xe6\x96\x87\xe5\xad\x97 \xd8\xb9\xd8\xb1\xd8\xa8\xd9\x8a");
     case 4:

@@ -352,6 +352,10 @@ void tst_CommonPopupDialog::hidingEndsExec_data()
     using Hide = std::function<void(CommonPopupDialog *)>;
     QTest::newRow("hide()") << Hide([](CommonPopupDialog *dialog) { dialog->hide(); });
     QTest::newRow("setVisible()") << Hide([](QWidget *dialog) { dialog->setVisible(false); });
+    QTest::newRow("setVisible(), of which it does not hear") << Hide([](QWidget *dialog) {
+        const InsideLoop::EventHook hook(dialog, QEvent::HideToParent, [](QEvent *) { return true; });
+        dialog->setVisible(false);
+    });
     QTest::newRow("close()") << Hide([](CommonPopupDialog *dialog) { dialog->close(); });
     QTest::newRow("native hide") << Hide([](QWidget *dialog) { dialog->windowHandle()->hide(); });
     QTest::newRow("hidden natively while it is shown") << Hide([](QWidget *dialog) {

@@ -183,6 +183,10 @@ void tst_PopupDlgWithMaskRuns::hidingEndsExec_data()
     QTest::addColumn<Action>("hide");
     QTest::newRow("hide()") << Action([](PopupDlgWithMask *dialog) { dialog->hide(); });
     QTest::newRow("setVisible()") << Action([](QWidget *dialog) { dialog->setVisible(false); });
+    QTest::newRow("setVisible(), of which it does not hear") << Action([](QWidget *dialog) {
+        const InsideLoop::EventHook hook(dialog, QEvent::HideToParent, [](QEvent *) { return true; });
+        dialog->setVisible(false);
+    });
     QTest::newRow("close()") << Action([](PopupDlgWithMask *dialog) { dialog->close(); });
     QTest::newRow("native hide") << Action([](QWidget *dialog) { dialog->windowHandle()->hide(); });
     QTest::newRow("forceToExit()") << Action([](PopupDlgWithMask *dialog) { dialog->forceToExit(); });

@@ -530,6 +530,10 @@ void tst_TipsDlgWithCheckbox::execEndsInEveryWay_data()
         dialog->windowHandle()->hide();
     }) << false;
     QTest::newRow("setVisible()") << Action([](QWidget *dialog) { dialog->setVisible(false); }) << false;
+    QTest::newRow("setVisible(), of which it does not hear") << Action([](QWidget *dialog) {
+        const InsideLoop::EventHook hook(dialog, QEvent::HideToParent, [](QEvent *) { return true; });
+        dialog->setVisible(false);
+    }) << false;
     QTest::newRow("close()") << Action([](TipsDlgWithCheckbox *dialog) { dialog->close(); }) << true;
     QTest::newRow("deleted") << Action([](TipsDlgWithCheckbox *dialog) { delete dialog; }) << true;
     QTest::newRow("deleted later") << Action([](TipsDlgWithCheckbox *dialog) { dialog->deleteLater(); })
