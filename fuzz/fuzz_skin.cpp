@@ -3,6 +3,7 @@
 #include "support/memoryresource.h"
 
 #include <QtCore/QMap>
+#include <QtSvg/QSvgRenderer>
 
 using namespace Fuzzing;
 
@@ -101,12 +102,20 @@ QImage ground(qreal ratio)
     return image;
 }
 
-bool isAlike(const QImage &image, const QImage &expected)
+/// One level of rounding in a channel, and one more where the ground shines through.
+bool isAlike(const QImage &image, const QImage &expected, bool isTranslucent)
 {
-    return image == expected || differingPixels(image, expected, 1) == 0;
+    return image == expected || differingPixels(image, expected, isTranslucent ? 2 : 1) == 0;
 }
 
-void tryPiece(const QRectF &target, qreal ratio)
+/// Qt divides by the sides of the view box: what comes of nothing depends on where it is painted.
+bool hasUsableViewBox(const QByteArray &document)
+{
+    const QRectF viewBox = QSvgRenderer(document).viewBoxF();
+    return viewBox.isNull() || !viewBox.isEmpty();
+}
+
+void tryPiece(const QRectF &target, qreal ratio, bool isComparable)
 {
     QImage expected = ground(ratio);
     {
@@ -118,11 +127,11 @@ void tryPiece(const QRectF &target, qreal ratio)
     for (int time = 0; time < 2; ++time) { // what is kept is made by the first time
         QImage image = ground(ratio);
         SkinPainter(&image, kFolder).paint(QStringLiteral("groove.svg"), target);
-        check(isAlike(image, expected), "a piece differs from the recipe");
+        check(!isComparable || isAlike(image, expected, false), "a piece differs from the recipe");
     }
 }
 
-void tryGroove(const SkinTesting::Groove &groove, qreal ratio)
+void tryGroove(const SkinTesting::Groove &groove, qreal ratio, bool isTranslucent)
 {
     QImage expected = ground(ratio);
     {
@@ -135,7 +144,7 @@ void tryGroove(const SkinTesting::Groove &groove, qreal ratio)
         SkinPainter(&image, kFolder)
             .paintColored(QStringLiteral("groove.svg"), groove.area, groove.pixels, groove.columns,
                           groove.color);
-        check(isAlike(image, expected), "a groove differs from the recipe");
+        check(isAlike(image, expected, isTranslucent), "a groove differs from the recipe");
     }
 }
 
@@ -152,9 +161,9 @@ void trySkin(Input &input)
     const QByteArray document = anyDocument(input);
     const MemoryResource file(QStringLiteral("/fuzz"), {{QStringLiteral("groove.svg"), document}});
     if (isGroove)
-        tryGroove(groove, ratio);
+        tryGroove(groove, ratio, groove.color.alpha() < 255 || document.contains("opacity"));
     else
-        tryPiece(target, ratio);
+        tryPiece(target, ratio, hasUsableViewBox(document));
 }
 
 const Target target("skin", trySkin);

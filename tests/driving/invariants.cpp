@@ -62,7 +62,8 @@ void Scene::lookAtMask()
         return;
     bool isOwned = !m_maskOwners.isEmpty();
     for (Actor &actor : m_actors) {
-        if (!actor.widget || actor.widget->isHidden())
+        // Not isHidden(): where only its window was hidden, Qt takes that back when the parent is shown.
+        if (!actor.widget || !actor.widget->isVisible())
             actor.asksForMask = false;
         else if (actor.widget->property("drivenMask").toBool())
             actor.asksForMask = true;
