@@ -16,6 +16,7 @@
 #include <QtWidgets/QApplication>
 
 #include <numeric>
+#include <utility>
 
 namespace Driving {
 
@@ -311,7 +312,7 @@ void Scene::hover(const Step &step)
         return;
     switch (step.much / 16 % 5) {
     case 0:
-        MouseEvents::enter(target);
+        enter(target);
         break;
     case 1:
         MouseEvents::leave(target);
@@ -326,6 +327,19 @@ void Scene::hover(const Step &step)
         MouseEvents::hover(target, pos);
         break;
     }
+}
+
+/// Leaves first where the pointer was, as Qt has it.
+void Scene::enter(QPointer<QWidget> target)
+{
+    const QPointer<QWidget> before = std::exchange(m_entered, target);
+    for (QPointer<QWidget> left = before; left && target && left != target && !left->isAncestorOf(target);) {
+        const QPointer<QWidget> around = left->isWindow() ? nullptr : left->parentWidget();
+        MouseEvents::leave(left);
+        left = around;
+    }
+    if (target)
+        MouseEvents::enter(target);
 }
 
 void Scene::key(const Step &step)

@@ -108,6 +108,7 @@ private:
     void doubleClick(const Step &step);
     void click(const Step &step);
     void hover(const Step &step);
+    void enter(QPointer<QWidget> target);
     void key(const Step &step);
     void wheel(const Step &step);
     void focus(const Step &step);
@@ -138,6 +139,7 @@ private:
     WindowsFollowScreens m_follower;
     QPointer<QWidget> m_window;
     QVector<Actor> m_actors;
+    QPointer<QWidget> m_entered;
     QVector<const QWidget *> m_running; // dialogs in their exec()
     QSet<void *> m_maskOwners;
     QVector<Step> m_steps;

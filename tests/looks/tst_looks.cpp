@@ -326,9 +326,9 @@ void tst_Looks::clientMayDestroyWhatFollows()
 
 void tst_Looks::clientMaySwitchWhileOthersFollow()
 {
-    std::vector<std::unique_ptr<CustomComboxHeader>> headers;
-    for (int i = 0; i < 8; ++i)
-        headers.push_back(std::make_unique<CustomComboxHeader>(nullptr));
+    std::vector<std::unique_ptr<CustomComboxHeader>> headers(8);
+    for (std::unique_ptr<CustomComboxHeader> &header : headers)
+        header = std::make_unique<CustomComboxHeader>(nullptr);
     const QStringList light = sheetsOf(*headers.front());
     AtStyleChange back([](QObject *) { OrvLook::setDark(false); });
     pictureOf(headers.at(4).get());

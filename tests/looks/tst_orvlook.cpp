@@ -95,7 +95,7 @@ void tst_OrvLook::cleanup()
 
 QString tst_OrvLook::themeFile(const QString &text)
 {
-    const QString path = m_folder.filePath(QStringLiteral("theme%1.ini").arg(++m_files));
+    QString path = m_folder.filePath(QStringLiteral("theme%1.ini").arg(++m_files));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
         return {};
@@ -324,8 +324,8 @@ void tst_OrvLook::changedInsideItsOwnSlot()
 void tst_OrvLook::otherThreads_data()
 {
     QTest::addColumn<std::function<bool()>>("isRefused");
-    const auto row = [](const char *name, std::function<bool()> isRefused) {
-        QTest::newRow(name) << std::move(isRefused);
+    const auto row = [](const char *name, const std::function<bool()> &isRefused) {
+        QTest::newRow(name) << isRefused;
     };
     row("setTheme", [] { return !OrvLook::setTheme(kLight); });
     row("setDark", [] {

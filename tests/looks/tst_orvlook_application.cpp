@@ -3,6 +3,7 @@
 #include "testmain.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QThread>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 

@@ -5,6 +5,7 @@
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 
 namespace Pictures {
 

@@ -105,7 +105,7 @@ QStringList Sheet::names() const
 
 QImage Sheet::picture(const QString &name) const
 {
-    const auto found =
+    const QVector<Cell>::const_iterator found =
         std::find_if(m_cells.begin(), m_cells.end(), [&name](const Cell &cell) { return cell.name == name; });
     return found == m_cells.end() ? QImage() : found->picture;
 }
@@ -116,8 +116,9 @@ QVector<QRect> Sheet::places() const
     QPoint corner(kGap, kGap);
     int rowHeight = 0;
     for (const Cell &cell : m_cells) {
-        const auto first = std::find_if(m_cells.begin(), m_cells.end(),
-                                        [&cell](const Cell &other) { return other.picture == cell.picture; });
+        const QVector<Cell>::const_iterator first =
+            std::find_if(m_cells.begin(), m_cells.end(),
+                         [&cell](const Cell &other) { return other.picture == cell.picture; });
         if (&*first != &cell) {
             places << places[int(first - m_cells.begin())];
             continue;
