@@ -84,8 +84,8 @@ void XClient::setLayout(const QString &layout)
 
 void XClient::pressKeys(const QVector<xcb_keycode_t> &keycodes)
 {
-    for (auto key = keycodes.cbegin(); key != keycodes.cend(); ++key)
-        fakeInput(XCB_KEY_PRESS, *key);
+    for (const xcb_keycode_t keycode : keycodes)
+        fakeInput(XCB_KEY_PRESS, keycode);
     for (auto key = keycodes.crbegin(); key != keycodes.crend(); ++key)
         fakeInput(XCB_KEY_RELEASE, *key);
     modifierState(); // a round trip: it has happened
@@ -147,7 +147,7 @@ QVector<xcb_keycode_t> XClient::keycodes(xcb_keysym_t keysym)
     const xcb_keysym_t *symbols = xcb_get_keyboard_mapping_keysyms(reply);
     QVector<xcb_keycode_t> found;
     for (int key = 0; key < keys; ++key) {
-        if (symbols[key * reply->keysyms_per_keycode] == keysym)
+        if (symbols[qptrdiff(key) * reply->keysyms_per_keycode] == keysym)
             found << static_cast<xcb_keycode_t>(setup->min_keycode + key);
     }
     std::free(reply);
