@@ -16,7 +16,7 @@ const QString kNew = QStringLiteral("new");
 
 QString ellipsis()
 {
-    return QString(QChar(0x2026));
+    return {QChar(0x2026)};
 }
 
 } // namespace
