@@ -230,8 +230,8 @@ void tst_Dialogs_x11::standsOverItsWindow()
     QRect geometry;
     InsideLoop::run([&] {
         const auto dialogs = m_window.findChildren<PopupDlgWithMask *>();
-        PopupDlgWithMask *dialog = dialogs.isEmpty() ? nullptr : dialogs.constFirst();
-        QVERIFY(dialog);
+        QVERIFY(!dialogs.isEmpty());
+        PopupDlgWithMask *dialog = dialogs.constFirst();
         QVERIFY(QTest::qWaitForWindowExposed(dialog));
         geometry = QRect(dialog->mapToGlobal(QPoint(0, 0)), dialog->size());
         XPointer::click(centreOf(buttonWith(dialog, QStringLiteral("OK"))));
