@@ -234,7 +234,7 @@ void tst_AccessibleSliders::sliderEnabledCountsAsEnabled()
     QVERIFY(!slider->isSliderEnabled());
     QVERIFY(stateOf(slider.get()).disabled);
     QCOMPARE(listener.count(slider.get(), QAccessible::StateChanged), 1);
-    QVERIFY(listener.of(slider.get(), QAccessible::StateChanged).first().changed.disabled);
+    QVERIFY(listener.of(slider.get(), QAccessible::StateChanged).constFirst().changed.disabled);
     valueOf(slider.get())->setCurrentValue(50);
     QCOMPARE(slider->value(), 0);
 

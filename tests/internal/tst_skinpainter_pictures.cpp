@@ -433,7 +433,8 @@ void tst_skinpainter_pictures::paintsNothingWithoutAPaintEvent()
     QPaintEvent event(widget.rect());
     const LogCapture log;
     widget.paintEvent(&event);
-    for (const QString &line : log.texts())
+    const QStringList lines = log.texts();
+    for (const QString &line : lines)
         QVERIFY2(line.startsWith(QLatin1String("QWidget::paintEngine")) ||
                      line.startsWith(QLatin1String("QPainter::")),
                  qPrintable(line));

@@ -4,6 +4,7 @@
 
 #include <QtCore/QPointer>
 #include <QtCore/QThread>
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 
@@ -59,11 +60,10 @@ void tst_OrvLook_application::madeByAnotherThread()
     thread.join();
     QVERIFY(look);
     QCOMPARE(look->thread(), QThread::currentThread());
-    int changes = 0;
-    connect(look, &OrvLook::changed, look, [&changes] { ++changes; });
+    const QSignalSpy changes(look, &OrvLook::changed);
     OrvLook::setDark(true);
     OrvLook::setDark(false);
-    QCOMPARE(changes, 2);
+    QCOMPARE(changes.count(), 2);
 }
 
 void tst_OrvLook_application::lookOutlivesTheApplication()

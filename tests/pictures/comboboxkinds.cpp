@@ -108,7 +108,8 @@ QVector<State> statesOfList()
                   "texts",
                   [](Combo *combo) {
                       combo->reset();
-                      for (const NamedText &named : peculiarTexts())
+                      const QVector<NamedText> all = peculiarTexts();
+                      for (const NamedText &named : all)
                           combo->addItem(named.text);
                   },
                   nothing)

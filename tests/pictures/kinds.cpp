@@ -56,7 +56,8 @@ QVector<NamedText> peculiarTexts()
 QVector<State> texts(QWidget *(*make)(const QString &))
 {
     QVector<State> states;
-    for (const NamedText &named : peculiarTexts())
+    const QVector<NamedText> all = peculiarTexts();
+    for (const NamedText &named : all)
         states << State{QLatin1String(named.name), [](QWidget *) {}, [=] { return make(named.text); }, true};
     return states;
 }

@@ -67,7 +67,8 @@ template<typename Widget>
 QVector<State> texts(void (*setText)(Widget *, const QString &))
 {
     QVector<State> states;
-    for (const NamedText &named : peculiarTexts()) {
+    const QVector<NamedText> all = peculiarTexts();
+    for (const NamedText &named : all) {
         states << State{QLatin1String(named.name),
                         [=](QWidget *widget) { setText(static_cast<Widget *>(widget), named.text); },
                         {},

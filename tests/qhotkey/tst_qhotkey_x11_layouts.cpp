@@ -245,7 +245,8 @@ void tst_qhotkey_x11_layouts::allKeysOfTheSymbolOrNone()
     const LogCapture log;
     QVERIFY(!hotkey.setShortcut(Qt::Key_MediaPlay, Qt::ControlModifier, true));
     QCOMPARE(log.count(), 1);
-    for (const xcb_keycode_t keycode : keycodes.mid(0, keycodes.size() - 1))
+    const QVector<xcb_keycode_t> others = keycodes.mid(0, keycodes.size() - 1);
+    for (const xcb_keycode_t keycode : others)
         QCOMPARE(m_other->heldByOthers(keycode, XCB_MOD_MASK_CONTROL), kNothing);
 }
 

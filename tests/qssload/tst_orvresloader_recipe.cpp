@@ -135,9 +135,9 @@ void tst_orvresloader_recipe::compareToThePlainRecipe(const QByteArray &theme, c
     QVERIFY2(
         result == expected && log.texts() == plain.log(),
         qPrintable(QStringLiteral("%1\ntheme:\n%2\nsheet: %3\nresult: %4\nplain:  %5\nlog: %6\nplain: %7")
-                       .arg(QString::fromLatin1(what))
-                       .arg(QString::fromUtf8(theme), QString::fromUtf8(sheet), result, expected,
-                            log.texts().join(QLatin1Char(';')), plain.log().join(QLatin1Char(';')))));
+                       .arg(QString::fromLatin1(what), QString::fromUtf8(theme), QString::fromUtf8(sheet),
+                            result, expected, log.texts().join(QLatin1Char(';')),
+                            plain.log().join(QLatin1Char(';')))));
 }
 
 void tst_orvresloader_recipe::equalsThePlainRecipe()

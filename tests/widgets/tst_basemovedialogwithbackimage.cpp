@@ -245,14 +245,14 @@ void tst_BaseMoveDialogWithBackImage::showsWhatTheFileHoldsNow()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("background.png"));
-    for (const QColor colour : {Qt::red, Qt::green, Qt::red}) {
+    for (const Qt::GlobalColor colour : {Qt::red, Qt::green, Qt::red}) {
         QImage image(32, 32, QImage::Format_RGB32);
         image.fill(colour);
         QVERIFY(image.save(path));
         BaseMoveDialogWithBackImage dialog(path, 4, true, true, nullptr);
         dialog.resize(kSize);
         const QImage painted = renderWidget(&dialog);
-        QCOMPARE(painted.pixelColor(painted.rect().center()), colour);
+        QCOMPARE(painted.pixelColor(painted.rect().center()), QColor(colour));
     }
 }
 

@@ -335,7 +335,8 @@ void tst_ControlKeys::keysThatMeanNothingPassOn_data()
         {"CustomShadowCombox", &comboBox, {Qt::Key_Left, Qt::Key_PageUp}, {Qt::Key_Space, Qt::Key_F4}},
     };
     for (const auto &kind : kinds) {
-        for (int key : QVector<int>{Qt::Key_A, Qt::Key_Escape, Qt::Key_F2} + kind.strange)
+        const QVector<int> strange = QVector<int>{Qt::Key_A, Qt::Key_Escape, Qt::Key_F2} + kind.strange;
+        for (int key : strange)
             QTest::addRow("%s %x", kind.name, key) << kind.maker << key << int(Qt::NoModifier);
         for (int key : kind.own) {
             for (Qt::KeyboardModifier modifier :

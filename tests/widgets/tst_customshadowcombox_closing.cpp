@@ -623,10 +623,11 @@ void tst_CustomShadowComboxClosing::dialogDestroyedByTheReport()
     combo->showPopup();
     bool inHide = true;
     bool reportedInHide = false;
-    connect(combo, &Combo::signalPopWidHideWhenClickOtherPos, this, [&] {
-        reportedInHide = inHide;
-        delete dialog.data();
-    });
+    connect(combo, &Combo::signalPopWidHideWhenClickOtherPos, this,
+            [dialog, now = &inHide, then = &reportedInHide] {
+                *then = *now;
+                delete dialog.data();
+            });
     dialog->hide();
     inHide = false;
     QTRY_VERIFY(!dialog);

@@ -411,7 +411,7 @@ void tst_CustomToolButton::hoverPanelReplacedWhileItsTimerHidesIt()
     Panel other(m_window);
     newButton(true)->setHoverWidget(panel(), false);
     m_button->setChecked(true);
-    connect(m_button, &QToolButton::toggled, this, [&] { m_button->setHoverWidget(&other, false); });
+    connect(m_button, &QToolButton::toggled, &other, [&] { m_button->setHoverWidget(&other, false); });
     panel()->show();
     sendHover(m_button, QEvent::HoverLeave);
     QTRY_VERIFY(!panel()->isVisible());

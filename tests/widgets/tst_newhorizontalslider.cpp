@@ -333,7 +333,8 @@ void tst_newhorizontalslider::absurdMeasures()
         click(&slider, QPoint(60, -5));
         QVERIFY(slider.value() >= 0 && slider.value() <= 100);
         painted(&slider);
-        for (const QString &line : log.texts())
+        const QStringList lines = log.texts();
+        for (const QString &line : lines)
             QVERIFY2(line.startsWith(QLatin1String("QWidget::set")), qPrintable(line));
     }
 }

@@ -425,7 +425,7 @@ void tst_OrvUpdateTipDlg::acceptsAbsurdArguments()
         dialog.setNewVersionLink(QStringLiteral("<a href=\"\">"));
         QVERIFY(dialog.isVisible());
         QCOMPARE(dialog.layout()->contentsMargins().top(), 4000);
-        dialog.findChildren<QPushButton *>().last()->click();
+        dialog.findChildren<QPushButton *>().constLast()->click();
         QCOMPARE(confirmed.count(), 1);
         QVERIFY(!dialog.isVisible());
     }
