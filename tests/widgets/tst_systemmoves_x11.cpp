@@ -13,6 +13,7 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QRubberBand>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -44,11 +45,9 @@ protected:
 bool anyBandVisible()
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
-    for (QWidget *window : windows) {
-        if (qobject_cast<QRubberBand *>(window) && window->isVisible())
-            return true;
-    }
-    return false;
+    return std::any_of(windows.begin(), windows.end(), [](const QWidget *window) {
+        return window->isVisible() && qobject_cast<const QRubberBand *>(window);
+    });
 }
 
 // What the server says, not what Qt has been told.
