@@ -63,10 +63,11 @@ QString Client::warnings() const
     QStringList lines = QString::fromLocal8Bit(m_errors).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     lines.removeAll(QStringLiteral("This plugin does not support propagateSizeHints()"));
     // The window manager may take a window's frame away while Qt asks where the window stands in it, and how large it is.
+    const QString error = QStringLiteral("qt.qpa.xcb: QXcbConnection: XCB error: ");
     lines.erase(std::remove_if(lines.begin(), lines.end(),
-                               [](const QString &line) {
-                                   return line.startsWith(
-                                       QStringLiteral("qt.qpa.xcb: QXcbConnection: XCB error: "));
+                               [&error](const QString &line) {
+                                   return line.startsWith(error + QStringLiteral("3 (BadWindow)")) ||
+                                          line.startsWith(error + QStringLiteral("9 (BadDrawable)"));
                                }),
                 lines.end());
     return lines.join(QLatin1Char('\n'));
