@@ -148,7 +148,10 @@ Kind plainCombo()
              own<OpenCombo>([](auto *combo, quint8, quint8 much) { combo->addItem(Values::anyText(much)); }),
              own<OpenCombo>([](auto *combo, quint8 how, quint8) { combo->removeItem(how); }),
              own<OpenCombo>([](auto *combo, quint8 how, quint8) { combo->setEditable(how % 2 == 0); }),
-             own<OpenCombo>([](auto *combo, quint8, quint8) { combo->setLineEdit(new QLineEdit); })},
+             own<OpenCombo>([](auto *combo, quint8, quint8) {
+                 combo->setEditable(false); // or the line that may be telling of its key is deleted at once
+                 combo->setLineEdit(new QLineEdit);
+             })},
             {},
             [](const QWidget *widget) {
                 const auto *combo = static_cast<const QComboBox *>(widget);
