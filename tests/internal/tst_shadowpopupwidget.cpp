@@ -47,6 +47,7 @@ private Q_SLOTS:
     void stylesItsScrollBar();
     void paintsItsShadow_data();
     void paintsItsShadow();
+    void slicesItsImage();
     void fitsItsHeight_data();
     void fitsItsHeight();
     void heightFollowsTheRows();
@@ -210,6 +211,24 @@ void tst_ShadowPopupWidget::paintsItsShadow()
     QVERIFY2(edge > 0 && edge < 128, qPrintable(QString::number(edge)));
     QCOMPARE(image.pixelColor(middle), QColor(Qt::white));
     QCOMPARE(image.pixelColor(middle.x(), 5), QColor(Qt::white));
+}
+
+// By its margins and the shadow, which is as wide as the margin of the small one.
+void tst_ShadowPopupWidget::slicesItsImage()
+{
+    const QString path = savedImage(gradientImage(64, 48), QStringLiteral("list.png"));
+    const auto hasSlices = [&path](ShadowPopupWidget *list, const QMargins &slices) {
+        list->setFixedSize(200, 120);
+        list->findChild<QScrollArea *>()->hide();
+        BaseMoveDialogWithBackImage dialog(path, slices.left(), slices.top(), slices.right(), slices.bottom(),
+                                           false, false, nullptr);
+        dialog.resize(list->size());
+        return differingPixels(renderWidget(list), renderWidget(&dialog)) == 0;
+    };
+    ShadowPopupWidget normal(path, 1, 2, 3, 4, 6, nullptr);
+    QVERIFY(hasSlices(&normal, QMargins(7, 8, 9, 10)));
+    ShadowPopupWidget small(path, 5, 28, nullptr);
+    QVERIFY(hasSlices(&small, QMargins(10, 10, 10, 10)));
 }
 
 void tst_ShadowPopupWidget::fitsItsHeight_data()

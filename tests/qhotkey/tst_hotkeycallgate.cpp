@@ -2,6 +2,7 @@
 #include "testmain.h"
 #include "waitingevents.h"
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QThread>
 #include <QtCore/QVector>
 #include <QtTest/QTest>
@@ -18,6 +19,7 @@ private Q_SLOTS:
     void ownThreadCallsDirectly();
     void otherThreadWaits();
     void dyingGateReleasesTheCaller();
+    void stepUnderWayIsWaitedFor();
     void leftWorkIsDoneOnce();
     void leftWorkIsDoneByTheEventLoop();
     void meetsAnApplicationOnce();
@@ -71,6 +73,30 @@ void tst_hotkeycallgate::dyingGateReleasesTheCaller()
     other.wait();
     QVERIFY(!answered);
     QVERIFY(!done);
+}
+
+// Although no event loop runs, and the step takes longer than a caller has patience then: it uses what is the caller's.
+void tst_hotkeycallgate::stepUnderWayIsWaitedFor()
+{
+    QEventLoop over;
+    QMetaObject::invokeMethod(&over, &QEventLoop::quit, Qt::QueuedConnection);
+    over.exec();
+    QObject registry;
+    HotkeyCallGate gate(&registry);
+    QCoreApplication::sendPostedEvents();
+    bool answered = false;
+    bool isGivenUp = false;
+    std::future<void> other;
+    const auto step = [&] {
+        isGivenUp = other.wait_for(std::chrono::milliseconds(1500)) == std::future_status::ready;
+    };
+    other = std::async(std::launch::async, [&] { answered = gate.call(step); });
+    while (!eventsWait())
+        QThread::yieldCurrentThread();
+    QCoreApplication::sendPostedEvents();
+    other.wait();
+    QVERIFY(!isGivenUp);
+    QVERIFY(answered);
 }
 
 void tst_hotkeycallgate::leftWorkIsDoneOnce()

@@ -100,6 +100,12 @@ void tst_CustomShadowComboxKeys::nothingOpensWithoutRows()
         sendKey(m_combo, key);
     QVERIFY(!m_combo->isOpen());
     QCOMPARE(log.take(), QStringList());
+    // Held on, a key that has opened nothing closes as any other does.
+    sendKey(m_combo, Qt::Key_Space);
+    open();
+    sendKey(m_combo->popup()->windowHandle(), Qt::Key_Space, Qt::NoModifier, true);
+    QVERIFY(!m_combo->isOpen());
+    QCOMPARE(log.take(), kHiddenOnce);
 }
 
 void tst_CustomShadowComboxKeys::aHeldKeyOpensOnce()
