@@ -257,6 +257,7 @@ void tst_customcombox::worksWithoutALineEdit()
     m_combo->setEditable(false);
     QVERIFY(!m_combo->lineEdit());
     m_combo->setLineEditWidth(50);
+    QCOMPARE(m_combo->lineEditWidth(), 0);
     m_combo->repaint();
     QTest::mousePress(m_combo, Qt::LeftButton);
     QVERIFY(m_combo->view()->isVisible());

@@ -56,6 +56,7 @@ private Q_SLOTS:
 
     void construction_data();
     void construction();
+    void takesAnotherIconSize();
     void iconImagesBecomeSheets();
     void sheetsFollowTheState();
     void emptySheetsLeaveTheLookAlone();
@@ -154,6 +155,16 @@ void tst_CustomizeIconButton::construction()
             QCOMPARE(spacer->sizePolicy(), QSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed));
         }
     }
+}
+
+void tst_CustomizeIconButton::takesAnotherIconSize()
+{
+    const QString text = QStringLiteral("Text");
+    CustomizeIconButton button(QSize(60, 50), text, 6, nullptr, true);
+    button.setIconSize(QSize(20, 16));
+    const CustomizeIconButton made(QSize(20, 16), text, 6, nullptr, true);
+    QCOMPARE(button.sizeHint(), made.sizeHint());
+    QCOMPARE(button.minimumSizeHint(), made.minimumSizeHint());
 }
 
 void tst_CustomizeIconButton::iconImagesBecomeSheets()

@@ -52,6 +52,26 @@ QImage expectedBackground(const QWidget &window, int direction)
     return image;
 }
 
+// Stands on a screen of any ratio.
+class ToolTipWithRatio : public customWrapTextToolTip
+{
+public:
+    ToolTipWithRatio()
+        : customWrapTextToolTip(Direction(0), 160, nullptr, 8)
+    {
+    }
+
+    int ratio = 1;
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        return metric == PdmDevicePixelRatio         ? ratio
+               : metric == PdmDevicePixelRatioScaled ? int(ratio * devicePixelRatioFScale())
+                                                     : customWrapTextToolTip::metric(metric);
+    }
+};
+
 } // namespace
 
 class tst_customWrapTextToolTip : public QObject
@@ -69,6 +89,7 @@ private Q_SLOTS:
     void setTextFitsTheWindow();
     void paintsBoxAndArrow_data();
     void paintsBoxAndArrow();
+    void paintsAnewAtAnotherRatio();
     void closesAndDeletesItselfOnDeactivation();
     void otherEventsPassTheFilter();
     void popupShowsAtThePoint();
@@ -207,6 +228,19 @@ void tst_customWrapTextToolTip::paintsBoxAndArrow()
     QCOMPARE(differingPixels(renderWidget(&toolTip), expectedBackground(toolTip, direction)), 0);
     toolTip.setFixedSize(size + QSize(21, 8));
     QCOMPARE(differingPixels(renderWidget(&toolTip), expectedBackground(toolTip, direction)), 0);
+}
+
+// Of a window that has as many pixels as before, too.
+void tst_customWrapTextToolTip::paintsAnewAtAnotherRatio()
+{
+    ToolTipWithRatio toolTip;
+    label(toolTip)->hide();
+    toolTip.ratio = 1;
+    toolTip.setFixedSize(160, 80);
+    QCOMPARE(differingPixels(renderWidget(&toolTip), expectedBackground(toolTip, 0)), 0);
+    toolTip.ratio = 2;
+    toolTip.setFixedSize(80, 40);
+    QCOMPARE(differingPixels(renderWidget(&toolTip), expectedBackground(toolTip, 0)), 0);
 }
 
 void tst_customWrapTextToolTip::closesAndDeletesItselfOnDeactivation()

@@ -1,7 +1,9 @@
 #include "insideloop.h"
 #include "logcapture.h"
 #include "maskeddialogs.h"
+#include "mouseevents.h"
 #include "orvmaskctrl.h"
+#include "popupmessage.h"
 #include "testmain.h"
 
 #include <QtCore/QPointer>
@@ -12,7 +14,10 @@
 
 using namespace MaskedDialogs;
 
+using Maker = std::function<std::unique_ptr<PopupDlgWithMask>()>;
+
 Q_DECLARE_METATYPE(Action)
+Q_DECLARE_METATYPE(Maker)
 
 class tst_PopupDlgWithMask : public QObject
 {
@@ -24,6 +29,8 @@ private Q_SLOTS:
     void leavesTheMaskAloneWithoutUseMask();
     void buildsItsWindow_data();
     void buildsItsWindow();
+    void staysWhereItIs_data();
+    void staysWhereItIs();
     void buildsItsBackground();
     void laysOutTheMessage();
     void buildsTheTitleRow();
@@ -113,6 +120,33 @@ void tst_PopupDlgWithMask::buildsItsWindow()
     QCOMPARE(int(PopupDlgWithMask::Confirmed), 0);
     QCOMPARE(int(PopupDlgWithMask::Closed), 2);
     QCOMPARE(sizeof(PopupDlgWithMask::ExecResult), size_t(4));
+}
+
+void tst_PopupDlgWithMask::staysWhereItIs_data()
+{
+    QTest::addColumn<Maker>("make");
+    QTest::newRow("message") << Maker([] { return makeMessage(); });
+    QTest::newRow("pages") << Maker([] { return makePages(2); });
+    QTest::newRow("one value") << Maker([] {
+        PopupMessage message;
+        message.useMask = false;
+        return std::make_unique<PopupDlgWithMask>(message);
+    });
+}
+
+void tst_PopupDlgWithMask::staysWhereItIs()
+{
+    QFETCH(const Maker, make);
+    const auto dialog = make();
+    dialog->move(300, 200);
+    dialog->show(true);
+    QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    const QPoint place = dialog->pos();
+    const QPoint pos = dialog->mapToGlobal(QPoint(1, 1));
+    MouseEvents::press(dialog.get(), pos);
+    MouseEvents::move(dialog.get(), pos + QPoint(60, 60));
+    MouseEvents::release(dialog.get(), pos + QPoint(60, 60));
+    QCOMPARE(dialog->pos(), place);
 }
 
 void tst_PopupDlgWithMask::buildsItsBackground()

@@ -2,7 +2,6 @@
 
 #include "insideloop.h"
 #include "maskeddialogs.h"
-#include "mouseevents.h"
 #include "orvlook.h"
 #include "orvmaskctrl.h"
 #include "pictures.h"
@@ -78,7 +77,6 @@ private Q_SLOTS:
     void initTestCase();
     void defaults();
     void makesAMessage();
-    void staysWhereItIs();
     void makesPages();
     void oneParentIsEnough();
     void setsWhatItSays_data();
@@ -141,20 +139,6 @@ void tst_PopupMessage::makesAMessage()
     QVERIFY(!pageTimerOf(&dialog));
     QVERIFY(dialog.isHidden());
     QCOMPARE(dialog.pos(), QPoint(0, 0));
-}
-
-void tst_PopupMessage::staysWhereItIs()
-{
-    PopupDlgWithMask dialog(withTexts(), &m_window);
-    dialog.move(300, 200);
-    dialog.show(true);
-    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-    const QPoint place = dialog.pos();
-    const QPoint pos = dialog.mapToGlobal(QPoint(1, 1));
-    MouseEvents::press(&dialog, pos);
-    MouseEvents::move(&dialog, pos + QPoint(60, 60));
-    MouseEvents::release(&dialog, pos + QPoint(60, 60));
-    QCOMPARE(dialog.pos(), place);
 }
 
 void tst_PopupMessage::makesPages()

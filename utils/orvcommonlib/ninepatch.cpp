@@ -70,8 +70,6 @@ void drawPiece(QPainter &painter, const QImage &source, Piece piece)
         // memory. (A picture named name@2x is drawn smaller than its pixels: there they do not correspond.)
         const QRect whole(piece.place, piece.cut.size());
         const QRect seen = whole & painter.viewport();
-        if (seen.isEmpty())
-            return;
         piece.cut = QRect(piece.cut.topLeft() + (seen.topLeft() - whole.topLeft()), seen.size());
         piece.place = seen.topLeft();
     }

@@ -46,7 +46,6 @@ qint64 PressGesture::duration() const
 void PressGesture::announce(std::function<void()> announcement)
 {
     m_announcement = std::move(announcement);
-    watchWhileNeeded();
     QMetaObject::invokeMethod(this, &PressGesture::announceNow, Qt::QueuedConnection);
 }
 
