@@ -101,6 +101,7 @@ private Q_SLOTS:
     void paintedInsideEveryControl_data();
     void paintedInsideEveryControl();
     void followsTheSize();
+    void liesOverWhatCameLater();
     void sharpWherever_data();
     void sharpWherever();
     void leavesNoTrace();
@@ -277,6 +278,21 @@ void tst_FocusMarks::followsTheSize()
     const QImage picture = combo->grab().toImage();
     QCOMPARE(picture.pixelColor(picture.width() - 1, picture.height() / 2), QColor(Qt::red));
     QCOMPARE(picture.pixelColor(picture.width() / 2, picture.height() - 1), QColor(Qt::red));
+}
+
+void tst_FocusMarks::liesOverWhatCameLater()
+{
+    auto *combo = add<CustomShadowCombox>();
+    combo->resize(100, 40);
+    combo->setFocus(Qt::TabFocusReason);
+    m_other->setFocus(Qt::TabFocusReason);
+    QWidget later(combo);
+    later.setAutoFillBackground(true);
+    later.resize(combo->size());
+    later.show();
+    combo->setFocus(Qt::BacktabFocusReason);
+    const QImage picture = combo->grab().toImage();
+    QCOMPARE(picture.pixelColor(picture.width() - 1, picture.height() / 2), QColor(Qt::red));
 }
 
 void tst_FocusMarks::sharpWherever_data()

@@ -130,6 +130,7 @@ void tst_PopupMessage::makesAMessage()
     QCOMPARE(dialog.parentWidget(), &m_window);
     QCOMPARE(dialog.size(), QSize(432, 232));
     QCOMPARE(dialog.minimumSize(), dialog.maximumSize());
+    QVERIFY(dialog.testAttribute(Qt::WA_TranslucentBackground));
     QCOMPARE(dialog.layout()->contentsMargins(), QMargins(17, 18, 19, 20));
     QCOMPARE(titleOf(&dialog)->text(), message.title);
     QCOMPARE(contentOf(&dialog)->text(), message.content);
