@@ -7,6 +7,9 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QWidget>
 
+#include <functional>
+#include <memory>
+
 namespace {
 
 constexpr QRect kStart(100, 100, 300, 200);
@@ -24,6 +27,15 @@ class Widget : public QWidget
 public:
     using QWidget::QWidget;
     void destroyWindow() { destroy(); }
+
+    std::function<void()> moved;
+
+protected:
+    void moveEvent(QMoveEvent *) override
+    {
+        if (moved)
+            moved();
+    }
 };
 
 } // namespace
@@ -39,6 +51,7 @@ private Q_SLOTS:
     void ignoresWhatTheProgramDoes();
     void ends_data();
     void ends();
+    void tellsTheLastMoveBeforeTheEnd();
     void beginsOverAndOver();
     void needsANativeWindow();
     void isLostWithTheNativeWindow();
@@ -50,6 +63,7 @@ private:
     std::unique_ptr<SystemGesture> m_gesture;
     int m_moves = 0;
     int m_ends = 0;
+    int m_movesBeforeTheEnd = 0;
 };
 
 void tst_SystemGesture::init()
@@ -60,8 +74,12 @@ void tst_SystemGesture::init()
     m_widget->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_widget.get()));
     m_gesture = std::make_unique<SystemGesture>(
-        m_widget.get(), [this] { ++m_moves; }, [this] { ++m_ends; });
-    m_moves = m_ends = 0;
+        m_widget.get(), [this] { ++m_moves; },
+        [this] {
+            ++m_ends;
+            m_movesBeforeTheEnd = m_moves;
+        });
+    m_moves = m_ends = m_movesBeforeTheEnd = 0;
     m_gesture->begin();
     QVERIFY(m_gesture->isUnderWay());
 }
@@ -134,6 +152,19 @@ void tst_SystemGesture::ends()
     QTRY_COMPARE(m_moves, int(isMoved));
     send(window(), QEvent::MouseMove, Qt::NoButton);
     QCOMPARE(m_ends, 1);
+}
+
+// Although the event loop has not been reached since the move.
+void tst_SystemGesture::tellsTheLastMoveBeforeTheEnd()
+{
+    m_widget->moved = [this] {
+        send(window(), QEvent::MouseMove, Qt::NoButton);
+    };
+    window()->setPosition(kStart.topLeft() + QPoint(5, 5));
+    QTRY_COMPARE(m_ends, 1);
+    QCOMPARE(m_movesBeforeTheEnd, 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(m_moves, 1);
 }
 
 void tst_SystemGesture::beginsOverAndOver()
