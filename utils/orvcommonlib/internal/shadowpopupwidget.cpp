@@ -202,8 +202,6 @@ void ShadowPopupWidget::setItemGrayState(QVector<bool> &states)
 
 void ShadowPopupWidget::updateHeight()
 {
-    if (!m_scrollArea)
-        return;
     const int padding = m_small ? 2 * m_left : kNormalPadding;
     const int listHeight = padding + qMin(count(), m_maxVisibleRows) * m_rowHeight;
     m_scrollArea->setFixedHeight(listHeight);
