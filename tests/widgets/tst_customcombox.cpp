@@ -8,6 +8,7 @@
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QProxyStyle>
 
 namespace {
 
@@ -32,6 +33,19 @@ protected:
     {
         presses << event->pos();
         customcombox::mousePressEvent(event);
+    }
+};
+
+// The arrow of an editable combo box stands elsewhere.
+class ArrowStyle : public QProxyStyle
+{
+public:
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                         const QWidget *widget) const override
+    {
+        const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+        const auto *combo = qstyleoption_cast<const QStyleOptionComboBox *>(option);
+        return combo && combo->editable && part == SC_ComboBoxArrow ? rect.translated(-40, 0) : rect;
     }
 };
 
@@ -127,6 +141,9 @@ void tst_customcombox::leftPressOnTheLineEditOpensTheList()
 
 void tst_customcombox::pressIsTurnedIntoOneOnTheArrow()
 {
+    auto *style = new ArrowStyle;
+    style->setParent(m_combo);
+    m_combo->setStyle(style);
     QStyleOptionComboBox option;
     option.initFrom(m_combo);
     option.editable = true;
