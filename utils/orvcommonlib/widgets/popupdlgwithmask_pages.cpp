@@ -90,6 +90,8 @@ void PopupDlgWithMask::initMultiPages(QString title, QString confirmText, QStrin
 void PopupDlgWithMask::initSubWidget(QWidget *page, QString image, QString pageTitle, QString pageContent,
                                      int pageNumber, int pageCount)
 {
+    if (!page)
+        return;
     page->setFixedSize(kPageSize);
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, kPageTopMargin, 0, 0);
